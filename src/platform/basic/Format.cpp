@@ -1,0 +1,133 @@
+#include "platform/basic/Format.h"
+
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+
+namespace tvx {
+namespace {
+
+/// A number in decimal digits: whole part without leading zeros, and the digits behind the point.
+struct Decimal {
+    bool negative = false;
+    std::string whole;
+    std::string fraction;
+};
+
+struct Pattern {
+    std::size_t forcedWhole = 0; // digits before the point that are written even when they are 0
+    std::size_t decimals = 0;
+    bool grouped = false;
+    bool point = false;
+};
+
+Pattern ReadPattern(std::string_view text) {
+    Pattern pattern;
+    for (const char mark : text) {
+        if (mark == '.')
+            pattern.point = true;
+        else if (mark == ',')
+            pattern.grouped = true;
+        else if (pattern.point && (mark == '0' || mark == '#'))
+            ++pattern.decimals;
+        else if (mark == '0')
+            ++pattern.forcedWhole;
+    }
+    return pattern;
+}
+
+Decimal FromReal(double x) {
+    Decimal decimal;
+    if (!std::isfinite(x)) x = 0;
+    decimal.negative = x < 0;
+    // Fifteen significant digits are what a real number holds for certain; the rest is binary noise.
+    std::array<char, 48> scientific{};
+    std::snprintf(scientific.data(), scientific.size(), "%.14e", std::fabs(x));
+    const std::string text = scientific.data();
+    const std::size_t mark = text.find('e');
+    const int exponent = std::atoi(text.c_str() + mark + 1);
+    std::string digits = text.substr(0, 1) + text.substr(2, mark - 2);
+    if (exponent < 0) {
+        decimal.fraction = std::string(static_cast<std::size_t>(-exponent - 1), '0') + digits;
+        return decimal;
+    }
+    const auto wholeDigits = static_cast<std::size_t>(exponent) + 1;
+    if (digits.size() < wholeDigits) digits.append(wholeDigits - digits.size(), '0');
+    decimal.whole = digits.substr(0, wholeDigits);
+    decimal.fraction = digits.substr(wholeDigits);
+    if (decimal.whole == "0") decimal.whole.clear();
+    return decimal;
+}
+
+Decimal FromCurrency(Currency x) {
+    Decimal decimal;
+    decimal.negative = x.Scaled() < 0;
+    const auto scaled = decimal.negative ? 0 - static_cast<std::uint64_t>(x.Scaled())
+                                         : static_cast<std::uint64_t>(x.Scaled());
+    if (scaled / 10000 != 0) decimal.whole = std::to_string(scaled / 10000);
+    const std::string rest = std::to_string(scaled % 10000);
+    decimal.fraction = std::string(4 - rest.size(), '0') + rest;
+    return decimal;
+}
+
+/// Adds one to the last place of whole + fraction.
+void StepUp(Decimal& decimal) {
+    for (std::string* digits : {&decimal.fraction, &decimal.whole}) {
+        for (std::size_t i = digits->size(); i-- > 0;) {
+            if ((*digits)[i] != '9') {
+                ++(*digits)[i];
+                return;
+            }
+            (*digits)[i] = '0';
+        }
+    }
+    decimal.whole.insert(0, "1");
+}
+
+void RoundTo(Decimal& decimal, std::size_t decimals) {
+    if (decimal.fraction.size() <= decimals) {
+        decimal.fraction.append(decimals - decimal.fraction.size(), '0');
+        return;
+    }
+    const bool up = decimal.fraction[decimals] >= '5';
+    decimal.fraction.resize(decimals);
+    if (up) StepUp(decimal);
+}
+
+std::string Grouped(const std::string& digits) {
+    std::string text;
+    for (std::size_t i = 0; i < digits.size(); ++i) {
+        if (i != 0 && (digits.size() - i) % 3 == 0) text += ',';
+        text += digits[i];
+    }
+    return text;
+}
+
+bool IsZero(const Decimal& decimal) {
+    return decimal.whole.find_first_not_of('0') == std::string::npos &&
+           decimal.fraction.find_first_not_of('0') == std::string::npos;
+}
+
+std::string Write(Decimal decimal, std::string_view patternText) {
+    const Pattern pattern = ReadPattern(patternText);
+    RoundTo(decimal, pattern.decimals);
+    if (decimal.whole.size() < pattern.forcedWhole)
+        decimal.whole.insert(0, pattern.forcedWhole - decimal.whole.size(), '0');
+    std::string text = decimal.negative && !IsZero(decimal) ? "-" : "";
+    text += pattern.grouped ? Grouped(decimal.whole) : decimal.whole;
+    if (pattern.point) text += "." + decimal.fraction;
+    return text;
+}
+
+} // namespace
+
+std::string Format(double x, std::string_view pattern) {
+    return Write(FromReal(x), pattern);
+}
+
+std::string Format(Currency x, std::string_view pattern) {
+    return Write(FromCurrency(x), pattern);
+}
+
+} // namespace tvx

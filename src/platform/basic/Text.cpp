@@ -1,0 +1,166 @@
+#include "platform/basic/Text.h"
+
+#include <algorithm>
+
+namespace tvx {
+namespace {
+
+constexpr char32_t Replacement = 0xFFFD;
+
+bool IsContinuation(unsigned char byte) {
+    return (byte & 0xC0) == 0x80;
+}
+
+/// How many continuation bytes a lead byte announces; 0 when it announces none.
+std::size_t FollowersOf(unsigned char lead) {
+    if (lead >= 0xC2 && lead <= 0xDF) return 1;
+    if (lead >= 0xE0 && lead <= 0xEF) return 2;
+    if (lead >= 0xF0 && lead <= 0xF4) return 3;
+    return 0;
+}
+
+/// Reads the character at `at` and moves behind it.
+char32_t ReadUtf8(std::string_view text, std::size_t& at) {
+    const auto lead = static_cast<unsigned char>(text[at++]);
+    if (lead < 0x80) return lead;
+    const std::size_t more = FollowersOf(lead);
+    if (more == 0) return Replacement;
+    char32_t value = lead & (0x3F >> more);
+    if (at + more > text.size()) return Replacement;
+    for (std::size_t i = 0; i < more; ++i) {
+        const auto byte = static_cast<unsigned char>(text[at + i]);
+        if (!IsContinuation(byte)) return Replacement;
+        value = (value << 6) | (byte & 0x3F);
+    }
+    const bool overlong = (more == 2 && value < 0x800) || (more == 3 && value < 0x10000);
+    if (overlong || value > 0x10FFFF || (value >= 0xD800 && value <= 0xDFFF)) return Replacement;
+    at += more;
+    return value;
+}
+
+char32_t UpperOf(char32_t c) {
+    if (c >= 'a' && c <= 'z') return c - 32;
+    if (c < 0xE0) return c;
+    if (c <= 0xFE) return c == 0xF7 ? c : c - 32;
+    if (c == 0xFF) return 0x178;
+    if ((c >= 0x100 && c <= 0x137) || (c >= 0x14A && c <= 0x177)) return c & ~char32_t{1};
+    if ((c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E)) return (c & 1) != 0 ? c : c - 1;
+    if (c >= 0x3B1 && c <= 0x3C9) return c == 0x3C2 ? 0x3A3 : c - 32;
+    if (c >= 0x430 && c <= 0x44F) return c - 32;
+    if (c >= 0x450 && c <= 0x45F) return c - 80;
+    return c;
+}
+
+} // namespace
+
+std::string TrimLeft(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(' ');
+    return first == std::string_view::npos ? std::string() : std::string(text.substr(first));
+}
+
+std::string TrimRight(std::string_view text) {
+    const std::size_t last = text.find_last_not_of(' ');
+    return last == std::string_view::npos ? std::string() : std::string(text.substr(0, last + 1));
+}
+
+std::string Trim(std::string_view text) {
+    return TrimLeft(TrimRight(text));
+}
+
+std::string UpperCase(std::string_view text) {
+    std::string upper;
+    upper.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const std::size_t begin = at;
+        const char32_t c = ReadUtf8(text, at);
+        const char32_t capital = UpperOf(c);
+        // A character that stays is copied as it stands, so that damaged bytes survive.
+        if (capital == c)
+            upper.append(text.substr(begin, at - begin));
+        else
+            AppendUtf8(upper, capital);
+    }
+    return upper;
+}
+
+std::size_t CharacterCount(std::string_view text) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < text.size(); ++count) ReadUtf8(text, at);
+    return count;
+}
+
+std::string Left(std::string_view text, std::size_t count) {
+    std::size_t at = 0;
+    while (count-- > 0 && at < text.size()) ReadUtf8(text, at);
+    return std::string(text.substr(0, at));
+}
+
+std::string DropLastCharacter(std::string_view text) {
+    std::size_t at = 0;
+    std::size_t last = 0;
+    while (at < text.size()) {
+        last = at;
+        ReadUtf8(text, at);
+    }
+    return std::string(text.substr(0, last));
+}
+
+std::string FixedWidth(std::string_view text, std::size_t width) {
+    std::string fixed = Left(text, width);
+    const std::size_t count = CharacterCount(fixed);
+    fixed.append(width - count, ' ');
+    return fixed;
+}
+
+std::u32string DecodeUtf8(std::string_view text) {
+    std::u32string decoded;
+    decoded.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) decoded += ReadUtf8(text, at);
+    return decoded;
+}
+
+void AppendUtf8(std::string& text, char32_t c) {
+    if (c > 0x10FFFF || (c >= 0xD800 && c <= 0xDFFF)) c = Replacement;
+    if (c < 0x80) {
+        text += static_cast<char>(c);
+    } else if (c < 0x800) {
+        text += static_cast<char>(0xC0 | (c >> 6));
+        text += static_cast<char>(0x80 | (c & 0x3F));
+    } else if (c < 0x10000) {
+        text += static_cast<char>(0xE0 | (c >> 12));
+        text += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        text += static_cast<char>(0x80 | (c & 0x3F));
+    } else {
+        text += static_cast<char>(0xF0 | (c >> 18));
+        text += static_cast<char>(0x80 | ((c >> 12) & 0x3F));
+        text += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        text += static_cast<char>(0x80 | (c & 0x3F));
+    }
+}
+
+bool EqualsNoCase(std::string_view a, std::string_view b) {
+    const auto capital = [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 32) : c; };
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [&](char x, char y) { return capital(x) == capital(y); });
+}
+
+std::vector<std::string> Split(std::string_view text, char separator) {
+    std::vector<std::string> parts;
+    for (;;) {
+        const std::size_t end = text.find(separator);
+        parts.emplace_back(text.substr(0, end));
+        if (end == std::string_view::npos) return parts;
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::string NormalizedLineEnds(std::string_view text) {
+    std::string normal;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] == '\r' && i + 1 < text.size() && text[i + 1] == '\n') continue;
+        normal += text[i];
+    }
+    return normal;
+}
+
+} // namespace tvx

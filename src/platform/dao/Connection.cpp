@@ -1,0 +1,236 @@
+#include "platform/dao/Connection.h"
+
+#include "platform/basic/Text.h"
+#include "platform/dao/DaoError.h"
+#include "platform/dao/TimeText.h"
+
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace tvx::dao {
+namespace {
+
+struct CodeMapping {
+    int code; // primary result code of SQLite
+    int number;
+};
+
+constexpr CodeMapping Mappings[] = {
+    {SQLITE_BUSY, error::CouldNotLock},         {SQLITE_LOCKED, error::CouldNotLock},
+    {SQLITE_READONLY, error::ReadOnly},         {SQLITE_CANTOPEN, error::CannotOpen},
+    {SQLITE_PERM, error::CannotOpen},           {SQLITE_AUTH, error::CannotOpen},
+    {SQLITE_NOTADB, error::UnrecognisedFormat}, {SQLITE_CORRUPT, error::UnrecognisedFormat},
+    {SQLITE_FORMAT, error::UnrecognisedFormat}, {SQLITE_FULL, error::DiskFull},
+    {SQLITE_IOERR, error::DiskError},           {SQLITE_CONSTRAINT, error::DuplicateKey},
+    {SQLITE_NOMEM, error::NotEnoughMemory},     {SQLITE_TOOBIG, error::FieldTooSmall},
+};
+
+int NumberOf(int code, std::string_view text) {
+    for (const CodeMapping& mapping : Mappings)
+        if (mapping.code == (code & 0xFF)) return mapping.number;
+    if (text.find("no such table") != std::string_view::npos) return error::TableNotFound;
+    if (text.find("no such column") != std::string_view::npos) return error::ItemNotFound;
+    return (code & 0xFF) == SQLITE_ERROR ? error::SyntaxError : error::InternalError;
+}
+
+void CheckFileIsThere(const fs::path& path) {
+    std::error_code code;
+    if (!fs::exists(path, code))
+        throw DaoError(error::FileNotFound, "Couldn't find file '" + path.string() + "'.");
+    if (!fs::is_regular_file(path, code))
+        throw DaoError(error::CannotOpen, "Cannot open '" + path.string() + "'. It is not a file.");
+}
+
+std::string ColumnText(sqlite3_stmt* statement, int column) {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement, column));
+    if (text == nullptr) return "";
+    return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement, column))};
+}
+
+/// The name behind CONSTRAINT that stands before PRIMARY KEY in a table's text; "" when it has none.
+std::string KeyNameIn(const std::string& createText) {
+    const std::size_t key = createText.find("] PRIMARY KEY");
+    if (key == std::string::npos) return "";
+    const std::size_t open = createText.rfind('[', key);
+    constexpr std::string_view word = "CONSTRAINT ";
+    if (open == std::string::npos || open < word.size() ||
+        createText.compare(open - word.size(), word.size(), word) != 0)
+        return "";
+    return createText.substr(open + 1, key - open - 1);
+}
+
+} // namespace
+
+StatementUse::~StatementUse() {
+    sqlite3_reset(statement_);
+    sqlite3_clear_bindings(statement_);
+}
+
+void StatementUse::Bind(int parameter, const Value& value) {
+    int code = SQLITE_OK;
+    if (IsNull(value))
+        code = sqlite3_bind_null(statement_, parameter);
+    else if (const auto* whole = std::get_if<std::int64_t>(&value))
+        code = sqlite3_bind_int64(statement_, parameter, *whole);
+    else if (const auto* real = std::get_if<double>(&value))
+        code = sqlite3_bind_double(statement_, parameter, *real);
+    else {
+        const std::string& text = std::get<std::string>(value);
+        code = sqlite3_bind_text64(statement_, parameter, text.data(), text.size(), SQLITE_TRANSIENT,
+                                   SQLITE_UTF8);
+    }
+    if (code != SQLITE_OK) Connection::Fail(sqlite3_db_handle(statement_), code);
+}
+
+bool StatementUse::Step() {
+    const int code = sqlite3_step(statement_);
+    if (code == SQLITE_ROW) return true;
+    if (code == SQLITE_DONE) return false;
+    Connection::Fail(sqlite3_db_handle(statement_), code);
+}
+
+Value ColumnValue(sqlite3_stmt* statement, int column, FieldType type) {
+    switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+        return type == FieldType::Boolean ? Value(std::int64_t{0}) : Value(Null{});
+    case SQLITE_INTEGER:
+        return static_cast<std::int64_t>(sqlite3_column_int64(statement, column));
+    case SQLITE_FLOAT:
+        return sqlite3_column_double(statement, column);
+    default:
+        return type == FieldType::TimeText ? DecodeTimeText(ColumnText(statement, column))
+                                           : ColumnText(statement, column);
+    }
+}
+
+Connection::Connection(const fs::path& path, const EngineOptions& options) {
+    CheckFileIsThere(path);
+    const int code = sqlite3_open_v2(path.c_str(), &handle_, SQLITE_OPEN_READWRITE, nullptr);
+    try {
+        if (code != SQLITE_OK) Fail(handle_, code);
+        if (sqlite3_db_readonly(handle_, "main") == 1)
+            throw DaoError(error::CannotOpen, "Cannot open '" + path.string() +
+                                                  "'. You may not have permission to write the file.");
+        SetUp(options);
+    } catch (const DaoError&) {
+        sqlite3_close_v2(handle_);
+        throw;
+    }
+}
+
+Connection::~Connection() {
+    Close();
+}
+
+void Connection::Close() {
+    for (const auto& [sql, statement] : statements_) sqlite3_finalize(statement);
+    statements_.clear();
+    sqlite3_close_v2(handle_);
+    handle_ = nullptr;
+}
+
+sqlite3* Connection::Handle() const {
+    if (handle_ == nullptr) throw DaoError(error::ObjectInvalid, "Object invalid or no longer set.");
+    return handle_;
+}
+
+void Connection::SetUp(const EngineOptions& options) {
+    sqlite3_extended_result_codes(handle_, 1);
+    sqlite3_busy_timeout(handle_, options.busyMilliseconds);
+    // The file may lie on a share: a rollback journal, every commit on the disk before it counts, and no
+    // memory mapping.
+    Execute("PRAGMA locking_mode = NORMAL");
+    Execute("PRAGMA mmap_size = 0");
+    Execute("PRAGMA cell_size_check = ON");
+    Execute("PRAGMA trusted_schema = OFF");
+    Execute("PRAGMA journal_mode = DELETE");
+    Execute("PRAGMA synchronous = EXTRA");
+    if (options.reverseUnorderedSelects) Execute("PRAGMA reverse_unordered_selects = ON");
+    Execute("SELECT count(*) FROM sqlite_schema"); // a file of another make, or a cut-off one, shows here
+}
+
+void Connection::Fail(sqlite3* handle, int code) {
+    const std::string text = handle != nullptr ? sqlite3_errmsg(handle) : sqlite3_errstr(code);
+    throw DaoError(NumberOf(code, text), text);
+}
+
+sqlite3_stmt* Connection::Prepared(const std::string& sql) {
+    if (const auto known = statements_.find(sql); known != statements_.end()) return known->second;
+    sqlite3_stmt* statement = nullptr;
+    const int code = sqlite3_prepare_v3(Handle(), sql.data(), static_cast<int>(sql.size()),
+                                        SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
+    if (code != SQLITE_OK) Fail(handle_, code);
+    if (statement == nullptr) throw DaoError(error::SyntaxError, "Syntax error in query.");
+    statements_.emplace(sql, statement);
+    return statement;
+}
+
+void Connection::Execute(const std::string& sql) {
+    const int code = sqlite3_exec(Handle(), sql.c_str(), nullptr, nullptr, nullptr);
+    if (code != SQLITE_OK) Fail(handle_, code);
+}
+
+std::vector<std::string> Connection::TableNames() {
+    StatementUse names(
+        Prepared("SELECT name FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite~_%'"
+                 " ESCAPE '~' ORDER BY name"));
+    std::vector<std::string> found;
+    while (names.Step()) found.push_back(ColumnText(names.Handle(), 0));
+    return found;
+}
+
+const TableDef& Connection::Table(std::string_view name) {
+    const std::string key = UpperCase(name);
+    const auto known = tables_.find(key);
+    if (known != tables_.end()) return known->second;
+    return tables_.emplace(key, ReadTable(std::string(name))).first->second;
+}
+
+void Connection::ForgetTables() {
+    tables_.clear();
+}
+
+TableDef Connection::ReadTable(const std::string& name) {
+    TableDef table;
+    std::string createText;
+    {
+        StatementUse find(
+            Prepared("SELECT name, sql FROM sqlite_schema WHERE type = 'table' AND name = ? COLLATE NOCASE"));
+        find.Bind(1, name);
+        if (!find.Step())
+            throw DaoError(error::TableNotFound,
+                           "The database engine cannot find the input table or query '" + name + "'.");
+        table.name = ColumnText(find.Handle(), 0);
+        createText = ColumnText(find.Handle(), 1);
+    }
+    std::map<int, std::string> keyFields; // by place in the key
+    const bool counts = createText.find("AUTOINCREMENT") != std::string::npos;
+    {
+        StatementUse columns(Prepared("SELECT name, type, pk FROM pragma_table_info(?) ORDER BY cid"));
+        columns.Bind(1, table.name);
+        while (columns.Step()) {
+            const int place = sqlite3_column_int(columns.Handle(), 2);
+            table.fields.push_back(FieldOfDeclaration(ColumnText(columns.Handle(), 0),
+                                                      ColumnText(columns.Handle(), 1), counts && place == 1));
+            if (place > 0) keyFields[place] = table.fields.back().name;
+        }
+    }
+    table.key.name = KeyNameIn(createText);
+    for (const auto& [place, field] : keyFields) table.key.fields.push_back(field);
+
+    StatementUse indexes(
+        Prepared("SELECT l.name, i.name FROM pragma_index_list(?) l, pragma_index_info(l.name) i"
+                 " WHERE l.origin = 'c' ORDER BY l.name, i.seqno"));
+    indexes.Bind(1, table.name);
+    const std::string prefix = table.name + ".";
+    while (indexes.Step()) {
+        std::string index = ColumnText(indexes.Handle(), 0);
+        if (index.starts_with(prefix)) index.erase(0, prefix.size());
+        if (table.indexes.empty() || table.indexes.back().name != index) table.indexes.push_back({index, {}});
+        table.indexes.back().fields.push_back(ColumnText(indexes.Handle(), 1));
+    }
+    return table;
+}
+
+} // namespace tvx::dao

@@ -1,0 +1,46 @@
+// What the database engine can refuse, by the numbers that the system dispatches on.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace tvx::dao {
+
+/// Error numbers of the engine that any part of the system names or shows.
+namespace error {
+constexpr int PermissionDenied = 70;
+constexpr int NoCurrentRecord = 3021;
+constexpr int UpdateWithoutEdit = 3020;
+constexpr int DuplicateKey = 3022;
+constexpr int FileNotFound = 3024;
+constexpr int DiskFull = 3026;
+constexpr int ReadOnly = 3027;
+constexpr int DiskError = 3043;
+constexpr int FileInUse = 3045;
+constexpr int CannotOpen = 3051;
+constexpr int SyntaxError = 3075;
+constexpr int TableNotFound = 3078;
+constexpr int FieldTooSmall = 3163;
+constexpr int RecordDeleted = 3167;
+constexpr int FieldExists = 3191;
+constexpr int CouldNotLock = 3260;
+constexpr int ItemNotFound = 3265;
+constexpr int UnrecognisedFormat = 3343;
+constexpr int OpenedExclusively = 3356;
+constexpr int ObjectInvalid = 3420;
+constexpr int InvalidIndex = 3015;
+constexpr int NotEnoughMemory = 3035;
+constexpr int InternalError = 3000;
+} // namespace error
+
+/// Trouble reported by the engine. Nothing of the failed operation has happened.
+class DaoError : public std::runtime_error {
+  public:
+    DaoError(int number, const std::string& text) : std::runtime_error(text), number_(number) {}
+    int Number() const { return number_; }
+
+  private:
+    int number_;
+};
+
+} // namespace tvx::dao

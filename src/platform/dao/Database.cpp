@@ -1,0 +1,183 @@
+#include "platform/dao/Database.h"
+
+#include "platform/dao/Connection.h"
+#include "platform/dao/DaoError.h"
+#include "platform/dao/Recordset.h"
+
+#include <fstream>
+#include <system_error>
+
+namespace fs = std::filesystem;
+
+namespace tvx::dao {
+namespace {
+
+constexpr int AlreadyExists = 3204;
+
+void RefuseExisting(const fs::path& path) {
+    std::error_code code;
+    if (fs::exists(path, code))
+        throw DaoError(AlreadyExists, "Database already exists: '" + path.string() + "'.");
+}
+
+std::string Quoted(const std::string& text) {
+    std::string quoted = "'";
+    for (const char c : text) quoted += c == '\'' ? "''" : std::string(1, c);
+    return quoted + "'";
+}
+
+} // namespace
+
+bool ScanRow::IsNull(int column) const {
+    return sqlite3_column_type(statement_, column) == SQLITE_NULL;
+}
+std::int64_t ScanRow::Long(int column) const {
+    return sqlite3_column_int64(statement_, column);
+}
+double ScanRow::Double(int column) const {
+    return sqlite3_column_double(statement_, column);
+}
+
+std::string_view ScanRow::Text(int column) const {
+    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
+    if (text == nullptr) return {};
+    return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+}
+
+Database::Database(const fs::path& path, const EngineOptions& options)
+    : path_(path), connection_(std::make_shared<Connection>(path, options)) {}
+
+Database::~Database() {
+    connection_->Close();
+}
+
+Recordset Database::OpenRecordset(const std::string& tableOrSql) {
+    return {connection_, tableOrSql};
+}
+
+// Immediate: a transaction that begins by reading and turns to writing would be refused at once when another
+// workstation did the same.
+void Database::BeginTrans() {
+    connection_->Execute("BEGIN IMMEDIATE");
+}
+
+void Database::CommitTrans() {
+    connection_->Execute("COMMIT");
+}
+
+void Database::Rollback() {
+    if (InTransaction()) connection_->Execute("ROLLBACK");
+}
+
+bool Database::InTransaction() const {
+    return sqlite3_get_autocommit(connection_->Handle()) == 0;
+}
+
+std::vector<std::string> Database::TableNames() const {
+    return connection_->TableNames();
+}
+
+const TableDef& Database::Table(std::string_view name) const {
+    return connection_->Table(name);
+}
+
+bool Database::HasTable(std::string_view name) const {
+    try {
+        connection_->Table(name);
+        return true;
+    } catch (const DaoError& trouble) {
+        if (trouble.Number() == error::TableNotFound) return false;
+        throw;
+    }
+}
+
+void Database::CreateTable(const TableDef& table) {
+    for (const std::string& statement : CreateStatements(table)) connection_->Execute(statement);
+    connection_->ForgetTables();
+}
+
+void Database::AppendField(std::string_view table, const FieldDef& field) {
+    const TableDef& present = connection_->Table(table);
+    if (present.PositionOf(field.name) >= 0)
+        throw DaoError(error::FieldExists, "Cannot define field '" + field.name + "' more than once.");
+    std::string sql = "ALTER TABLE " + Bracketed(present.name) + " ADD COLUMN " + Bracketed(field.name) +
+                      " " + DeclaredType(field);
+    if (field.type == FieldType::Boolean) sql += " NOT NULL DEFAULT 0";
+    if (field.type == FieldType::Text) sql += " COLLATE NOCASE";
+    connection_->Execute(sql);
+    connection_->ForgetTables();
+}
+
+void Database::Scan(const std::string& sql, const std::vector<Value>& parameters,
+                    const std::function<void(const ScanRow&)>& row) const {
+    StatementUse use(connection_->Prepared(sql));
+    for (std::size_t i = 0; i < parameters.size(); ++i) use.Bind(static_cast<int>(i) + 1, parameters[i]);
+    const ScanRow present(use.Handle());
+    while (use.Step()) row(present);
+}
+
+Transaction::Transaction(Database& database) : database_(database) {
+    database_.BeginTrans();
+}
+
+Transaction::~Transaction() {
+    if (!open_) return;
+    try {
+        database_.Rollback();
+    } catch (const DaoError&) {
+        // The engine has rolled back by itself, or does so when the file is opened next.
+        return;
+    }
+}
+
+void Transaction::Commit() {
+    database_.CommitTrans();
+    open_ = false;
+}
+
+Snapshot::Snapshot(const Database& database) : connection_(database.connection_) {
+    begun_ = !database.InTransaction();
+    if (begun_) connection_->Execute("BEGIN");
+}
+
+Snapshot::~Snapshot() {
+    if (!begun_) return;
+    try {
+        connection_->Execute("COMMIT");
+    } catch (const DaoError&) {
+        return; // a read that ends badly has nothing to lose
+    }
+}
+
+std::unique_ptr<Database> Engine::OpenDatabase(const fs::path& path) const {
+    try {
+        return std::make_unique<Database>(path, options_);
+    } catch (const DaoError& trouble) {
+        if (trouble.Number() != error::CouldNotLock) throw;
+        throw DaoError(error::FileInUse, trouble.what());
+    }
+}
+
+std::unique_ptr<Database> Engine::CreateDatabase(const fs::path& path) const {
+    RefuseExisting(path);
+    if (!std::ofstream(path)) throw DaoError(error::CannotOpen, "Cannot make '" + path.string() + "'.");
+    return OpenDatabase(path);
+}
+
+void Engine::CompactDatabase(const fs::path& source, const fs::path& target) const {
+    RefuseExisting(target);
+    Connection connection(source, options_);
+    connection.Execute("VACUUM INTO " + Quoted(target.string()));
+}
+
+void Engine::RepairDatabase(const fs::path& path) const {
+    Connection connection(path, options_);
+    connection.Execute("REINDEX");
+    StatementUse check(connection.Prepared("PRAGMA quick_check(1)"));
+    const bool sound =
+        check.Step() && Value(std::string("ok")) == ColumnValue(check.Handle(), 0, FieldType::Memo);
+    if (!sound)
+        throw DaoError(error::UnrecognisedFormat, "The database is damaged: '" + path.string() + "'.");
+}
+
+} // namespace tvx::dao

@@ -1,0 +1,129 @@
+// The file database: opening a file, transactions, table definitions, scans.
+#pragma once
+
+#include "platform/dao/FieldType.h"
+#include "platform/dao/Value.h"
+
+#include <filesystem>
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+struct sqlite3_stmt;
+
+namespace tvx::dao {
+
+class Connection;
+class Recordset;
+
+struct EngineOptions {
+    int busyMilliseconds = 2000;          // how long a lock of another workstation is waited for
+    bool reverseUnorderedSelects = false; // for tests: answers rows without a stated order backwards
+};
+
+/// One row of a scan, valid until the next row is read. Columns count from 0.
+class ScanRow {
+  public:
+    explicit ScanRow(sqlite3_stmt* statement) : statement_(statement) {}
+    bool IsNull(int column) const;
+    std::int64_t Long(int column) const;     // Null gives 0
+    double Double(int column) const;         // Null gives 0
+    std::string_view Text(int column) const; // Null gives ""; time texts as the file holds them
+
+  private:
+    sqlite3_stmt* statement_;
+};
+
+/// An open database file. Several workstations may have the file open at once; only a transaction locks it.
+class Database {
+  public:
+    /// Opens an existing file for reading and writing. Throws DaoError: 3024 no such file, 3051 the file
+    /// cannot be opened or not be written, 3343 it is no database or a damaged one, 3045 it is held.
+    Database(const std::filesystem::path& path, const EngineOptions& options);
+    ~Database();
+    Database(const Database&) = delete;
+    Database& operator=(const Database&) = delete;
+
+    const std::filesystem::path& Path() const { return path_; }
+
+    /// Opens a table by name, or the rows of a select. A non-empty set stands on its first record.
+    /// Throws DaoError 3078 (no such table), 3265 (no such field), or 3075 (not understood).
+    Recordset OpenRecordset(const std::string& tableOrSql);
+
+    /// Takes the one write lock of the file, after waiting for another workstation for a bounded time.
+    /// Throws DaoError 3260 when it stays locked.
+    void BeginTrans();
+    /// Makes the changes lasting. On a throw the transaction is still open, unless the engine itself had to
+    /// roll it back.
+    void CommitTrans();
+    /// Undoes the changes since BeginTrans; nothing when there is no transaction.
+    void Rollback();
+    bool InTransaction() const;
+
+    std::vector<std::string> TableNames() const;
+    /// The table as the file declares it. Throws DaoError 3078.
+    const TableDef& Table(std::string_view name) const;
+    bool HasTable(std::string_view name) const;
+    void CreateTable(const TableDef& table);
+    /// Adds a field behind the last. Throws DaoError 3191 when the table has it.
+    void AppendField(std::string_view table, const FieldDef& field);
+
+    /// Reads the rows of a select whole, one call of `row` each; nothing is locked when it returns.
+    /// "?" in the text stand for `parameters` in order.
+    void Scan(const std::string& sql, const std::vector<Value>& parameters,
+              const std::function<void(const ScanRow&)>& row) const;
+
+  private:
+    friend class Snapshot;
+    std::filesystem::path path_;
+    std::shared_ptr<Connection> connection_;
+};
+
+/// A transaction that is rolled back unless it was committed.
+class Transaction {
+  public:
+    explicit Transaction(Database& database);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+    void Commit();
+
+  private:
+    Database& database_;
+    bool open_ = true;
+};
+
+/// While it lives, every read sees the same state of the file, and a read costs no lock of its own. Inside a
+/// transaction it adds nothing.
+class Snapshot {
+  public:
+    explicit Snapshot(const Database& database);
+    ~Snapshot();
+    Snapshot(const Snapshot&) = delete;
+    Snapshot& operator=(const Snapshot&) = delete;
+
+  private:
+    std::shared_ptr<Connection> connection_;
+    bool begun_ = false;
+};
+
+/// Makes and keeps whole database files.
+class Engine {
+  public:
+    explicit Engine(EngineOptions options = {}) : options_(options) {}
+
+    std::unique_ptr<Database> OpenDatabase(const std::filesystem::path& path) const;
+    /// Makes an empty file and opens it. Throws DaoError 3204 when the file exists.
+    std::unique_ptr<Database> CreateDatabase(const std::filesystem::path& path) const;
+    /// Writes a compact copy of a file that nobody writes to meanwhile. `target` must not exist.
+    void CompactDatabase(const std::filesystem::path& source, const std::filesystem::path& target) const;
+    /// Rebuilds the indexes of a file. Throws DaoError 3343 when its pages themselves are damaged.
+    void RepairDatabase(const std::filesystem::path& path) const;
+
+  private:
+    EngineOptions options_;
+};
+
+} // namespace tvx::dao

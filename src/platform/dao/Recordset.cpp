@@ -1,0 +1,362 @@
+#include "platform/dao/Recordset.h"
+
+#include "platform/basic/Text.h"
+#include "platform/dao/Connection.h"
+#include "platform/dao/DaoError.h"
+#include "platform/dao/SelectText.h"
+#include "platform/dao/TimeText.h"
+
+#include <algorithm>
+
+namespace tvx::dao {
+namespace {
+
+constexpr std::size_t PageRows = 256;
+
+std::string NameOf(const std::string& key) {
+    return key == "_rowid_" ? key : Bracketed(key);
+}
+
+std::vector<std::string> KeysOf(const TableDef& table) {
+    return table.key.fields.empty() ? std::vector<std::string>{"_rowid_"} : table.key.fields;
+}
+
+[[noreturn]] void FailNoCurrentRecord() {
+    throw DaoError(error::NoCurrentRecord, "No current record.");
+}
+
+/// A value as it is bound: time texts in the form of the file.
+Value Stored(const FieldDef& field, const Value& value) {
+    const auto* text = std::get_if<std::string>(&value);
+    return text != nullptr && field.type == FieldType::TimeText ? Value(EncodeTimeText(*text)) : value;
+}
+
+} // namespace
+
+bool Field::IsNull() const {
+    return dao::IsNull(Value());
+}
+
+dao::Value Field::Value() const {
+    if (set_->pending_ != Recordset::Pending::Nothing && set_->drafted_[position_])
+        return set_->draft_[position_];
+    if (set_->pending_ == Recordset::Pending::Add) return Null{};
+    return set_->Current().values[position_];
+}
+
+std::string Field::Text(std::string_view ifNull) const {
+    return ToText(Value(), ifNull);
+}
+std::int64_t Field::Long(std::int64_t ifNull) const {
+    return ToLong(Value(), ifNull);
+}
+double Field::Double(double ifNull) const {
+    return ToDouble(Value(), ifNull);
+}
+
+void Field::operator=(dao::Value value) {
+    if (set_->pending_ == Recordset::Pending::Nothing)
+        throw DaoError(error::UpdateWithoutEdit, "Update or CancelUpdate without AddNew or Edit.");
+    set_->draft_[position_] = set_->Checked(position_, std::move(value));
+    set_->drafted_[position_] = true;
+}
+
+Recordset::Recordset(std::shared_ptr<Connection> connection, const std::string& tableOrSql)
+    : connection_(std::move(connection)) {
+    if (IsSelect(tableOrSql))
+        OpenSelect(tableOrSql);
+    else
+        OpenTable(tableOrSql);
+}
+
+void Recordset::OpenTable(const std::string& name) {
+    isTable_ = true;
+    table_ = Open().Table(name);
+    columns_ = table_.fields;
+    keys_ = KeysOf(table_);
+    LoadPage({}, false);
+    empty_ = rows_.empty();
+    place_ = empty_ ? Place::None : Place::Record;
+}
+
+void Recordset::OpenSelect(const std::string& sql) {
+    const SelectText select = ParseSelect(sql);
+    table_ = Open().Table(select.table);
+    keys_ = KeysOf(table_);
+    const std::string runnable = select.Runnable(keys_);
+    sqlite3_stmt* statement = Open().Prepared(runnable);
+    const int hidden = static_cast<int>(keys_.size());
+    for (int i = hidden; i < sqlite3_column_count(statement); ++i) {
+        const std::string name = sqlite3_column_name(statement, i);
+        const int position = table_.PositionOf(name);
+        columns_.push_back(position >= 0 ? table_.fields[static_cast<std::size_t>(position)]
+                                         : FieldDef{name, FieldType::Memo, 0});
+    }
+    ReadRows(runnable, {});
+    empty_ = rows_.empty();
+    visited_ = empty_ ? 0 : 1;
+    place_ = empty_ ? Place::None : Place::Record;
+}
+
+Connection& Recordset::Open() const {
+    if (!connection_) throw DaoError(error::ObjectInvalid, "Object invalid or no longer set.");
+    return *connection_;
+}
+
+bool Recordset::BOF() const {
+    return empty_;
+}
+bool Recordset::AtEnd() const {
+    return empty_ || place_ == Place::End;
+}
+
+std::int64_t Recordset::RecordCount() const {
+    if (!isTable_) return static_cast<std::int64_t>(visited_);
+    StatementUse count(Open().Prepared("SELECT count(*) FROM " + Bracketed(table_.name)));
+    count.Step();
+    return sqlite3_column_int64(count.Handle(), 0);
+}
+
+std::string Recordset::SelectList() const {
+    std::string list;
+    for (const std::string& key : keys_) list += NameOf(key) + ", ";
+    for (const FieldDef& column : columns_) list += Bracketed(column.name) + ", ";
+    return "SELECT " + list.substr(0, list.size() - 2) + " FROM " + Bracketed(table_.name);
+}
+
+std::string Recordset::KeyList(std::string_view direction) const {
+    std::string list;
+    for (const std::string& key : keys_)
+        list += (list.empty() ? "" : ", ") + NameOf(key) + std::string(direction);
+    return list;
+}
+
+void Recordset::ReadRows(const std::string& sql, const std::vector<Value>& parameters) {
+    StatementUse use(Open().Prepared(sql));
+    for (std::size_t i = 0; i < parameters.size(); ++i) use.Bind(static_cast<int>(i) + 1, parameters[i]);
+    rows_.clear();
+    const int hidden = static_cast<int>(keys_.size());
+    while (use.Step()) {
+        Row& row = rows_.emplace_back();
+        for (int i = 0; i < hidden; ++i) row.key.push_back(ColumnValue(use.Handle(), i, FieldType::Memo));
+        row.values.reserve(columns_.size());
+        for (std::size_t i = 0; i < columns_.size(); ++i)
+            row.values.push_back(ColumnValue(use.Handle(), hidden + static_cast<int>(i), columns_[i].type));
+    }
+    at_ = 0;
+}
+
+void Recordset::LoadPage(const std::vector<Value>& after, bool backwards) {
+    std::string sql = SelectList();
+    if (!after.empty()) {
+        std::string marks;
+        for (std::size_t i = 0; i < after.size(); ++i) marks += i == 0 ? "?" : ", ?";
+        sql += " WHERE (" + KeyList("") + ") > (" + marks + ")";
+    }
+    sql += " ORDER BY " + KeyList(backwards ? " DESC" : "") + " LIMIT " +
+           std::to_string(backwards ? 1 : PageRows);
+    ReadRows(sql, after);
+    lastPage_ = backwards || rows_.size() < PageRows;
+}
+
+const Recordset::Row& Recordset::Current() const {
+    if (place_ == Place::Deleted) throw DaoError(error::RecordDeleted, "Record is deleted.");
+    if (place_ != Place::Record) FailNoCurrentRecord();
+    return rows_[at_];
+}
+
+void Recordset::DropPending() {
+    pending_ = Pending::Nothing;
+    draft_.clear();
+    drafted_.clear();
+}
+
+void Recordset::MoveFirst() {
+    DropPending();
+    if (isTable_) {
+        LoadPage({}, false);
+        empty_ = rows_.empty();
+    }
+    if (rows_.empty()) FailNoCurrentRecord();
+    at_ = 0;
+    visited_ = std::max<std::size_t>(visited_, 1);
+    place_ = Place::Record;
+}
+
+void Recordset::MoveLast() {
+    DropPending();
+    if (isTable_) {
+        LoadPage({}, true);
+        empty_ = rows_.empty();
+    }
+    if (rows_.empty()) FailNoCurrentRecord();
+    at_ = rows_.size() - 1;
+    visited_ = rows_.size();
+    place_ = Place::Record;
+}
+
+void Recordset::MoveNext() {
+    DropPending();
+    if (place_ != Place::Record && place_ != Place::Deleted) FailNoCurrentRecord();
+    if (at_ + 1 < rows_.size()) {
+        ++at_;
+        place_ = Place::Record;
+    } else if (isTable_ && !lastPage_) {
+        const std::vector<Value> after = rows_[at_].key;
+        LoadPage(after, false);
+        place_ = rows_.empty() ? Place::End : Place::Record;
+    } else {
+        place_ = Place::End;
+    }
+    if (place_ == Place::Record) visited_ = std::max(visited_, at_ + 1);
+}
+
+void Recordset::Index(std::string_view name) {
+    const IndexDef* found = isTable_ ? table_.FindIndex(name) : nullptr;
+    if (found == nullptr)
+        throw DaoError(error::InvalidIndex, "'" + std::string(name) + "' is not an index in this table.");
+    index_ = *found;
+}
+
+void Recordset::Seek(std::initializer_list<Value> keys) {
+    DropPending();
+    if (index_.fields.empty()) throw DaoError(error::InvalidIndex, "No index is chosen.");
+    if (keys.size() == 0 || keys.size() > index_.fields.size())
+        throw DaoError(error::SyntaxError, "The number of keys does not fit the index.");
+    std::string sql = SelectList();
+    std::size_t i = 0;
+    for (; i < keys.size(); ++i) sql += (i == 0 ? " WHERE " : " AND ") + Bracketed(index_.fields[i]) + " = ?";
+    sql += " ORDER BY " + KeyList("") + " LIMIT 1";
+    ReadRows(sql, std::vector<Value>(keys));
+    // What follows the record found is read by a move, from its key on.
+    lastPage_ = false;
+    noMatch_ = rows_.empty();
+    place_ = noMatch_ ? Place::None : Place::Record;
+}
+
+void Recordset::AddNew() {
+    Open();
+    DropPending();
+    pending_ = Pending::Add;
+    draft_.assign(columns_.size(), Null{});
+    drafted_.assign(columns_.size(), false);
+}
+
+void Recordset::Edit() {
+    Current();
+    DropPending();
+    pending_ = Pending::Change;
+    draft_.assign(columns_.size(), Null{});
+    drafted_.assign(columns_.size(), false);
+}
+
+Value Recordset::Checked(std::size_t position, Value value) const {
+    const FieldDef& field = columns_[position];
+    switch (field.type) {
+    case FieldType::Text:
+    case FieldType::Memo:
+    case FieldType::TimeText:
+        if (!dao::IsNull(value) && !std::holds_alternative<std::string>(value)) value = ToText(value);
+        break;
+    case FieldType::Boolean:
+        value = std::int64_t{ToLong(value) != 0 ? -1 : 0};
+        break;
+    default:
+        if (const auto* text = std::get_if<std::string>(&value)) value = ToDouble(Value(*text));
+        break;
+    }
+    const auto* text = std::get_if<std::string>(&value);
+    if (text == nullptr || field.width == 0) return value;
+    const std::size_t length = field.type == FieldType::TimeText ? text->size() : CharacterCount(*text);
+    // A text that stands there already is left alone, however it came to be that wide.
+    const bool asBefore = pending_ == Pending::Change && value == Current().values[position];
+    if (length > field.width && !asBefore)
+        throw DaoError(error::FieldTooSmall,
+                       "The field '" + field.name + "' is too small to accept the amount of data.");
+    return value;
+}
+
+void Recordset::Update() {
+    switch (pending_) {
+    case Pending::Nothing:
+        throw DaoError(error::UpdateWithoutEdit, "Update or CancelUpdate without AddNew or Edit.");
+    case Pending::Add:
+        InsertPending();
+        break;
+    case Pending::Change:
+        WriteChanges();
+        break;
+    }
+    DropPending();
+}
+
+void Recordset::InsertPending() {
+    std::string names;
+    std::string marks;
+    std::vector<std::size_t> set;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        if (!drafted_[i]) continue;
+        names += (names.empty() ? "" : ", ") + Bracketed(columns_[i].name);
+        marks += marks.empty() ? "?" : ", ?";
+        set.push_back(i);
+    }
+    std::string sql = "INSERT INTO " + Bracketed(table_.name);
+    sql += set.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")";
+    StatementUse use(Open().Prepared(sql));
+    for (std::size_t i = 0; i < set.size(); ++i)
+        use.Bind(static_cast<int>(i) + 1, Stored(columns_[set[i]], draft_[set[i]]));
+    use.Step();
+    empty_ = false;
+}
+
+void Recordset::WriteChanges() {
+    const Row& row = Current();
+    std::string sets;
+    std::vector<std::size_t> changed;
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        if (!drafted_[i]) continue;
+        sets += (sets.empty() ? "" : ", ") + Bracketed(columns_[i].name) + " = ?";
+        changed.push_back(i);
+    }
+    if (changed.empty()) return;
+    std::string sql = "UPDATE " + Bracketed(table_.name) + " SET " + sets + " WHERE ";
+    for (std::size_t k = 0; k < keys_.size(); ++k) sql += (k == 0 ? "" : " AND ") + NameOf(keys_[k]) + " = ?";
+    int parameter = 0;
+    {
+        StatementUse use(Open().Prepared(sql));
+        for (const std::size_t i : changed) use.Bind(++parameter, Stored(columns_[i], draft_[i]));
+        for (const Value& key : row.key) use.Bind(++parameter, key);
+        use.Step();
+    }
+    if (sqlite3_changes(Open().Handle()) == 0) throw DaoError(error::RecordDeleted, "Record is deleted.");
+    Row& written = rows_[at_];
+    for (const std::size_t i : changed) written.values[i] = draft_[i];
+    for (std::size_t k = 0; k < keys_.size(); ++k)
+        for (const std::size_t i : changed)
+            if (EqualsNoCase(columns_[i].name, keys_[k])) written.key[k] = draft_[i];
+}
+
+void Recordset::Delete() {
+    const Row& row = Current();
+    std::string sql = "DELETE FROM " + Bracketed(table_.name) + " WHERE ";
+    for (std::size_t k = 0; k < keys_.size(); ++k) sql += (k == 0 ? "" : " AND ") + NameOf(keys_[k]) + " = ?";
+    StatementUse use(Open().Prepared(sql));
+    for (std::size_t k = 0; k < row.key.size(); ++k) use.Bind(static_cast<int>(k) + 1, row.key[k]);
+    use.Step();
+    DropPending();
+    place_ = Place::Deleted;
+}
+
+Field Recordset::Fields(std::string_view name) {
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+        if (EqualsNoCase(columns_[i].name, name)) return {*this, i};
+    throw DaoError(error::ItemNotFound, "Item not found in this collection: " + std::string(name));
+}
+
+Field Recordset::Fields(std::size_t position) {
+    if (position >= columns_.size())
+        throw DaoError(error::ItemNotFound, "Item not found in this collection: " + std::to_string(position));
+    return {*this, position};
+}
+
+} // namespace tvx::dao

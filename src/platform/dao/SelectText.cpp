@@ -1,0 +1,108 @@
+#include "platform/dao/SelectText.h"
+
+#include "platform/basic/Text.h"
+#include "platform/dao/DaoError.h"
+#include "platform/dao/FieldType.h"
+
+#include <cctype>
+
+namespace tvx::dao {
+namespace {
+
+bool IsWordCharacter(char c) {
+    return std::isalnum(static_cast<unsigned char>(c)) != 0 || c == '_' ||
+           static_cast<unsigned char>(c) >= 0x80;
+}
+
+char ClosingOf(char open) {
+    if (open == '[') return ']';
+    return open == '"' || open == '\'' ? open : '\0';
+}
+
+/// The pieces of a select: words, quoted or bracketed names, and single characters; blanks vanish between
+/// words and are kept as one blank in front of the piece that they precede.
+struct Piece {
+    std::string text;
+    bool word = false;
+    bool blankBefore = false;
+};
+
+std::vector<Piece> Cut(const std::string& sql) {
+    std::vector<Piece> pieces;
+    bool blank = false;
+    for (std::size_t at = 0; at < sql.size();) {
+        const char c = sql[at];
+        if (std::isspace(static_cast<unsigned char>(c)) != 0) {
+            blank = true;
+            ++at;
+            continue;
+        }
+        std::size_t end = at + 1;
+        const bool word = IsWordCharacter(c);
+        if (const char closing = ClosingOf(c); closing != '\0') {
+            end = sql.find(closing, end);
+            if (end == std::string::npos) throw DaoError(error::SyntaxError, "Syntax error in query: " + sql);
+            ++end;
+        } else if (word) {
+            while (end < sql.size() && IsWordCharacter(sql[end])) ++end;
+        }
+        pieces.push_back({sql.substr(at, end - at), word, blank});
+        blank = false;
+        at = end;
+    }
+    return pieces;
+}
+
+bool Is(const Piece& piece, std::string_view word) {
+    return piece.word && EqualsNoCase(piece.text, word);
+}
+
+void Append(std::string& text, const Piece& piece) {
+    if (piece.blankBefore && !text.empty()) text += ' ';
+    if (Is(piece, "true"))
+        text += "-1";
+    else if (Is(piece, "false"))
+        text += "0";
+    else
+        text += piece.text;
+}
+
+std::string WithoutBrackets(const std::string& name) {
+    return name.front() == '[' ? name.substr(1, name.size() - 2) : name;
+}
+
+} // namespace
+
+bool IsSelect(const std::string& text) {
+    return EqualsNoCase(TrimLeft(text).substr(0, 7), "SELECT ");
+}
+
+SelectText ParseSelect(const std::string& sql) {
+    const std::vector<Piece> pieces = Cut(sql);
+    SelectText select;
+    std::size_t at = 1;
+    for (; at < pieces.size() && !Is(pieces[at], "from"); ++at) Append(select.columns, pieces[at]);
+    if (at + 1 >= pieces.size() || select.columns.empty())
+        throw DaoError(error::SyntaxError, "Syntax error in query: " + sql);
+    select.table = WithoutBrackets(pieces[at + 1].text);
+    for (at += 2; at < pieces.size(); ++at) {
+        if (pieces[at].text == ";") continue;
+        if (Is(pieces[at], "order")) select.ordered = true;
+        Append(select.rest, pieces[at]);
+    }
+    return select;
+}
+
+std::string SelectText::Runnable(const std::vector<std::string>& keys) const {
+    std::string list;
+    for (const std::string& key : keys) list += (key == "_rowid_" ? key : Bracketed(key)) + ", ";
+    std::string sql = "SELECT " + list + columns + " FROM " + Bracketed(table) + " " + rest;
+    // Rows that the order leaves equal come in the order of the key, so that the same data gives the same
+    // list.
+    for (std::size_t i = 0; i < keys.size(); ++i)
+        sql +=
+            (ordered || i > 0 ? ", " : " ORDER BY ") + (keys[i] == "_rowid_" ? keys[i] : Bracketed(keys[i]));
+    return sql;
+}
+
+} // namespace tvx::dao

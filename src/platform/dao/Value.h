@@ -1,0 +1,29 @@
+// What a field can hold.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <variant>
+
+namespace tvx::dao {
+
+/// Nothing, which is neither 0 nor "".
+using Null = std::monostate;
+
+/// The value of a field: Null, a whole number (yes/no fields are -1 and 0), a real number, or text. Text is
+/// UTF-8, but for time texts, which are bytes 32 to 128.
+using Value = std::variant<Null, std::int64_t, double, std::string>;
+
+bool IsNull(const Value& value);
+
+/// As text; numbers as trimmed text, Null as `ifNull`.
+std::string ToText(const Value& value, std::string_view ifNull = "");
+
+/// As a whole number; reals round half to even, text gives its leading number, Null gives `ifNull`.
+std::int64_t ToLong(const Value& value, std::int64_t ifNull = 0);
+
+/// As a real number; text gives its leading number, Null gives `ifNull`.
+double ToDouble(const Value& value, double ifNull = 0);
+
+} // namespace tvx::dao

@@ -1,0 +1,40 @@
+// Folders and file names: lookup without regard to case, and the folder that belongs to the program.
+#pragma once
+
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tvx {
+
+/// The file of a folder whose name equals `name` without regard to case; the exact spelling wins where both
+/// exist. Nothing when there is none, or when the folder cannot be read.
+std::optional<std::filesystem::path> FindFile(const std::filesystem::path& folder, std::string_view name);
+
+/// Where to read or write the file `name`: the existing file in whatever spelling it has, else a new one
+/// spelled as given.
+std::filesystem::path FilePath(const std::filesystem::path& folder, std::string_view name);
+
+/// True when the path names an existing file or folder. Errors count as false.
+bool FileExists(const std::filesystem::path& path);
+
+/// Copies a file whole, under a temporary name first, so that `target` is either as before or complete.
+/// The copy is writable whatever the source was. Throws FileError; `target` must not exist (58).
+void CopyWholeFile(const std::filesystem::path& source, const std::filesystem::path& target);
+
+/// The folder that holds the side files, the ready-made database and, by default, the database.
+///
+/// That is the folder of the running program when files can be written there. An installed program may not
+/// write beside itself: then it is `usersFolder`, which is made, and filled with every file of `shipped`
+/// that is found beside the program and not yet there. A folder that cannot be made or filled is answered
+/// all the same; the first use of it reports the trouble.
+std::filesystem::path ProgramFolder(const std::filesystem::path& programsOwn,
+                                    const std::filesystem::path& usersFolder,
+                                    const std::vector<std::string>& shipped);
+
+/// True when a new file can be made in the folder. Leaves nothing behind.
+bool CanWriteInto(const std::filesystem::path& folder);
+
+} // namespace tvx
