@@ -347,10 +347,14 @@ void Recordset::Delete() {
     place_ = Place::Deleted;
 }
 
-Field Recordset::Fields(std::string_view name) {
+std::size_t Recordset::PositionOf(std::string_view name) const {
     for (std::size_t i = 0; i < columns_.size(); ++i)
-        if (EqualsNoCase(columns_[i].name, name)) return {*this, i};
+        if (EqualsNoCase(columns_[i].name, name)) return i;
     throw DaoError(error::ItemNotFound, "Item not found in this collection: " + std::string(name));
+}
+
+Field Recordset::Fields(std::string_view name) {
+    return {*this, PositionOf(name)};
 }
 
 Field Recordset::Fields(std::size_t position) {

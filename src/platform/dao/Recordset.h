@@ -87,6 +87,8 @@ class Recordset {
     Field Fields(std::string_view name);
     /// A field by position, from 0. Throws DaoError 3265.
     Field Fields(std::size_t position);
+    /// Position of a field, without regard to case. Throws DaoError 3265.
+    std::size_t PositionOf(std::string_view name) const;
     std::size_t FieldCount() const { return columns_.size(); }
 
   private:

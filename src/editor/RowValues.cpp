@@ -1,0 +1,161 @@
+#include "editor/RowValues.h"
+
+#include "platform/basic/Format.h"
+#include "shell/Conversions.h"
+
+namespace tvx {
+namespace {
+
+constexpr int OptionDayTime = 1;
+constexpr int OptionDayWages = 2;
+constexpr int OptionWeekTime = 3;
+constexpr int OptionWeekWages = 4;
+constexpr int OptionId = 5;
+constexpr int OptionAssignment = 6;
+constexpr int OptionBothTimes = 7;
+constexpr int OptionBothWages = 8;
+constexpr int OptionDaysScheduled = 9;
+constexpr int OptionLaborType = 10;
+constexpr int OptionDepartment = 11;
+constexpr int OptionHireDate = 12;
+
+constexpr int FirstYearShown = 1900;
+constexpr ValueColours Overtime{QBColor(15), QBColor(12)};
+
+std::string TimeText(const GlobalState& g, int quarters) {
+    return QuartersToTextShort(quarters, g.application.Settings[setting::TimeFormat]);
+}
+
+std::string WageText(const GlobalState& g, int e, int quarters, const char* salaried) {
+    if (g.rights.HideWages) return "";
+    if (!g.roster.IsPaidByHour(e)) return salaried;
+    return Format(WagesForQuarters(g.roster, g.rights, e, quarters), ".00");
+}
+
+std::string HireText(const GlobalState& g, int e, const Region& region) {
+    const DateParts date = PartsOf(g.roster.RosterHireDate[e]);
+    if (date.year < FirstYearShown) return "";
+    return region.Names().months[date.month] + "-" + std::to_string(date.year);
+}
+
+ValueColours ColoursOf(int option) {
+    switch (option) {
+    case OptionDayTime:
+        return {QBColor(1), QBColor(15)};
+    case OptionDayWages:
+        return {QBColor(12), QBColor(15)};
+    case OptionWeekTime:
+        return {QBColor(1), Yellow};
+    case OptionWeekWages:
+        return {QBColor(12), Yellow};
+    case OptionDaysScheduled:
+        return {QBColor(0), LightBlue};
+    case OptionHireDate:
+        return {QBColor(2), LightGreen};
+    default:
+        return {QBColor(0), LightGreen};
+    }
+}
+
+/// Seven squares: a day on which time begins takes the colour of the bars.
+std::array<Colour, 8> DaySquares(const GlobalState& g, int e) {
+    const Colour bar = QBColor(g.roster.RosterBarColor[e]);
+    std::array<Colour, 8> squares;
+    squares.fill(bar == Silver ? QBColor(12) : Silver);
+    for (int b = 1; b <= g.week.BarCount[e]; ++b) {
+        const int day = g.week.BarStarts[e][b] / QuartersPerDay + 1;
+        if (day <= 7) squares[day] = bar;
+    }
+    return squares;
+}
+
+std::string SingleText(const GlobalState& g, int e, const Region& region) {
+    switch (g.grid.ShowOption) {
+    case OptionDayTime:
+        return TimeText(g, g.week.DayQuarters[e]);
+    case OptionDayWages:
+        return WageText(g, e, g.week.DayQuarters[e], "Salary ");
+    case OptionWeekTime:
+        return TimeText(g, g.week.WeekQuarters[e]);
+    case OptionWeekWages:
+        return WageText(g, e, g.week.WeekQuarters[e], "Salary ");
+    case OptionId:
+        return g.roster.RosterId[e];
+    case OptionAssignment:
+        return g.roster.RosterAssignment[e];
+    case OptionLaborType:
+        return g.roster.RosterLaborType[e];
+    case OptionDepartment:
+        return g.roster.AllDepartmentsMode ? g.roster.RosterDepName[e] : g.department.CurrentDepName;
+    case OptionHireDate:
+        return HireText(g, e, region);
+    default:
+        return "";
+    }
+}
+
+void FillPair(const GlobalState& g, int e, RowValues& values) {
+    values.pair = true;
+    values.align = Align::Right;
+    if (g.grid.ShowOption == OptionBothTimes) {
+        values.day = " " + TimeText(g, g.week.DayQuarters[e]);
+        values.week = " " + TimeText(g, g.week.WeekQuarters[e]);
+    } else {
+        values.day = WageText(g, e, g.week.DayQuarters[e], "Salary  ");
+        values.week = WageText(g, e, g.week.WeekQuarters[e], "Salary  ");
+    }
+    values.dayColours = IsOverDayLimit(g, e) ? Overtime : ValueColours{QBColor(0), QBColor(15)};
+    values.weekColours = IsOverWeekLimit(g, e) ? Overtime : ValueColours{QBColor(12), QBColor(14)};
+}
+
+} // namespace
+
+const std::array<ShowOptionText, 13>& ShowOptions() {
+    static const std::array<ShowOptionText, 13> options{{
+        {"", ""},
+        {"Day time", "Show Day time"},
+        {"Day wages", "Show Day wages"},
+        {"Week time", "Show Week time"},
+        {"Week wages", "Show Week wages"},
+        {" ID", "Show Id for employees"},
+        {"Assignment", "Show assignments"},
+        {"D/W time", "Show Day and Week time"},
+        {"D/W wages", "Show Day and Week wages"},
+        {"Days sched.", "Indicate on which days work is scheduled "},
+        {"Labor type", "Shows Labor type set in the Employee screen"},
+        {"Department", "Indicate on which days work is scheduled "},
+        {"Hire date", "Shows Month and Day of Hire"},
+    }};
+    return options;
+}
+
+bool CanShow(const GlobalState& g, int option) {
+    if (option < OptionDayTime || option > OptionHireDate) return false;
+    if (g.roster.AllDepartmentsMode) return option == OptionDepartment;
+    const bool money = option == OptionDayWages || option == OptionWeekWages || option == OptionBothWages;
+    return !(money && g.rights.HideWages);
+}
+
+void ChooseShowOption(GlobalState& g, int option) {
+    if (!CanShow(g, option)) return;
+    g.grid.PreviousShowOption = g.grid.ShowOption;
+    g.grid.ShowOption = option;
+}
+
+RowValues ShowRowValues(const GlobalState& g, int e, const Region& region) {
+    RowValues values;
+    const int option = g.grid.ShowOption;
+    if (option == OptionBothTimes || option == OptionBothWages) {
+        FillPair(g, e, values);
+        return values;
+    }
+    values.single = SingleText(g, e, region);
+    values.align = option <= OptionWeekWages ? Align::Right : Align::Left;
+    values.squares = option == OptionDaysScheduled;
+    if (values.squares) values.squareColours = DaySquares(g, e);
+    const bool overtime = option <= OptionWeekWages && (IsOverDayLimit(g, e) || IsOverWeekLimit(g, e));
+    values.singleColours = overtime ? Overtime : ColoursOf(option);
+    return values;
+}
+
+} // namespace tvx

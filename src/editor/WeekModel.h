@@ -1,0 +1,32 @@
+// The week of one employee as bars, and the string of quarters through which bars melt into one.
+#pragma once
+
+#include "shell/state/Week.h"
+
+namespace tvx {
+
+/// Empties the string of quarters.
+void ClearWeekGrid(Week& week);
+
+/// Marks the quarters from `start` up to, not including, `stop`. Times outside the eight days are cut off; a
+/// start at or after its stop marks nothing.
+void PaintWeekGrid(Week& week, WeekQuarter start, WeekQuarter stop);
+
+/// Reads the runs of marked quarters back as the bars of an employee, in order, 35 at most, into slots 1 on;
+/// the slots behind them are emptied. Returns their number, 0 when nothing is marked. Leaves `BarCount`
+/// alone.
+int ReadWeekGrid(Week& week, int employee);
+
+/// Marks all bars of an employee and takes them out of the slots, `BarCount` included: a ReadWeekGrid must
+/// follow.
+void BuildWeekGrid(Week& week, int employee);
+
+/// BuildWeekGrid and ReadWeekGrid: overlapping and touching bars become one, empty ones vanish.
+void MergeBars(Week& week, int employee);
+
+/// Takes out what lies on days off: a bar within such a day goes; a bar that reaches out of it on one side
+/// keeps that side; a bar that covers the day loses both sides. The day is midnight to midnight. The bars
+/// that stay are packed in order and merged.
+void CutBarsAgainstDaysOff(Week& week, int employee);
+
+} // namespace tvx

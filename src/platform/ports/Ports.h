@@ -1,0 +1,22 @@
+// Every port of a run, handed down together.
+#pragma once
+
+#include "platform/ports/Clock.h"
+#include "platform/ports/HelpViewer.h"
+#include "platform/ports/Prompt.h"
+#include "platform/ports/Region.h"
+#include "platform/ports/RunningInstance.h"
+#include "platform/ports/ScreenInfo.h"
+
+namespace tvx {
+
+struct Ports {
+    Prompt& prompt;
+    Clock& clock;
+    Region& region;
+    HelpViewer& help;
+    ScreenInfo& screen;
+    RunningInstance& instance;
+};
+
+} // namespace tvx

@@ -1,0 +1,20 @@
+#include "shell/state/Week.h"
+
+namespace tvx {
+
+void Week::Resize(int count) {
+    const auto size = static_cast<std::size_t>(count) + 1;
+    BarCount.assign(size, 0);
+    BarStarts.assign(size, {});
+    BarStops.assign(size, {});
+    DayLeftBar.assign(size, 0);
+    DayRightBar.assign(size, 0);
+    WeekQuarters.assign(size, 0);
+    DayQuarters.assign(size, 0);
+    for (auto& day : DayTypeText) day.assign(size, "");
+    for (auto& day : DayOffFlag) day.assign(size, false);
+    CurrentRow = 1;
+    CurrentEmployee = 0;
+}
+
+} // namespace tvx

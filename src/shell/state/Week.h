@@ -1,0 +1,76 @@
+// One week of the whole roster: bars, daytypes, days off, figures and memos.
+#pragma once
+
+#include "platform/basic/Twips.h"
+#include "shell/state/Roster.h"
+
+#include <array>
+#include <string>
+#include <vector>
+
+namespace tvx {
+
+constexpr int BarSlots = 36;     // slots of an employee's bars
+constexpr int MostBarsRead = 35; // bars that a merge gives back
+constexpr int MostBarsByMouse = 33;
+constexpr int DaysInSpan = 8; // day 8 is reached by a business day that ends after midnight
+
+struct Week {
+    // [0..EmployeeCount], element 0 empty.
+    std::vector<int> BarCount;
+    std::vector<std::array<WeekQuarter, BarSlots + 1>> BarStarts; // [employee][slot 1..36], ascending
+    std::vector<std::array<WeekQuarter, BarSlots + 1>> BarStops;  // [employee][slot 1..36], exclusive
+    std::vector<Twips> DayLeftBar;  // [employee], the anchored end of the bar being drawn, in week twips
+    std::vector<Twips> DayRightBar; // [employee], the end under the mouse; both 0 when nothing is drawn
+    std::vector<int> WeekQuarters;  // [employee], worked in the business week
+    std::vector<int> DayQuarters;   // [employee], worked on CurrentDay
+
+    std::array<std::vector<std::string>, DaysInSpan + 1> DayTypeText; // [day 1..8][employee]
+    std::array<std::vector<bool>, DaysInSpan + 1> DayOffFlag;         // [day 1..8][employee]
+
+    std::string WeekGrid; // 769 characters of working space; quarter p is character p, "X" is worked
+
+    DaySerial WeekStartJulian = 0; // day 1
+    DaySerial WeekEndJulian = 0;   // day 7
+    int CurrentDay = 1;            // 1 to 7
+    int CurrentRow = 1;            // row of the grid, from 1
+    int CurrentEmployee = 0;       // index into the roster
+    bool WeekChanged = false;
+    std::array<std::string, 8> WeekDateTexts; // [day 1..7]
+
+    std::array<double, 8> DailySales{};        // [day 1..7]
+    std::array<double, 8> DailyTransactions{}; // [day 1..7]
+    std::array<std::string, 8> DayMemoText;    // [day 1..7]
+    std::array<bool, 8> DayMemoFlag{};         // [day 1..7]
+    bool HasDepartmentFigures = false;         // some day has sales or transactions
+
+    /// Sizes every array for employees 0..count and empties it.
+    void Resize(int count);
+};
+
+/// What a running week adds up to.
+struct Totals {
+    long TotalDayQuarters = 0;
+    long TotalWeekQuarters = 0;
+    long WageDayQuarters = 0;
+    long WageWeekQuarters = 0;
+    long SalaryDayQuarters = 0;
+    long SalaryWeekQuarters = 0;
+    double TotalDayWages = 0;
+    double TotalWeekWages = 0;
+    double SalesTotal = 0;
+    double TransactionsTotal = 0;
+    int SalesDays = 0; // days with sales above 0
+};
+
+/// Which hours and money enter the ratios of sales, transactions and labor.
+struct Productivity {
+    bool SalesWageHours = true;
+    bool SalesSalaryHours = false;
+    bool TransWageHours = true;
+    bool TransSalaryHours = false;
+    bool LaborWages = true;
+    bool LaborSalary = false;
+};
+
+} // namespace tvx

@@ -1,0 +1,82 @@
+// A database of a test's own, and the one builder of departments of a realistic size.
+#pragma once
+
+#include "shell/TVXGLOB.h"
+#include "support/Scripted.h"
+#include "support/TempFolder.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace tvx::test {
+
+/// What a test says of an employee; the rest is made up.
+struct TestEmployee {
+    std::string lastName{};
+    std::string firstName{};
+    std::string pay = "10.00";
+    bool hourly = true;
+    std::string id{};
+    std::string assignment{};
+    bool active = true;
+    int barColor = 2;
+    int laborType = 0;
+    DaySerial hireDate = 0;
+    DaySerial birthDate = 0;
+    std::string availStart{}; // 28 bytes or ""
+    std::string availStop{};
+};
+
+/// The options under which tests open files. The program of tests runs a second time with
+/// TVX_TEST_REVERSED_ROWS set, which hands out rows without a stated order backwards.
+dao::EngineOptions TestEngineOptions();
+
+/// A program folder with an open database of the present schema, whose one row of options is filled with the
+/// defaults; a global state that stands on it; and scripted ports.
+class TestStore {
+  public:
+    TestStore();
+
+    /// Adds a department and makes it the current one. Returns its number.
+    int AddDepartment(const std::string& name, int firstWeekday = 100, int editorOrder = 1,
+                      int weekMethod = 3);
+    /// Adds an employee to the current department. Returns the key.
+    int AddEmployee(const TestEmployee& employee);
+    /// A department of `count` employees "Last001 First1" and so on, with mixed pay.
+    void AddPeople(int count);
+    /// Puts a row of `Day Schedule` as it stands in the file. `startsStops` are bytes.
+    void PutDay(DaySerial day, int employeeKey, const std::string& startsStops,
+                const std::string& dayType = "", bool vacation = false, const std::string& salaryMark = "W",
+                double rate = 10);
+    /// Fills weeks with believable shifts for everybody, from a printed seed.
+    void FillWeeks(DaySerial firstDay, int weeks, unsigned seed = 1);
+
+    /// Every row of `Day Schedule`, "day|employee|daytype|bytes as codes|hours|rate|mark|vacation", in order.
+    std::vector<std::string> Rows() const;
+
+    /// Builds the roster of the current department and sets up the grid, as the console does.
+    void OpenEditor();
+    /// OpenEditor, and the week that holds `date`.
+    void OpenWeek(DaySerial date);
+
+    TempFolder folder;
+    ScriptedPorts script;
+    ScriptedGauge gauge;
+    GlobalState g;
+
+    Ports& ports() { return script.ports; }
+    ScriptedPrompt& prompt() { return script.prompt; }
+    dao::Database& db() { return *g.store.Db; }
+};
+
+/// 14 bytes for work periods given as {start quarter, stop quarter} of a day.
+std::string StartsStops(const std::vector<std::pair<int, int>>& periods);
+
+/// The bars of an employee in memory.
+using BarList = std::vector<std::pair<int, int>>;
+BarList Bars(const GlobalState& g, int employee);
+/// Gives an employee these bars and brings all sums up to date.
+void SetBars(GlobalState& g, int employee, const BarList& bars);
+
+} // namespace tvx::test
