@@ -90,6 +90,16 @@ std::string HourText(const GlobalState& g, int hourOfDay) {
     return Trim(QuarterToClockText(hourOfDay * 4, g.application.Settings[setting::ClockStyle]));
 }
 
+/// Every how many hours a text has room: a divisor of the day.
+int HoursBetweenTexts(const GlobalState& g, const TextWidth& widthOf) {
+    constexpr Twips Gap = 90;
+    Twips widest = 0;
+    for (int hour = 0; hour < 24; ++hour) widest = std::max(widest, widthOf(HourText(g, hour)));
+    for (const int step : {1, 2, 3, 4})
+        if (widest + Gap <= step * 4 * g.grid.QuarterWidth) return step;
+    return 6;
+}
+
 /// Quarters from the left edge to the first full hour.
 int FirstHourColumn(const Grid& grid) {
     return (4 - grid.FirstQuarter % 4) % 4;
@@ -169,28 +179,23 @@ std::string DragTimeText(const GlobalState& g) {
     return clock(left) + " - " + clock(right);
 }
 
-void DrawAvailability(const GlobalState& g, Drawing& drawing) {
-    if (!g.grid.AvailabilityShown) return;
+void DrawAvailability(const GlobalState& g, int row, Drawing& drawing) {
     const Grid& grid = g.grid;
+    const int e = EmployeeOfRow(g, row);
+    if (!grid.AvailabilityShown || g.week.DayOffFlag[g.week.CurrentDay][e]) return;
     const DaySerial shown = g.week.WeekStartJulian + g.week.CurrentDay - 1;
     const int offset = Weekday(shown) * QuartersPerDay + grid.FirstQuarter - QuartersPerDay;
-    const int shownQuarters = grid.HoursShown * 4;
-    for (int row = 1; row <= grid.VisibleRows; ++row) {
-        const int e = EmployeeOfRow(g, row);
-        if (g.week.DayOffFlag[g.week.CurrentDay][e]) continue;
-        const Twips top = TopOfRow(grid, row);
-        for (int slot = 1; slot <= std::min(g.roster.AvailabilityCount[e], AvailabilitySlots); ++slot) {
-            const int start = g.roster.AvailabilityStarts[e][slot] - offset;
-            const int stop = g.roster.AvailabilityStops[e][slot] - offset;
-            if (g.roster.AvailabilityStops[e][slot] == 0 || stop <= 0 || start >= shownQuarters) continue;
-            Fill(drawing, grid, start * grid.QuarterWidth, top + 10, stop * grid.QuarterWidth, top + 30, Red);
-            Fill(drawing, grid, start * grid.QuarterWidth, top + 180, stop * grid.QuarterWidth, top + 200,
-                 Red);
-        }
+    const Twips top = TopOfRow(grid, row);
+    for (int slot = 1; slot <= std::min(g.roster.AvailabilityCount[e], AvailabilitySlots); ++slot) {
+        if (g.roster.AvailabilityStops[e][slot] == 0) continue; // left behind by a join
+        const Twips from = (g.roster.AvailabilityStarts[e][slot] - offset) * grid.QuarterWidth;
+        const Twips to = (g.roster.AvailabilityStops[e][slot] - offset) * grid.QuarterWidth;
+        Fill(drawing, grid, from, top + 10, to, top + 30, Red);
+        Fill(drawing, grid, from, top + 180, to, top + 200, Red);
     }
 }
 
-void DrawHourRuler(const GlobalState& g, Drawing& drawing) {
+void DrawHourRuler(const GlobalState& g, const TextWidth& widthOf, Drawing& drawing) {
     const Grid& grid = g.grid;
     constexpr Twips BandHeight = 280;
     constexpr Twips MidnightGap = 30;
@@ -198,8 +203,10 @@ void DrawHourRuler(const GlobalState& g, Drawing& drawing) {
     const bool parted = g.department.DayCutoffQuarters > 0;
     Fill(drawing, grid, 0, 0, parted ? boundary - MidnightGap : grid.GridWidth, BandHeight, QBColor(3));
     if (parted) Fill(drawing, grid, boundary + MidnightGap, 0, grid.GridWidth, BandHeight, QBColor(3));
+    const int step = HoursBetweenTexts(g, widthOf);
     for (int column = FirstHourColumn(grid); column <= grid.HoursShown * 4; column += 4) {
         const int hour = (grid.FirstQuarter + column) / 4 % 24;
+        if (hour % step != 0) continue;
         drawing.texts.push_back({column * grid.QuarterWidth, 40, HourText(g, hour), QBColor(15)});
     }
 }
@@ -216,8 +223,7 @@ void DrawTickMarks(const GlobalState& g, Drawing& drawing) {
     }
 }
 
-void DrawHeadcount(const GlobalState& g, const std::function<Twips(const std::string&)>& widthOf,
-                   Drawing& drawing) {
+void DrawHeadcount(const GlobalState& g, const TextWidth& widthOf, Drawing& drawing) {
     if (!g.grid.HeadcountShown) return;
     constexpr Twips RightMargin = 150;
     Fill(drawing, g.grid, 0, 240, g.grid.GridWidth, 480, QBColor(0));

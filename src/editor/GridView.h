@@ -73,11 +73,16 @@ std::optional<DrawnBox> DragGhost(const GlobalState& g);
 /// "9:00am -  5:00pm" of the bar that is being drawn, snapped to quarters.
 std::string DragTimeText(const GlobalState& g);
 
-/// Hours of absence of the visible rows, above and below their lanes; nothing while they are not shown.
-void DrawAvailability(const GlobalState& g, Drawing& drawing);
+/// Hours of absence of a visible row, above and below its lane; nothing while they are not shown, or on a day
+/// off.
+void DrawAvailability(const GlobalState& g, int row, Drawing& drawing);
 
-/// The ruler: its band, the hours' texts, and the ticks.
-void DrawHourRuler(const GlobalState& g, Drawing& drawing);
+/// Measures a text, in twips.
+using TextWidth = std::function<Twips(const std::string&)>;
+
+/// The ruler: its band, the hours' texts, and the ticks. Where hours are narrower than their texts, only
+/// every second, third, fourth or sixth is written.
+void DrawHourRuler(const GlobalState& g, const TextWidth& widthOf, Drawing& drawing);
 void DrawTickMarks(const GlobalState& g, Drawing& drawing);
 /// The band of the headcount under the hours; nothing while it is not shown. `widthOf` measures a text in the
 /// band's font, in twips: a figure that would stand out at the right is left away.

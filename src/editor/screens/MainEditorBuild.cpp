@@ -1,0 +1,283 @@
+// The controls of the Main Editor and where they stand.
+#include "editor/DaytypeBox.h"
+#include "editor/RowValues.h"
+#include "editor/screens/MainEditorForm.h"
+#include "platform/qt/FloodGauge.h"
+
+#include <QHBoxLayout>
+
+#include <algorithm>
+#include <array>
+
+namespace tvx::qt {
+namespace {
+
+constexpr Twips StripHeight = 420;
+constexpr Twips HeaderHeight = 525;
+constexpr Twips PanelHeight = 1200;
+constexpr Twips RulerTop = GridTop - RulerHeight;
+constexpr Twips BoxWidth = 350;
+constexpr Twips BoxHeight = 255;
+constexpr Twips GaugeLeft = 3448;
+constexpr Twips GaugeTop = 45;
+constexpr Twips GaugeWidth = 1100;
+constexpr double RowPoints = 8.25;
+
+/// Columns left of the grid: the name, the value, the daytype box at the grid's edge. Two values need more
+/// room than one, which a narrow screen takes from the names.
+struct LeftColumns {
+    Twips nameLeft = 60;
+    Twips valueLeft = 0;
+    Twips valueWidth = 0;
+    Twips boxLeft = 0;
+
+    LeftColumns(const Grid& grid, bool pair)
+        : valueWidth(std::max(pair ? 1240 : 840, grid.GridLeft * 28 / 100)),
+          boxLeft(grid.GridLeft - BoxWidth) {
+        valueLeft = boxLeft - valueWidth - 30;
+    }
+    Twips NameWidth() const { return valueLeft - nameLeft - 30; }
+};
+
+bool ShowsPair(const Grid& grid) {
+    return grid.ShowOption == 7 || grid.ShowOption == 8;
+}
+
+QFont RowFont(const QWidget& widget) {
+    QFont font = widget.font();
+    font.setPointSizeF(RowPoints);
+    return font;
+}
+
+} // namespace
+
+void MainEditorForm::BuildMenus() {
+    menus_ = std::make_unique<MenuRenderer<MenuBar>>(
+        Menus(), menuModel_, Guarded([this](const std::string& entry) { Choose(entry); }));
+}
+
+LabelButton& MainEditorForm::AddTool(const char* name, int index, const std::string& caption,
+                                     const std::string& tip, Twips left, Twips width) {
+    const std::string whole = index < 0 ? name : std::string(name) + "(" + std::to_string(index) + ")";
+    auto& tool = Add<LabelButton>(whole.c_str(), tip, strip_);
+    tool.setText(ToQString(caption));
+    tool.setToolTip(ToQString(tip));
+    Place(tool, left, 45, width, StripHeight - 90);
+    return tool;
+}
+
+void MainEditorForm::BuildToolStrip(QWidget& strip) {
+    strip.setFixedHeight(Pixels(StripHeight));
+    Label7.Put(0, AddTool("Label7", 0, "\u25C4 Week", "Previous week", 60, 860));
+    Label7.Put(1, AddTool("Label7", 1, "Week \u25BA", "Next week", 940, 860));
+    Label7.Put(2, AddTool("Label7", 2, "Load", "Load week", 1820, 740));
+    Label8 = &AddTool("Label8", -1, "Save", "Save current week", 2580, 800);
+    auto& panel = Add<FloodPanel>("Gauge", "Saving", &strip);
+    Place(panel, GaugeLeft, GaugeTop, GaugeWidth, StripHeight - 2 * GaugeTop);
+    gauge_ = std::make_unique<FloodGauge>(panel);
+    Label12 = &AddTool("Label12", -1, "Totals", "Weekly hours and compensation totals", 4620, 840);
+    Label16 = &AddTool("Label16", -1, "Chart", "Day graph, bars only", 5480, 780);
+    Label17 = &AddTool("Label17", -1, "Day graph", "Day graph", 6280, 1080);
+    Label18 = &AddTool("Label18", -1, "Availability", "Show availability", 7380, 1180);
+    Label25 = &AddTool("Label25", -1, "Headcount", "Show headcount", 8580, 1180);
+    Label19 = &AddTool("Label19", -1, "Productivity", "Sales and transactions", 9780, 1220);
+    Label13 = &AddTool("Label13", -1, "Close", "Back to the console", 11020, 840);
+    // Their screens do not exist yet.
+    for (LabelButton* waiting : {&Label7[2], Label16, Label17, Label19}) waiting->setEnabled(false);
+}
+
+void MainEditorForm::BuildHeader(QWidget& band) {
+    band.setFixedHeight(Pixels(HeaderHeight));
+    pctWeekday = &Add<DayHeaderBar>("pctWeekday", "Days of the week", &band);
+    Place(*pctWeekday, g_.grid.GridLeft, 0, g_.grid.GridWidth, HeaderHeight);
+    pctWeekday->onDay = Guarded([this](int day) { ChooseDay(day); });
+    auto& department = Add<Label>("Label26", "Department", &band);
+    QFont bold = department.font();
+    bold.setBold(true);
+    department.setFont(bold);
+    department.SetText(g_.department.CurrentDepName);
+    department.SetAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    Place(department, 60, 0, g_.grid.GridLeft - 120, HeaderHeight);
+}
+
+void MainEditorForm::BuildSheet(QWidget& sheet) {
+    const Grid& grid = g_.grid;
+    sheet.setMinimumHeight(Pixels(GridTop + grid.GridHeight));
+    BuildEndsOfDay(sheet);
+    Picture2 = &Add<PictureBox>("Picture2", "Hours of the day", &sheet);
+    Place(*Picture2, grid.GridLeft - 2 * grid.QuarterWidth, RulerTop, grid.GridWidth + 4 * grid.QuarterWidth,
+          RulerHeight);
+    Picture2->setFont(RowFont(*Picture2));
+    Picture1 = &Add<TimeGrid>("Picture1", "Time bars", &sheet, g_);
+    Place(*Picture1, grid.GridLeft, GridTop, grid.GridWidth, grid.GridHeight);
+    Picture1->setFont(RowFont(*Picture1));
+    VScroll1 = &Add<QScrollBar>("VScroll1", "Rows", &sheet, Qt::Vertical);
+    Place(*VScroll1, grid.GridLeft + grid.GridWidth, GridTop, 240, grid.GridHeight);
+    VScroll1->setRange(0, std::max(0, g_.roster.EmployeeCount - grid.RowCapacity));
+    VScroll1->setPageStep(grid.RowCapacity);
+    VScroll1->setVisible(grid.RowCapacity < g_.roster.EmployeeCount);
+    BuildRows(sheet);
+}
+
+void MainEditorForm::BuildEndsOfDay(QWidget& sheet) {
+    const Grid& grid = g_.grid;
+    constexpr Twips JumpWidth = 840;
+    const auto jump = [&](const char* name, const char* tip, Twips left) {
+        auto& button = Add<LabelButton>(name, tip, &sheet);
+        button.setText(ToQString(EndOfDayCaption(g_)));
+        button.setToolTip(QLatin1String(tip));
+        button.setFont(RowFont(button));
+        Place(button, left, 0, JumpWidth, 225);
+        return &button;
+    };
+    Label21 = jump("Label21", "Shift schedules left", grid.GridLeft);
+    Label22 = jump("Label22", "Shift schedules right", grid.GridLeft + grid.GridWidth - JumpWidth);
+    HScroll1 = &Add<QScrollBar>("HScroll1", "Hours", &sheet, Qt::Horizontal);
+    Place(*HScroll1, grid.GridLeft + JumpWidth + 30, 0, grid.GridWidth - 2 * JumpWidth - 60, 225);
+    HScroll1->setRange(grid.MinFirstQuarter, grid.MaxFirstQuarter);
+    HScroll1->setSingleStep(4);
+    HScroll1->setPageStep(grid.HoursShown * 4);
+    HScroll1->setValue(grid.FirstQuarter);
+    HScroll1->setVisible(grid.HoursShown < 24);
+}
+
+void MainEditorForm::BuildRows(QWidget& sheet) {
+    listHead_ = &Add<Label>("Label27", "", &sheet);
+    listHead_->SetText(g_.department.EmployeeNamePlural);
+    valueHead_ = &Add<Label>("Label28", "", &sheet);
+    valueHead_->SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    Label20 = &Add<LabelButton>("Label20", "First or last page", &sheet);
+    Label20->setText(QStringLiteral("Last page"));
+    Label20->setFont(RowFont(*Label20));
+    Place(*Label20, 60, 0, 1000, 225);
+    Label20->setVisible(g_.grid.RowCapacity < g_.roster.EmployeeCount);
+    dragTime_ = &Add<Label>("Label31", "Time of the bar", &sheet);
+    QFont large = dragTime_->font();
+    large.setPointSizeF(11);
+    large.setBold(true);
+    dragTime_->setFont(large);
+    Place(*dragTime_, 60, 240, g_.grid.GridLeft - 2 * g_.grid.QuarterWidth - 60, 300);
+    for (int row = 1; row <= g_.grid.VisibleRows; ++row) BuildRow(sheet, row);
+    PlaceColumns();
+}
+
+void MainEditorForm::PlaceColumns() {
+    const LeftColumns columns(g_.grid, ShowsPair(g_.grid));
+    const Twips half = columns.valueWidth / 2;
+    Place(*listHead_, columns.nameLeft, GridTop - 285, columns.NameWidth(), 270);
+    Place(*valueHead_, columns.valueLeft, GridTop - 285, columns.valueWidth, 270);
+    for (int row = 1; row <= g_.grid.VisibleRows; ++row) {
+        const Twips top = GridTop + TopOfRow(g_.grid, row);
+        Place(Label9[row], columns.nameLeft, top, columns.NameWidth(), 225);
+        Place(Label10[row], columns.valueLeft, top, columns.valueWidth, 225);
+        Place(Label23[row], columns.valueLeft, top, half - 15, 225);
+        Place(Label24[row], columns.valueLeft + half, top, half, 225);
+        Place(squares_[row], columns.valueLeft, top, columns.valueWidth, 225);
+        Place(Text1[row], columns.boxLeft, top, BoxWidth, BoxHeight);
+    }
+}
+
+void MainEditorForm::BuildRow(QWidget& sheet, int row) {
+    const QFont font = RowFont(sheet);
+    Label& name = Add(Label9, "Label9", row, "", &sheet);
+    name.setToolTip(ToQString("Show entire week schedule - Right click for " +
+                              g_.department.DayOffNamePlural + " calendar"));
+    name.onHover = [=, this] { HighlightRow(row); };
+    name.onPress = [=, this](Qt::MouseButton) {
+        g_.week.CurrentRow = row;
+        g_.week.CurrentEmployee = EmployeeOfRow(g_, row);
+    };
+    Label& value = Add(Label10, "Label10", row, "", &sheet);
+    Label& day = Add(Label23, "Label23", row, "", &sheet);
+    Label& week = Add(Label24, "Label24", row, "", &sheet);
+    PictureBox& days = Add(squares_, "squares", row, "", &sheet);
+    days.onPaint = [=, this](QPainter& painter, const QRegion&) { PaintSquares(painter, row); };
+    TextBox& box = Add(Text1, "Text1", row, "", &sheet);
+    box.setFrame(false);
+    box.setMaxLength(2);
+    box.setAlignment(Qt::AlignCenter);
+    box.SetFocusColours(Yellow, LightBlue);
+    box.setVisible(!g_.roster.AllDepartmentsMode);
+    for (QWidget* part : std::initializer_list<QWidget*>{&name, &value, &day, &week, &box})
+        part->setFont(font);
+    ConnectDaytypeBox(row);
+}
+
+void MainEditorForm::BuildSidePanel(QWidget& panel) {
+    panel.setFixedHeight(Pixels(PanelHeight));
+    BuildOptions(panel);
+    BuildTotals(panel);
+}
+
+void MainEditorForm::BuildOptions(QWidget& panel) {
+    const auto& options = ShowOptions();
+    const Twips width = (g_.screen.ScreenWidth - 120) / 12;
+    for (int option = 1; option <= 12; ++option) {
+        LabelButton& button = Add(Label4, "Label4", option, options[option].tooltip, &panel);
+        button.setText(QLatin1String(options[option].caption));
+        button.setToolTip(QLatin1String(options[option].tooltip));
+        button.setFont(RowFont(button));
+        button.setCheckable(true);
+        button.setEnabled(CanShow(g_, option));
+        Place(button, 60 + (option - 1) * width, 60, width - 30, 300);
+        On(button, &QPushButton::clicked, [=, this] { ChooseOption(option); });
+    }
+}
+
+void MainEditorForm::BuildTotals(QWidget& panel) {
+    constexpr Twips top = 420;
+    constexpr Twips line = 240;
+    const auto right = Qt::AlignRight | Qt::AlignVCenter;
+    const auto place = [&](Label& label, Twips left, int row, Twips width, const std::string& text) {
+        label.SetText(text);
+        label.SetAlignment(right);
+        Place(label, left, top + row * line, width, line);
+    };
+    place(Add<Label>("Label29", "", &panel), 700, 0, 900, "Time");
+    Label& wagesHead = Add<Label>("Label30", "", &panel);
+    place(wagesHead, 1700, 0, 1200, "Wages");
+    wagesHead.setVisible(!g_.rights.HideWages);
+    constexpr std::array<const char*, 2> spans{" Day", " Wk"};
+    constexpr std::array<const char*, 2> spanNames{"Day", "Week"};
+    constexpr std::array<const char*, 3> figures{"Labor %", "Sales/hrs", "Trans/hrs"};
+    for (int span = 0; span < 2; ++span) {
+        const std::string spoken = spanNames[span];
+        place(Add(Label14, "Label14", span, "", &panel), 60, span + 1, 560, spans[span]);
+        place(Add(Label15, "Label15", span, spoken + " time", &panel), 700, span + 1, 900, "");
+        place(Add(Label15, "Label15", span + 2, spoken + " wages", &panel), 1700, span + 1, 1200, "");
+        place(Add(Label5, "Label5", span, "", &panel), 3300, span + 1, 560, spans[span]);
+        for (int f = 0; f < 3; ++f)
+            place(Add(Label1, "Label1", span * 3 + f, spoken + " " + figures[f], &panel), 3900 + f * 1150,
+                  span + 1, 1050, "");
+    }
+    for (int f = 0; f < 3; ++f)
+        place(Add(Label1, "Label1", 6 + f, "", &panel), 3900 + f * 1150, 0, 1050, figures[f]);
+}
+
+void MainEditorForm::HideForAllDepartments() {
+    if (!g_.roster.AllDepartmentsMode) return;
+    pctWeekday->HideMemos();
+    for (const auto& [option, button] : Label4) button->setVisible(option == 11);
+    const Twips left = ToTwips(Label12->x());
+    for (LabelButton* gone : {Label16, Label17, Label12, Label19}) gone->hide();
+    Place(*Label18, left, 45, 1180, StripHeight - 90);
+    Place(*Label25, left + 1200, 45, 1180, StripHeight - 90);
+}
+
+void MainEditorForm::ConnectTools() {
+    On(Label7[0], &QPushButton::clicked, [this] { GoToWeek(-1); });
+    On(Label7[1], &QPushButton::clicked, [this] { GoToWeek(1); });
+    On(*Label8, &QPushButton::clicked, [this] { Save(); });
+    On(*Label12, &QPushButton::clicked, [this] { ShowTotalsBox(); });
+    On(*Label13, &QPushButton::clicked, [this] { LeaveEditor(); });
+    On(*Label18, &QPushButton::clicked, [this] { ToggleAvailability(); });
+    On(*Label25, &QPushButton::clicked, [this] { ToggleHeadcount(); });
+    On(*Label20, &QPushButton::clicked,
+       [this] { VScroll1->setValue(VScroll1->value() == 0 ? VScroll1->maximum() : 0); });
+    On(*Label21, &QPushButton::clicked, [this] { HScroll1->setValue(HScroll1->minimum()); });
+    On(*Label22, &QPushButton::clicked, [this] { HScroll1->setValue(HScroll1->maximum()); });
+    On(*HScroll1, &QScrollBar::valueChanged, [this](int value) { ScrollDay(value); });
+    On(*VScroll1, &QScrollBar::valueChanged, [this](int value) { ScrollRows(value); });
+}
+
+} // namespace tvx::qt

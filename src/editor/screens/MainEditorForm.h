@@ -1,0 +1,135 @@
+// The Main Editor: a department's week, one day at a time, as bars on a grid of quarter-hours.
+#pragma once
+
+#include "editor/BarDrag.h"
+#include "editor/screens/DayHeader.h"
+#include "editor/screens/TimeGrid.h"
+#include "platform/ports/Gauge.h"
+#include "platform/qt/Form.h"
+#include "platform/qt/MenuRenderer.h"
+#include "shell/MenuBar.h"
+
+#include <QScrollBar>
+
+#include <memory>
+
+namespace tvx::qt {
+
+class MainEditorForm : public Form {
+    Q_OBJECT
+  public:
+    /// Needs the roster of the current department.
+    MainEditorForm(GlobalState& g, Ports& ports, Form* owner);
+    ~MainEditorForm() override;
+
+    /// Redraws header, ruler and lanes after the day or the week has changed, and sums the day.
+    void SelectDay();
+
+  protected:
+    void Activated() override;
+    bool MayUnload() override;
+    void changeEvent(QEvent* event) override;
+
+  private:
+    // building
+    void LoadLists();
+    void BuildMenus();
+    void BuildToolStrip(QWidget& strip);
+    LabelButton& AddTool(const char* name, int index, const std::string& caption, const std::string& tip,
+                         Twips left, Twips width);
+    void BuildHeader(QWidget& band);
+    void BuildSheet(QWidget& sheet);
+    void BuildEndsOfDay(QWidget& sheet);
+    void BuildRows(QWidget& sheet);
+    void BuildRow(QWidget& sheet, int row);
+    void PlaceColumns();
+    void BuildSidePanel(QWidget& panel);
+    void BuildOptions(QWidget& panel);
+    void BuildTotals(QWidget& panel);
+    void ConnectTools();
+    void ConnectGrid();
+    void ConnectDaytypeBox(int row);
+    void HideForAllDepartments();
+
+    // commands
+    void Choose(const std::string& entry);
+    void Save();
+    void GoToWeek(int direction);
+    void LeaveEditor();
+    void ChooseDay(int day);
+    void ChooseOption(int option);
+    void ToggleAvailability();
+    void ToggleHeadcount();
+    void ShowTotalsBox();
+    void ScrollDay(int value);
+    void ScrollRows(int value);
+
+    // showing
+    void ShowTitle();
+    void ShowHeader();
+    void ShowRows();
+    void ShowRow(int row);
+    void ShowRowValue(int row);
+    void ShowTotals();
+    void ShowSelectedOption();
+    void ShowRuler();
+    void HighlightRow(int row);
+    void ShowToggles();
+    void ShowMenus();
+    void PaintRuler(QPainter& painter) const;
+    void PaintMarker(QPainter& painter) const;
+    void PaintSquares(QPainter& painter, int row) const;
+
+    // the grid
+    void Follow(const GridChange& change);
+    void OpenLineMenu();
+    void FocusRow(int row);
+    int TypeInto(int row, int code);
+
+    GlobalState& g_;
+    MenuBar menuModel_;
+    BarDrag drag_;
+    std::unique_ptr<MenuRenderer<MenuBar>> menus_;
+    std::unique_ptr<Gauge> gauge_;
+
+    QWidget* strip_ = nullptr;
+    QWidget* sheet_ = nullptr;
+    DayHeaderBar* pctWeekday = nullptr;
+    TimeGrid* Picture1 = nullptr;      // the lanes
+    PictureBox* Picture2 = nullptr;    // the ruler, with the headcount under it
+    QScrollBar* HScroll1 = nullptr;    // quarters
+    QScrollBar* VScroll1 = nullptr;    // rows
+    Label* listHead_ = nullptr;        // over the names
+    Label* valueHead_ = nullptr;       // over the values
+    ControlArray<LabelButton> Label7;  // 0 previous week, 1 next week, 2 load week
+    LabelButton* Label8 = nullptr;     // save
+    LabelButton* Label12 = nullptr;    // totals box
+    LabelButton* Label13 = nullptr;    // back to the console
+    LabelButton* Label16 = nullptr;    // day graph, narrow
+    LabelButton* Label17 = nullptr;    // day graph, full
+    LabelButton* Label18 = nullptr;    // availability
+    LabelButton* Label19 = nullptr;    // productivity
+    LabelButton* Label25 = nullptr;    // headcount
+    LabelButton* Label20 = nullptr;    // first or last page
+    LabelButton* Label21 = nullptr;    // to the start of the day
+    LabelButton* Label22 = nullptr;    // to the end of the day
+    ControlArray<Label> Label9;        // [row], names
+    ControlArray<Label> Label10;       // [row], values
+    ControlArray<Label> Label23;       // [row], day values of a pair
+    ControlArray<Label> Label24;       // [row], week values of a pair
+    ControlArray<TextBox> Text1;       // [row], daytypes
+    ControlArray<PictureBox> squares_; // [row], days with time
+    ControlArray<LabelButton> Label4;  // [1..12], options of the value column
+    ControlArray<Label> Label14;       // 0 " Day", 1 " Wk"
+    ControlArray<Label> Label15;       // 0 day time, 1 week time, 2 day wages, 3 week wages
+    ControlArray<Label> Label1;        // 0..2 day, 3..5 week: labor, sales, transactions; 6..8 their captions
+    ControlArray<Label> Label5;        // 0 and 1: day and week beside the labor figures
+    Label* dragTime_ = nullptr;        // times of the bar under the mouse
+
+    Twips markerX_ = -1;  // of the ruler's marker, grid twips; below 0 it is hidden
+    int highlighted_ = 0; // row whose name is lit
+    bool firstActivation_ = true;
+    bool scrollLock_ = false; // a scroll bar is being set by the program
+};
+
+} // namespace tvx::qt

@@ -1,0 +1,160 @@
+// What the Main Editor shows: names, values, totals, header and ruler.
+#include "editor/EditorMenus.h"
+#include "editor/RowValues.h"
+#include "editor/screens/MainEditorForm.h"
+#include "editor/screens/PaintDrawing.h"
+
+#include <QPainter>
+#include <QPainterPath>
+
+namespace tvx::qt {
+namespace {
+
+constexpr Twips SquareStep = 75;
+constexpr Twips SquareWidth = 60;
+constexpr double HeadcountPoints = 6;
+
+} // namespace
+
+void MainEditorForm::ShowTitle() {
+    setWindowTitle(ToQString(EditorTitle(g_)));
+}
+
+void MainEditorForm::ShowHeader() {
+    pctWeekday->Show(DayHeader(g_, ports_.region, pctWeekday->IsWide()));
+    for (int d = 1; d <= 7; ++d)
+        if (g_.week.DayMemoFlag[d]) pctWeekday->imMemo[d].setToolTip(ToQString(g_.week.DayMemoText[d]));
+}
+
+void MainEditorForm::ShowMenus() {
+    UpdateEditorMenus(g_, menuModel_);
+    menus_->Show(menuModel_);
+    Label8->setEnabled(g_.rights.SchedulingAllowed);
+}
+
+void MainEditorForm::ShowRows() {
+    for (int row = 1; row <= g_.grid.VisibleRows; ++row) ShowRow(row);
+}
+
+void MainEditorForm::ShowRow(int row) {
+    const int e = EmployeeOfRow(g_, row);
+    const std::string name = g_.roster.RosterName1[e] + " " + g_.roster.RosterName2[e];
+    Label9[row].SetText(name);
+    const bool lit = row == highlighted_;
+    Label9[row].SetColours(QBColor(lit ? 15 : 0), lit ? QBColor(9) : LightBlue);
+    Text1[row].SetText(g_.week.DayTypeText[g_.week.CurrentDay][e]);
+    Text1[row].setAccessibleName(ToQString("Daytype of " + name));
+    ShowRowValue(row);
+}
+
+void MainEditorForm::ShowRowValue(int row) {
+    const RowValues values = ShowRowValues(g_, EmployeeOfRow(g_, row), ports_.region);
+    const auto show = [&](Label& label, const std::string& text, const ValueColours& colours) {
+        label.SetText(text);
+        label.SetColours(colours.text, colours.back);
+        label.SetAlignment((values.align == Align::Right ? Qt::AlignRight : Qt::AlignLeft) |
+                           Qt::AlignVCenter);
+    };
+    Label10[row].setVisible(!values.pair && !values.squares);
+    Label23[row].setVisible(values.pair);
+    Label24[row].setVisible(values.pair);
+    squares_[row].setVisible(values.squares);
+    if (values.pair) {
+        show(Label23[row], values.day, values.dayColours);
+        show(Label24[row], values.week, values.weekColours);
+    } else if (values.squares) {
+        squares_[row].update();
+    } else {
+        show(Label10[row], values.single, values.singleColours);
+    }
+}
+
+void MainEditorForm::PaintSquares(QPainter& painter, int row) const {
+    const RowValues values = ShowRowValues(g_, EmployeeOfRow(g_, row), ports_.region);
+    painter.fillRect(squares_[row].rect(), ToColor(LightBlue));
+    for (int d = 1; d <= 7; ++d) {
+        const Twips left = d * SquareStep;
+        painter.fillRect(SharpRect({left, 50, left + SquareWidth, 180}, *painter.device()),
+                         ToColor(values.squareColours[d]));
+    }
+}
+
+void MainEditorForm::ShowTotals() {
+    const auto totals = TotalsTexts(g_);
+    for (int i = 0; i < 4; ++i) Label15[i].SetText(totals[i]);
+    const bool figures = g_.week.HasDepartmentFigures;
+    if (figures) {
+        const auto texts = ProductivityTexts(g_);
+        for (int i = 0; i < 6; ++i) Label1[i].SetText(texts[i]);
+    }
+    for (const auto& [index, label] : Label1) label->setVisible(figures);
+    for (const auto& [index, label] : Label5) label->setVisible(figures);
+}
+
+void MainEditorForm::ShowSelectedOption() {
+    for (const auto& [option, button] : Label4) button->setChecked(option == g_.grid.ShowOption);
+    valueHead_->SetText(ShowOptions()[g_.grid.ShowOption].caption);
+    PlaceColumns();
+    for (int row = 1; row <= g_.grid.VisibleRows; ++row) ShowRowValue(row);
+}
+
+void MainEditorForm::ShowToggles() {
+    Label18->SetColours(QBColor(0), g_.grid.AvailabilityShown ? QBColor(14) : QBColor(15));
+    Label25->SetColours(QBColor(0), g_.grid.HeadcountShown ? QBColor(14) : QBColor(15));
+}
+
+void MainEditorForm::ShowRuler() {
+    Picture2->update();
+}
+
+void MainEditorForm::HighlightRow(int row) {
+    if (row == highlighted_) return;
+    const int before = highlighted_;
+    highlighted_ = row;
+    for (const int changed : {before, row})
+        if (Label9.Has(changed)) {
+            const bool lit = changed == row;
+            Label9[changed].SetColours(QBColor(lit ? 15 : 0), lit ? QBColor(9) : LightBlue);
+        }
+}
+
+void MainEditorForm::PaintRuler(QPainter& painter) const {
+    // The ruler is two quarters wider than the grid on both sides, so that the texts at its ends are whole.
+    const TwipsPoint origin{2 * g_.grid.QuarterWidth, 0};
+    painter.fillRect(Picture2->rect(), ToColor(QBColor(8)));
+    const auto measure = [&](const QFont& font) {
+        return [metrics = QFontMetrics(font, painter.device())](const std::string& text) {
+            return ToTwips(metrics.horizontalAdvance(ToQString(text)));
+        };
+    };
+    Drawing ruler;
+    DrawHourRuler(g_, measure(painter.font()), ruler);
+    PaintDrawing(painter, ruler, origin);
+    QFont small = painter.font();
+    small.setPointSizeF(HeadcountPoints);
+    Drawing headcount;
+    DrawHeadcount(g_, measure(small), headcount);
+    painter.save();
+    painter.setFont(small);
+    PaintDrawing(painter, headcount, origin);
+    painter.restore();
+    Drawing ticks;
+    DrawTickMarks(g_, ticks);
+    PaintDrawing(painter, ticks, origin);
+    PaintMarker(painter);
+}
+
+/// The mark that follows the mouse along the ruler.
+void MainEditorForm::PaintMarker(QPainter& painter) const {
+    if (markerX_ < 0) return;
+    const double x = Pixels(markerX_ + 2 * g_.grid.QuarterWidth);
+    const double bottom = Picture2->height();
+    painter.setRenderHint(QPainter::Antialiasing);
+    QPainterPath arrow(QPointF(x, bottom));
+    arrow.lineTo(x - 5, bottom - 9);
+    arrow.lineTo(x + 5, bottom - 9);
+    arrow.closeSubpath();
+    painter.fillPath(arrow, ToColor(QBColor(12)));
+}
+
+} // namespace tvx::qt

@@ -1,0 +1,22 @@
+// The small window with the hours and the money of the whole week.
+#pragma once
+
+#include "editor/Totals.h"
+#include "platform/qt/Form.h"
+
+namespace tvx::qt {
+
+class TotalsForm : public Form {
+    Q_OBJECT
+  public:
+    TotalsForm(const GlobalState& g, Ports& ports, Form* owner);
+
+  private:
+    void PlaceControls(const TotalsBox& box);
+
+    ControlArray<Label> Label2; // 1 wages, 2 salaries, 3 both
+    ControlArray<Label> Label3; // 1 hours on wages, 2 hours on salary, 3 both
+    QPushButton* cmdCancel = nullptr;
+};
+
+} // namespace tvx::qt

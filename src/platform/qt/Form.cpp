@@ -1,0 +1,106 @@
+#include "platform/qt/Form.h"
+
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QEventLoop>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QScreen>
+#include <QVBoxLayout>
+
+namespace tvx::qt {
+
+Form::Form(Ports& ports, const char* designerName, Form* owner)
+    : QWidget(owner, Qt::Window), ports_(ports), owner_(owner), face_(new QWidget(this)) {
+    setObjectName(QLatin1String(designerName));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(face_, 1);
+}
+
+Form::~Form() = default;
+
+QMenuBar& Form::Menus() {
+    if (menus_ == nullptr) {
+        menus_ = new QMenuBar(this);
+        layout()->setMenuBar(menus_);
+    }
+    return *menus_;
+}
+
+void Form::Name(QWidget& control, const char* name, const std::string& accessible) {
+    control.setObjectName(QString::fromUtf8(name));
+    if (!accessible.empty()) control.setAccessibleName(ToQString(accessible));
+}
+
+void Form::Place(QWidget& control, Twips left, Twips top, Twips width, Twips height) {
+    control.setGeometry(
+        QRect(QPoint(Pixels(left), Pixels(top)), QPoint(Pixels(left + width) - 1, Pixels(top + height) - 1)));
+}
+
+void Form::CenterForm() {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    move(screen.left() + (screen.width() - frameGeometry().width()) / 2,
+         screen.top() + (screen.height() - frameGeometry().height()) / 2);
+}
+
+void Form::Activate() {
+    Guarded([this] { Activated(); })();
+}
+
+void Form::ShowModeless() {
+    unloading_ = false;
+    show();
+    raise();
+    activateWindow();
+    Activate();
+}
+
+void Form::ShowModal() {
+    QEventLoop loop;
+    modalLoop_ = &loop;
+    setWindowModality(Qt::ApplicationModal);
+    ShowModeless();
+    // The activation itself may have unloaded the form.
+    if (modalLoop_ != nullptr) loop.exec();
+    if (owner_ == nullptr) return;
+    owner_->activateWindow();
+    owner_->Activate();
+}
+
+void Form::Unload() {
+    unloading_ = true;
+    close();
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+    const bool leave = unloading_ || Guarded([this] { return MayUnload(); })();
+    event->setAccepted(leave);
+}
+
+void Form::hideEvent(QHideEvent* event) {
+    QWidget::hideEvent(event);
+    if (modalLoop_ == nullptr || event->spontaneous()) return;
+    QEventLoop* loop = std::exchange(modalLoop_, nullptr);
+    loop->quit();
+}
+
+void Form::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    QAbstractButton* button = enter                            ? defaultButton_
+                              : event->key() == Qt::Key_Escape ? cancelButton_
+                                                               : nullptr;
+    if (button != nullptr && button->isEnabled() && button->isVisible())
+        button->click();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+void Form::TellTrouble(const std::exception& trouble) {
+    ports_.prompt.MousePointer(Pointer::Default);
+    ports_.prompt.MsgBox(trouble.what(), box::Stop, "Tarvex");
+}
+
+} // namespace tvx::qt

@@ -1,0 +1,90 @@
+// The ports on the desktop.
+#pragma once
+
+#include "platform/ports/Ports.h"
+
+#include <QApplication>
+#include <QLocale>
+#include <QLockFile>
+#include <QPointer>
+
+#include <filesystem>
+#include <memory>
+
+class QTextBrowser;
+
+namespace tvx::qt {
+
+class QtPrompt : public Prompt {
+  public:
+    Answer MsgBox(const std::string& text, int style, const std::string& title) override;
+    std::optional<std::filesystem::path> OpenDialog(const FileRequest& request) override;
+    std::optional<std::filesystem::path> SaveDialog(const FileRequest& request) override;
+    std::optional<FontChoice> FontDialog(const FontChoice& present, const std::string& title) override;
+    void Beep() override;
+    void MousePointer(Pointer shape) override;
+    void DoEvents() override;
+
+  private:
+    bool overridden_ = false;
+};
+
+class QtClock : public Clock {
+  public:
+    DaySerial Today() const override;
+    int SecondOfDay() const override;
+    double Timer() const override;
+};
+
+/// The desktop's country and language; the plain "C" setting counts as United States English.
+class QtRegion : public Region {
+  public:
+    explicit QtRegion(const QLocale& locale = QLocale::system());
+    const CalendarNames& Names() const override { return names_; }
+    DateOrder ShortDateOrder() const override { return order_; }
+    std::string ShortDate(DaySerial serial) const override;
+    std::string LongDate(DaySerial serial) const override;
+
+  private:
+    QLocale locale_;
+    CalendarNames names_;
+    DateOrder order_;
+};
+
+/// The main screen without the desktop's bars.
+class QtScreen : public ScreenInfo {
+  public:
+    Twips Width() const override;
+    Twips Height() const override;
+};
+
+/// One run for each program folder and user.
+class QtInstance : public RunningInstance {
+  public:
+    explicit QtInstance(const std::filesystem::path& programFolder);
+    bool Claim() override;
+
+  private:
+    std::unique_ptr<QLockFile> lock_;
+};
+
+/// Help topics are pages of a folder, "170.html" for topic 170; "index.html" is the contents.
+class QtHelp : public HelpViewer {
+  public:
+    explicit QtHelp(std::filesystem::path folder) : folder_(std::move(folder)) {}
+    ~QtHelp() override;
+    void ShowTopic(int topic) override;
+
+  private:
+    std::filesystem::path folder_;
+    QPointer<QTextBrowser> window_;
+};
+
+/// A day serial as Qt's date, and back.
+QDate ToQDate(DaySerial serial);
+DaySerial FromQDate(const QDate& date);
+
+/// The look that every window shares: one font, one style. Call once, after the application exists.
+void SetUpLook();
+
+} // namespace tvx::qt

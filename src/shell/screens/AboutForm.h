@@ -1,0 +1,20 @@
+// About the program: its version, and facts of the system it runs on.
+#pragma once
+
+#include "platform/qt/Form.h"
+#include "shell/TVXGLOB.h"
+
+namespace tvx::qt {
+
+class AboutForm : public Form {
+    Q_OBJECT
+  public:
+    AboutForm(const GlobalState& g, Ports& ports, Form* owner);
+
+  private:
+    void StartSysInfo();
+
+    const GlobalState& g_;
+};
+
+} // namespace tvx::qt

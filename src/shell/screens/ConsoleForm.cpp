@@ -1,0 +1,186 @@
+#include "shell/screens/ConsoleForm.h"
+
+#include "editor/screens/MainEditorForm.h"
+#include "shell/Passwords.h"
+#include "shell/TVXMOD1.h"
+#include "shell/screens/AboutForm.h"
+#include "shell/screens/Banner.h"
+#include "shell/screens/SplashForm.h"
+#include "shell/screens/TipForm.h"
+
+#include <QApplication>
+#include <QPainter>
+
+namespace tvx::qt {
+namespace {
+
+constexpr Twips Width = 8350;
+constexpr Twips Height = 4100;
+constexpr Twips BannerHeight = 1900;
+constexpr Twips ButtonTop = 2500;
+constexpr Twips PrintedTop = 3180;
+
+} // namespace
+
+ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports) : Form(ports, "Form2", nullptr), g_(g) {
+    menus_ = std::make_unique<MenuRenderer<MenuBar>>(
+        Menus(), model_.menus, Guarded([this](const std::string& entry) { Choose(entry); }));
+    PlaceControls();
+    Connect();
+}
+
+LoadResult ConsoleForm::Load() {
+    resize(Pixels(20), Pixels(20)); // out of sight while it loads
+    const LoadResult result = LoadConsole(g_, ports_, model_);
+    ShowFace();
+    return result;
+}
+
+void ConsoleForm::PlaceControls() {
+    Frame1 = &Add<QWidget>("Frame1", "Department");
+    Place(*Frame1, 705, 2200, 3500, 900);
+    Label2 = &Add<Label>("Label2", "Department", Frame1);
+    Label2->SetAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    Place(*Label2, 0, 300, 3500, 390);
+    Combo1 = &Add<QComboBox>("Combo1", "Department", Frame1);
+    Place(*Combo1, 0, 300, 3300, 390);
+    Label1 = &Add<Label>("Label1", "");
+    Label1->SetText("Type in password....  press Enter...");
+    Place(*Label1, 705, 2150, 3500, 300);
+    Text3 = &Add<TextBox>("Text3", "Password");
+    Text3->setEchoMode(QLineEdit::Password);
+    Text3->setMaxLength(12);
+    Place(*Text3, 705, ButtonTop, 2400, 390);
+    cmdSchedule = &Add<QPushButton>("cmdSchedule", "Schedule");
+    Place(*cmdSchedule, 4400, ButtonTop, 2490, 390);
+    cmdExit = &Add<QPushButton>("cmdExit", "Exit");
+    cmdExit->setText(QStringLiteral("E&xit"));
+    Place(*cmdExit, 7010, ButtonTop, 1000, 390);
+    SetDefaultButton(*cmdSchedule);
+}
+
+void ConsoleForm::Connect() {
+    On(*cmdSchedule, &QPushButton::clicked, [this] { Schedule(); });
+    On(*cmdExit, &QPushButton::clicked, [this] { EndRun(); });
+    On(*Combo1, &QComboBox::activated, [this](int index) { ChooseFromCombo(index); });
+    Text3->keyFilter = Guarded([this](int code) {
+        const int taken = PromptKey(code);
+        if (taken == 0) ports_.prompt.Beep();
+        return taken;
+    });
+    Text3->pasteFilter = PromptKey;
+    Text3->onEnter = Guarded([this] { LogIn(); });
+}
+
+void ConsoleForm::ShowFace() {
+    menus_->Show(model_.menus);
+    setWindowTitle(ToQString(model_.title));
+    Label2->SetText(model_.Label2);
+    Label2->setVisible(model_.Label2Visible);
+    Combo1->clear();
+    for (const std::string& name : model_.Combo1) Combo1->addItem(ToQString(name));
+    Combo1->setCurrentIndex(model_.Combo1Index);
+    Combo1->setVisible(model_.Combo1Visible);
+    Frame1->setVisible(model_.Frame1Visible);
+    Label1->setVisible(model_.PromptVisible);
+    Text3->setVisible(model_.PromptVisible);
+    cmdSchedule->setText(
+        ToQString(model_.cmdScheduleCaption.empty() ? "Schedule" : model_.cmdScheduleCaption));
+    cmdSchedule->setEnabled(model_.cmdScheduleEnabled);
+    update();
+}
+
+void ConsoleForm::Activated() {
+    const bool first = !model_.laidOut;
+    ActivateConsole(g_, ports_, model_);
+    ShowFace();
+    if (!first) return;
+    Face().setFixedSize(Pixels(Width), Pixels(Height) - Menus().sizeHint().height());
+    adjustSize();
+    setFixedSize(sizeHint());
+    CenterForm();
+    if (model_.PromptVisible)
+        Text3->setFocus();
+    else
+        cmdSchedule->setFocus();
+}
+
+bool ConsoleForm::MayUnload() {
+    EndRun();
+    return true;
+}
+
+void ConsoleForm::EndRun() {
+    CloseDatabase(g_.store, ports_.prompt);
+    QApplication::quit();
+}
+
+void ConsoleForm::Choose(const std::string& entry) {
+    if (entry == "GetOut")
+        EndRun();
+    else if (entry == "ThisProgram")
+        AboutForm(g_, ports_, this).ShowModal();
+    else if (entry == "Freq")
+        ports_.help.ShowTopic(help::Questions);
+    else if (entry == "FixConflics") {
+        g_.roster.AllDepartmentsMode = true;
+        Schedule();
+    }
+}
+
+void ConsoleForm::ChooseFromCombo(int index) {
+    ChooseDepartment(g_, model_, index);
+    ShowFace();
+}
+
+void ConsoleForm::Schedule() {
+    if (ExampleNoteIsDue(g_)) {
+        g_.application.FormCommand = "Example";
+        g_.application.ExampleNoteShown = true;
+        const bool all = g_.roster.AllDepartmentsMode;
+        TipForm(g_.department, ports_, this).ShowModal();
+        g_.roster.AllDepartmentsMode = all; // the console came to the front in between
+    }
+    if (!PrepareSchedule(g_, ports_)) return;
+    MainEditorForm(g_, ports_, this).ShowModal();
+}
+
+void ConsoleForm::LogIn() {
+    const LoginResult result = LogInAtConsole(g_, ports_, model_, Text3->Text());
+    if (result == LoginResult::Ignored) return;
+    if (result == LoginResult::Denied) {
+        Text3->clear();
+        Text3->setFocus();
+        return;
+    }
+    ShowFace();
+    cmdSchedule->setFocus();
+}
+
+void ConsoleForm::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    const int top = Face().y();
+    PaintBanner(painter, QRect(0, top, width(), Pixels(BannerHeight)));
+    painter.setPen(palette().color(QPalette::WindowText));
+    int y = top + Pixels(PrintedTop) + painter.fontMetrics().ascent();
+    for (const std::string& line : model_.printed) {
+        const QString shown =
+            painter.fontMetrics().elidedText(ToQString(line), Qt::ElideMiddle, Pixels(Width - 2 * 705));
+        painter.drawText(Pixels(705), y, shown);
+        y += painter.fontMetrics().height();
+    }
+}
+
+bool StartConsole(GlobalState& g, Ports& ports, std::unique_ptr<ConsoleForm>& console) {
+    SplashForm splash(ports);
+    splash.ShowModeless();
+    ports.prompt.DoEvents();
+    const int start = ports.clock.SecondOfDay();
+    while (!SplashIsOver(start, ports.clock.SecondOfDay())) continue;
+    console = std::make_unique<ConsoleForm>(g, ports);
+    if (console->Load() == LoadResult::EndRun) return false;
+    console->ShowModeless();
+    return true;
+}
+
+} // namespace tvx::qt

@@ -1,0 +1,52 @@
+// The console: picks a department and leads to everything else. It stays open behind every other screen.
+#pragma once
+
+#include "platform/qt/Form.h"
+#include "platform/qt/MenuRenderer.h"
+#include "shell/Console.h"
+
+#include <QComboBox>
+
+#include <memory>
+
+namespace tvx::qt {
+
+class ConsoleForm : public Form {
+    Q_OBJECT
+  public:
+    ConsoleForm(GlobalState& g, Ports& ports);
+
+    /// The load of the console: everything up to its first picture. On EndRun it must not be shown.
+    LoadResult Load();
+
+  protected:
+    void Activated() override;
+    bool MayUnload() override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void PlaceControls();
+    void Connect();
+    void ShowFace();
+    void Choose(const std::string& entry);
+    void ChooseFromCombo(int index);
+    void Schedule();
+    void LogIn();
+    void EndRun();
+
+    GlobalState& g_;
+    ConsoleFace model_;
+    std::unique_ptr<MenuRenderer<MenuBar>> menus_;
+    QWidget* Frame1 = nullptr;   // holds the choice of the department
+    QComboBox* Combo1 = nullptr; // department names
+    Label* Label2 = nullptr;     // the one department
+    Label* Label1 = nullptr;     // what to type
+    TextBox* Text3 = nullptr;    // password
+    QPushButton* cmdSchedule = nullptr;
+    QPushButton* cmdExit = nullptr;
+};
+
+/// The whole start: splash, load, console. False when the run ends at once.
+bool StartConsole(GlobalState& g, Ports& ports, std::unique_ptr<ConsoleForm>& console);
+
+} // namespace tvx::qt

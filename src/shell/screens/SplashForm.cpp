@@ -1,0 +1,27 @@
+#include "shell/screens/SplashForm.h"
+
+#include "shell/Console.h"
+#include "shell/screens/Banner.h"
+
+#include <QPainter>
+
+namespace tvx::qt {
+
+SplashForm::SplashForm(Ports& ports) : Form(ports, "frmSplash", nullptr) {
+    setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
+    setWindowTitle(QStringLiteral("Tarvex"));
+    setFixedSize(Pixels(6600), Pixels(2700));
+    CenterForm();
+}
+
+void SplashForm::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    PaintBanner(painter, rect());
+    painter.setPen(ToColor(QBColor(8)));
+    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.setPen(Qt::black);
+    painter.drawText(rect().adjusted(0, 0, -Pixels(180), -Pixels(120)), Qt::AlignRight | Qt::AlignBottom,
+                     QStringLiteral("Version %1.%2").arg(ProgramMajor).arg(ProgramRevision));
+}
+
+} // namespace tvx::qt
