@@ -1,0 +1,53 @@
+#include "shell/screens/Run.h"
+
+#include "editor/screens/TimeGrid.h"
+#include "platform/files/Folder.h"
+#include "platform/qt/QtPorts.h"
+#include "shell/screens/ConsoleForm.h"
+
+#include <QApplication>
+#include <QStandardPaths>
+
+#include <filesystem>
+#include <memory>
+
+namespace fs = std::filesystem;
+
+namespace tvx::qt {
+namespace {
+
+fs::path FolderOfProgram() { return QCoreApplication::applicationDirPath().toStdU16String(); }
+
+/// The folder of the side files and, by default, of the database.
+fs::path FindProgramFolder() {
+    const fs::path users =
+        QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdU16String() + u"/tarvex";
+    return ProgramFolder(FolderOfProgram(), users, {"TVX.JAN", "1.SFT"});
+}
+
+} // namespace
+
+int RunTarvex(int count, char** arguments, const RunOptions& options) {
+    const QApplication application(count, arguments);
+    QApplication::setApplicationName(QStringLiteral("Tarvex"));
+    QApplication::setQuitOnLastWindowClosed(false); // the console ends the run
+    SetUpLook();
+    InstallGridAccessibility();
+
+    GlobalState g;
+    g.paths.ProgramPath = FindProgramFolder();
+    QtPrompt prompt;
+    QtClock clock;
+    QtRegion region;
+    QtScreen screen;
+    QtInstance instance(g.paths.ProgramPath);
+    QtHelp help(FolderOfProgram() / "help");
+    Ports ports{prompt, options.clock != nullptr ? *options.clock : clock, region, help, screen, instance};
+
+    std::unique_ptr<ConsoleForm> console;
+    if (!StartConsole(g, ports, console)) return 0;
+    if (options.whenConsoleShows) options.whenConsoleShows(*console);
+    return QApplication::exec();
+}
+
+} // namespace tvx::qt
