@@ -43,12 +43,15 @@ class RatioReporter : public benchmark::ConsoleReporter {
 };
 
 void Register(const std::string& name, std::function<double()> round) {
-    auto* registered = benchmark::RegisterBenchmark(name.c_str(), [round = std::move(round)](benchmark::State& state) {
-        for (auto _ : state) state.SetIterationTime(round());
-    });
+    auto* registered =
+        benchmark::RegisterBenchmark(name.c_str(), [round = std::move(round)](benchmark::State& state) {
+            for (auto _ : state) state.SetIterationTime(round());
+        });
     registered->UseManualTime()->Unit(benchmark::kMillisecond);
-    if (std::getenv("TVX_BENCH_SMOKE") != nullptr) registered->Iterations(1)->Repetitions(1);
-    else registered->MinTime(0.15)->Repetitions(7);
+    if (std::getenv("TVX_BENCH_SMOKE") != nullptr)
+        registered->Iterations(1)->Repetitions(1);
+    else
+        registered->MinTime(0.15)->Repetitions(7);
 }
 
 } // namespace
@@ -64,6 +67,7 @@ int RunPairs(int count, char** arguments) {
     RatioReporter reporter;
     benchmark::RunSpecifiedBenchmarks(&reporter);
     reporter.PrintRatios();
+    benchmark::ClearRegisteredBenchmarks(); // what the rounds hold ends before the program's own parts do
     return 0;
 }
 

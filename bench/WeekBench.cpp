@@ -1,17 +1,16 @@
 // Loading and saving a week, beside the fewest bare statements that read or leave the same rows.
 #include "Ratios.h"
-
 #include "editor/LoadWeek.h"
 #include "editor/SaveWeek.h"
 #include "editor/StoredDays.h"
 #include "platform/dao/TimeText.h"
 #include "support/TestStore.h"
 
+#include <sqlite3.h>
+
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
-
-#include <sqlite3.h>
 
 namespace tvx::bench {
 namespace {
@@ -19,7 +18,9 @@ namespace {
 constexpr DaySerial FirstSunday = 45294; // 2 January 2024
 constexpr int YearsStored = 3;
 
-bool Smoke() { return std::getenv("TVX_BENCH_SMOKE") != nullptr; }
+bool Smoke() {
+    return std::getenv("TVX_BENCH_SMOKE") != nullptr;
+}
 
 /// A connection of its own with the pragmas of the program, and one prepared statement.
 class Bare {
@@ -59,16 +60,19 @@ class Bare {
                         static_cast<long>(sqlite3_column_double(scan_, 4)) + sqlite3_column_int(scan_, 6);
             for (std::size_t p = 0; bytes.size() >= 14 && p < 7; ++p)
                 if (static_cast<unsigned char>(bytes[p + 7]) >= 33)
-                    quarters += static_cast<unsigned char>(bytes[p + 7]) - static_cast<unsigned char>(bytes[p]);
+                    quarters +=
+                        static_cast<unsigned char>(bytes[p + 7]) - static_cast<unsigned char>(bytes[p]);
         }
         sqlite3_reset(scan_);
         return quarters;
     }
 
-    void Insert(DaySerial day, int employee, const std::string& text, double hours, double rate, const char* mark) {
+    void Insert(DaySerial day, int employee, const std::string& text, double hours, double rate,
+                const char* mark) {
         if (insert_ == nullptr)
-            Prepare(insert_, "INSERT INTO [Day Schedule] ([Day Julian], Employee, DayType, [Starts & Stops],"
-                             " [Work hours], [Current Rate], Salary, [Vacation day]) VALUES (?,?,'',?,?,?,?,0)");
+            Prepare(insert_,
+                    "INSERT INTO [Day Schedule] ([Day Julian], Employee, DayType, [Starts & Stops],"
+                    " [Work hours], [Current Rate], Salary, [Vacation day]) VALUES (?,?,'',?,?,?,?,0)");
         sqlite3_bind_int(insert_, 1, day);
         sqlite3_bind_int(insert_, 2, employee);
         sqlite3_bind_text(insert_, 3, text.data(), static_cast<int>(text.size()), SQLITE_STATIC);
@@ -90,15 +94,18 @@ class Bare {
     }
 
   private:
-    void Prepare(sqlite3_stmt*& statement, const char* sql) { sqlite3_prepare_v2(db_, sql, -1, &statement, nullptr); }
+    void Prepare(sqlite3_stmt*& statement, const char* sql) {
+        sqlite3_prepare_v2(db_, sql, -1, &statement, nullptr);
+    }
     static void Step(sqlite3_stmt* statement) {
         if (sqlite3_step(statement) != SQLITE_DONE) std::exit(1);
         sqlite3_reset(statement);
     }
     std::string_view Text(int column) const {
         const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(scan_, column));
-        return text == nullptr ? std::string_view()
-                               : std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(scan_, column)));
+        return text == nullptr
+                   ? std::string_view()
+                   : std::string_view(text, static_cast<std::size_t>(sqlite3_column_bytes(scan_, column)));
     }
 
     sqlite3* db_ = nullptr;
@@ -117,7 +124,8 @@ struct LeftRow {
     const char* mark;
 };
 
-/// A department of some size with years of stored weeks, a week of it in memory, and a bare connection beside.
+/// A department of some size with years of stored weeks, a week of it in memory, and a bare connection
+/// beside.
 class Department {
   public:
     explicit Department(int people) {
@@ -139,8 +147,8 @@ class Department {
                 if (quarters == 0) continue;
                 const double pay = roster.RosterPay[e].Amount();
                 rows.push_back({store.g.week.WeekStartJulian + d - 1, roster.RosterEmployeeKey[e],
-                                dao::EncodeTimeText(text), quarters / 4.0, roster.IsPaidByHour(e) ? pay : pay / 7,
-                                roster.IsPaidByHour(e) ? "W" : "S"});
+                                dao::EncodeTimeText(text), quarters / 4.0,
+                                roster.IsPaidByHour(e) ? pay : pay / 7, roster.IsPaidByHour(e) ? "W" : "S"});
             }
         return rows;
     }
@@ -151,49 +159,53 @@ class Department {
 };
 
 void Load(const std::shared_ptr<Department>& d, const std::string& size) {
-    Pair("LoadWeek/" + size, [d] { return Seconds([&] { LoadWeek(d->store.g, d->store.ports(), d->week); }); },
-         [d] {
-             return Seconds([&] {
-                 d->bare->Run("BEGIN");
-                 benchmark::DoNotOptimize(d->bare->ScanWeek(d->week));
-                 d->bare->Run("COMMIT");
-             });
-         });
+    Pair(
+        "LoadWeek/" + size, [d] { return Seconds([&] { LoadWeek(d->store.g, d->store.ports(), d->week); }); },
+        [d] {
+            return Seconds([&] {
+                d->bare->Run("BEGIN");
+                benchmark::DoNotOptimize(d->bare->ScanWeek(d->week));
+                d->bare->Run("COMMIT");
+            });
+        });
 }
 
 void SaveUnchanged(const std::shared_ptr<Department>& d, const std::string& size) {
-    Pair("SaveWeek unchanged/" + size,
-         [d] { return Seconds([&] { WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week); }); },
-         [d] {
-             return Seconds([&] {
-                 d->bare->Run("BEGIN IMMEDIATE");
-                 benchmark::DoNotOptimize(d->bare->ScanWeek(d->week));
-                 d->bare->Run("COMMIT");
-             });
-         });
+    Pair(
+        "SaveWeek unchanged/" + size,
+        [d] { return Seconds([&] { WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week); }); },
+        [d] {
+            return Seconds([&] {
+                d->bare->Run("BEGIN IMMEDIATE");
+                benchmark::DoNotOptimize(d->bare->ScanWeek(d->week));
+                d->bare->Run("COMMIT");
+            });
+        });
 }
 
 /// Each round saves the week to dates that hold nothing yet.
 void SaveFirst(const std::shared_ptr<Department>& d, const std::string& size) {
     const auto next = std::make_shared<DaySerial>(70000);
-    Pair("SaveWeek first/" + size,
-         [d, next] {
-             d->store.g.week.WeekStartJulian = *next += 8;
-             const double seconds = Seconds([&] { WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week); });
-             d->store.g.week.WeekStartJulian = d->week;
-             return seconds;
-         },
-         [d, next] {
-             *next += 8;
-             const auto rows = d->RowsOfWeek();
-             const DaySerial shift = *next - d->week;
-             return Seconds([&] {
-                 d->bare->Run("BEGIN IMMEDIATE");
-                 for (const LeftRow& row : rows)
-                     d->bare->Insert(row.day + shift, row.employee, row.text, row.hours, row.rate, row.mark);
-                 d->bare->Run("COMMIT");
-             });
-         });
+    Pair(
+        "SaveWeek first/" + size,
+        [d, next] {
+            d->store.g.week.WeekStartJulian = *next += 8;
+            const double seconds =
+                Seconds([&] { WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week); });
+            d->store.g.week.WeekStartJulian = d->week;
+            return seconds;
+        },
+        [d, next] {
+            *next += 8;
+            const auto rows = d->RowsOfWeek();
+            const DaySerial shift = *next - d->week;
+            return Seconds([&] {
+                d->bare->Run("BEGIN IMMEDIATE");
+                for (const LeftRow& row : rows)
+                    d->bare->Insert(row.day + shift, row.employee, row.text, row.hours, row.rate, row.mark);
+                d->bare->Run("COMMIT");
+            });
+        });
 }
 
 /// Each round shifts the start of every twentieth row's first bar to and fro.
@@ -205,32 +217,33 @@ void SaveSome(const std::shared_ptr<Department>& d, const std::string& size) {
             for (int b = 1; b <= d->store.g.week.BarCount[e]; ++b)
                 if ((e + 7 * b) % 20 == 0) d->store.g.week.BarStarts[e][b] += turn % 2 == 0 ? 1 : -1;
     };
-    Pair("SaveWeek five in 100/" + size,
-         [d, change] {
-             change();
-             return Seconds([&] { WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week); });
-         },
-         [d, change] {
-             const auto before = d->RowsOfWeek();
-             change();
-             const auto after = d->RowsOfWeek();
-             return Seconds([&] {
-                 d->bare->Run("BEGIN IMMEDIATE");
-                 benchmark::DoNotOptimize(d->bare->ScanWeek(d->week));
-                 for (std::size_t i = 0; i < after.size(); ++i)
-                     if (after[i].text != before[i].text)
-                         d->bare->Update(after[i].day, after[i].employee, after[i].text, after[i].hours);
-                 d->bare->Run("COMMIT");
-             });
-         });
+    Pair(
+        "SaveWeek five in 100/" + size,
+        [d, change] {
+            change();
+            return Seconds([&] { WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week); });
+        },
+        [d, change] {
+            const auto before = d->RowsOfWeek();
+            change();
+            const auto after = d->RowsOfWeek();
+            return Seconds([&] {
+                d->bare->Run("BEGIN IMMEDIATE");
+                benchmark::DoNotOptimize(d->bare->ScanWeek(d->week));
+                for (std::size_t i = 0; i < after.size(); ++i)
+                    if (after[i].text != before[i].text)
+                        d->bare->Update(after[i].day, after[i].employee, after[i].text, after[i].hours);
+                d->bare->Run("COMMIT");
+            });
+        });
 }
 
 } // namespace
 } // namespace tvx::bench
 
 int main(int count, char** arguments) {
-    const std::vector<int> sizes = std::getenv("TVX_BENCH_SMOKE") != nullptr ? std::vector<int>{30}
-                                                                              : std::vector<int>{30, 300, 1000};
+    const std::vector<int> sizes =
+        std::getenv("TVX_BENCH_SMOKE") != nullptr ? std::vector<int>{30} : std::vector<int>{30, 300, 1000};
     for (const int people : sizes) {
         const auto department = std::make_shared<tvx::bench::Department>(people);
         const std::string size = std::to_string(people);

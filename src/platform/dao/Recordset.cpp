@@ -74,7 +74,7 @@ void Recordset::OpenTable(const std::string& name) {
     table_ = Open().Table(name);
     columns_ = table_.fields;
     keys_ = KeysOf(table_);
-    LoadPage({}, false);
+    LoadPage({}, Page::First); // who only seeks or adds needs no more
     empty_ = rows_.empty();
     place_ = empty_ ? Place::None : Place::Record;
 }
@@ -146,17 +146,17 @@ void Recordset::ReadRows(const std::string& sql, const std::vector<Value>& param
     at_ = 0;
 }
 
-void Recordset::LoadPage(const std::vector<Value>& after, bool backwards) {
+void Recordset::LoadPage(const std::vector<Value>& after, Page page) {
     std::string sql = SelectList();
     if (!after.empty()) {
         std::string marks;
         for (std::size_t i = 0; i < after.size(); ++i) marks += i == 0 ? "?" : ", ?";
         sql += " WHERE (" + KeyList("") + ") > (" + marks + ")";
     }
-    sql += " ORDER BY " + KeyList(backwards ? " DESC" : "") + " LIMIT " +
-           std::to_string(backwards ? 1 : PageRows);
+    const std::size_t most = page == Page::Next ? PageRows : 1;
+    sql += " ORDER BY " + KeyList(page == Page::Last ? " DESC" : "") + " LIMIT " + std::to_string(most);
     ReadRows(sql, after);
-    lastPage_ = backwards || rows_.size() < PageRows;
+    lastPage_ = page == Page::Last || rows_.size() < most;
 }
 
 const Recordset::Row& Recordset::Current() const {
@@ -174,7 +174,7 @@ void Recordset::DropPending() {
 void Recordset::MoveFirst() {
     DropPending();
     if (isTable_) {
-        LoadPage({}, false);
+        LoadPage({}, Page::Next);
         empty_ = rows_.empty();
     }
     if (rows_.empty()) FailNoCurrentRecord();
@@ -186,7 +186,7 @@ void Recordset::MoveFirst() {
 void Recordset::MoveLast() {
     DropPending();
     if (isTable_) {
-        LoadPage({}, true);
+        LoadPage({}, Page::Last);
         empty_ = rows_.empty();
     }
     if (rows_.empty()) FailNoCurrentRecord();
@@ -203,7 +203,7 @@ void Recordset::MoveNext() {
         place_ = Place::Record;
     } else if (isTable_ && !lastPage_) {
         const std::vector<Value> after = rows_[at_].key;
-        LoadPage(after, false);
+        LoadPage(after, Page::Next);
         place_ = rows_.empty() ? Place::End : Place::Record;
     } else {
         place_ = Place::End;
@@ -290,57 +290,73 @@ void Recordset::Update() {
     DropPending();
 }
 
-void Recordset::InsertPending() {
+std::string Recordset::InsertText() const {
     std::string names;
     std::string marks;
-    std::vector<std::size_t> set;
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         if (!drafted_[i]) continue;
         names += (names.empty() ? "" : ", ") + Bracketed(columns_[i].name);
         marks += marks.empty() ? "?" : ", ?";
-        set.push_back(i);
     }
-    std::string sql = "INSERT INTO " + Bracketed(table_.name);
-    sql += set.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")";
-    StatementUse use(Open().Prepared(sql));
-    for (std::size_t i = 0; i < set.size(); ++i)
-        use.Bind(static_cast<int>(i) + 1, Stored(columns_[set[i]], draft_[set[i]]));
+    const std::string values = names.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + marks + ")";
+    return "INSERT INTO " + Bracketed(table_.name) + values;
+}
+
+std::string Recordset::UpdateText() const {
+    std::string sets;
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+        if (drafted_[i]) sets += (sets.empty() ? "" : ", ") + Bracketed(columns_[i].name) + " = ?";
+    return "UPDATE " + Bracketed(table_.name) + " SET " + sets + KeyTest();
+}
+
+std::string Recordset::KeyTest() const {
+    std::string test;
+    for (const std::string& key : keys_) test += (test.empty() ? " WHERE " : " AND ") + NameOf(key) + " = ?";
+    return test;
+}
+
+/// The text of a write; many records in a row mostly set the same fields.
+const std::string& Recordset::WriteText() {
+    if (writeText_.empty() || writtenBy_ != pending_ || writtenFields_ != drafted_) {
+        writeText_ = pending_ == Pending::Add ? InsertText() : UpdateText();
+        writtenBy_ = pending_;
+        writtenFields_ = drafted_;
+    }
+    return writeText_;
+}
+
+void Recordset::InsertPending() {
+    StatementUse use(Open().Prepared(WriteText()));
+    int parameter = 0;
+    for (std::size_t i = 0; i < columns_.size(); ++i)
+        if (drafted_[i]) use.Bind(++parameter, Stored(columns_[i], draft_[i]));
     use.Step();
     empty_ = false;
 }
 
 void Recordset::WriteChanges() {
-    const Row& row = Current();
-    std::string sets;
-    std::vector<std::size_t> changed;
-    for (std::size_t i = 0; i < columns_.size(); ++i) {
-        if (!drafted_[i]) continue;
-        sets += (sets.empty() ? "" : ", ") + Bracketed(columns_[i].name) + " = ?";
-        changed.push_back(i);
-    }
-    if (changed.empty()) return;
-    std::string sql = "UPDATE " + Bracketed(table_.name) + " SET " + sets + " WHERE ";
-    for (std::size_t k = 0; k < keys_.size(); ++k) sql += (k == 0 ? "" : " AND ") + NameOf(keys_[k]) + " = ?";
-    int parameter = 0;
+    Row& row = rows_[at_];
+    if (std::find(drafted_.begin(), drafted_.end(), true) == drafted_.end()) return;
     {
-        StatementUse use(Open().Prepared(sql));
-        for (const std::size_t i : changed) use.Bind(++parameter, Stored(columns_[i], draft_[i]));
+        StatementUse use(Open().Prepared(WriteText()));
+        int parameter = 0;
+        for (std::size_t i = 0; i < columns_.size(); ++i)
+            if (drafted_[i]) use.Bind(++parameter, Stored(columns_[i], draft_[i]));
         for (const Value& key : row.key) use.Bind(++parameter, key);
         use.Step();
     }
     if (sqlite3_changes(Open().Handle()) == 0) throw DaoError(error::RecordDeleted, "Record is deleted.");
-    Row& written = rows_[at_];
-    for (const std::size_t i : changed) written.values[i] = draft_[i];
-    for (std::size_t k = 0; k < keys_.size(); ++k)
-        for (const std::size_t i : changed)
-            if (EqualsNoCase(columns_[i].name, keys_[k])) written.key[k] = draft_[i];
+    for (std::size_t i = 0; i < columns_.size(); ++i) {
+        if (!drafted_[i]) continue;
+        row.values[i] = draft_[i];
+        for (std::size_t k = 0; k < keys_.size(); ++k)
+            if (EqualsNoCase(columns_[i].name, keys_[k])) row.key[k] = draft_[i];
+    }
 }
 
 void Recordset::Delete() {
     const Row& row = Current();
-    std::string sql = "DELETE FROM " + Bracketed(table_.name) + " WHERE ";
-    for (std::size_t k = 0; k < keys_.size(); ++k) sql += (k == 0 ? "" : " AND ") + NameOf(keys_[k]) + " = ?";
-    StatementUse use(Open().Prepared(sql));
+    StatementUse use(Open().Prepared("DELETE FROM " + Bracketed(table_.name) + KeyTest()));
     for (std::size_t k = 0; k < row.key.size(); ++k) use.Bind(static_cast<int>(k) + 1, row.key[k]);
     use.Step();
     DropPending();

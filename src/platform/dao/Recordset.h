@@ -97,6 +97,7 @@ class Recordset {
 
     enum class Place { None, Record, Deleted, End };
     enum class Pending { Nothing, Add, Change };
+    enum class Page { First, Next, Last }; // the first record alone, a page, the last record alone
     struct Row {
         std::vector<Value> values;
         std::vector<Value> key;
@@ -109,11 +110,15 @@ class Recordset {
     Connection& Open() const;
     const Row& Current() const;
     void DropPending();
-    void LoadPage(const std::vector<Value>& after, bool backwards);
+    void LoadPage(const std::vector<Value>& after, Page page);
     void ReadRows(const std::string& sql, const std::vector<Value>& parameters);
     std::string SelectList() const;
     std::string KeyList(std::string_view direction) const;
     Value Checked(std::size_t position, Value value) const;
+    std::string InsertText() const;
+    std::string UpdateText() const;
+    std::string KeyTest() const;
+    const std::string& WriteText();
     void InsertPending();
     void WriteChanges();
 
@@ -135,6 +140,9 @@ class Recordset {
     Pending pending_ = Pending::Nothing;
     std::vector<Value> draft_; // values set since AddNew or Edit
     std::vector<bool> drafted_;
+    std::string writeText_; // of the last write, and what it wrote
+    Pending writtenBy_ = Pending::Nothing;
+    std::vector<bool> writtenFields_;
 };
 
 } // namespace tvx::dao
