@@ -60,7 +60,7 @@ ValueColours ColoursOf(int option) {
 /// Seven squares: a day on which time begins takes the colour of the bars.
 std::array<Colour, 8> DaySquares(const GlobalState& g, int e) {
     const Colour bar = QBColor(g.roster.RosterBarColor[e]);
-    std::array<Colour, 8> squares;
+    std::array<Colour, 8> squares{};
     squares.fill(bar == Silver ? QBColor(12) : Silver);
     for (int b = 1; b <= g.week.BarCount[e]; ++b) {
         const int day = g.week.BarStarts[e][b] / QuartersPerDay + 1;

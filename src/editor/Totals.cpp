@@ -26,14 +26,14 @@ void ZeroDaySums(Totals& totals) {
 }
 
 void AddDay(GlobalState& g, int e, int sign) {
-    const long quarters = sign * g.week.DayQuarters[e];
+    const long quarters = static_cast<long>(sign) * g.week.DayQuarters[e];
     (g.roster.IsPaidByHour(e) ? g.totals.WageDayQuarters : g.totals.SalaryDayQuarters) += quarters;
     g.totals.TotalDayQuarters += quarters;
     g.totals.TotalDayWages += sign * WagesForQuarters(g.roster, g.rights, e, g.week.DayQuarters[e]);
 }
 
 void AddWeek(GlobalState& g, int e, int sign) {
-    const long quarters = sign * g.week.WeekQuarters[e];
+    const long quarters = static_cast<long>(sign) * g.week.WeekQuarters[e];
     (g.roster.IsPaidByHour(e) ? g.totals.WageWeekQuarters : g.totals.SalaryWeekQuarters) += quarters;
     g.totals.TotalWeekQuarters += quarters;
     g.totals.TotalWeekWages += sign * WagesForQuarters(g.roster, g.rights, e, g.week.WeekQuarters[e]);

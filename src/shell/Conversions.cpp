@@ -126,7 +126,8 @@ double WagesForQuarters(const Roster& roster, const Rights& rights, int employee
 }
 
 double HoursOfQuarters(long quarters) {
-    return static_cast<double>(quarters / 4) + static_cast<double>(quarters & 3) * .25;
+    const long wholeHours = quarters / 4;
+    return static_cast<double>(wholeHours) + static_cast<double>(quarters & 3) * .25;
 }
 
 } // namespace tvx

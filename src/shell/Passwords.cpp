@@ -6,7 +6,7 @@
 namespace tvx {
 namespace {
 
-std::string Shifted(std::string_view text, int direction) {
+std::string Shifted(std::string_view text, std::int64_t direction) {
     std::string shifted;
     int place = 0;
     for (const char32_t c : DecodeUtf8(Trim(text))) {

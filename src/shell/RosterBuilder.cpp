@@ -125,6 +125,7 @@ std::vector<bool> RowsThatShareAnId(dao::Recordset& rs) {
         ++times[ids.back()];
     }
     std::vector<bool> kept;
+    kept.reserve(ids.size());
     for (const std::string& id : ids) kept.push_back(!id.empty() && times[id] > 1);
     return kept;
 }

@@ -99,14 +99,10 @@ void SequentialReader::SkipBlanks() {
 void SequentialReader::SkipSeparator() {
     while (!AtEnd() && (text_[at_] == ' ' || text_[at_] == '\t')) ++at_;
     if (AtEnd()) return;
-    if (text_[at_] == ',') {
-        ++at_;
-    } else if (text_[at_] == '\r') {
-        ++at_;
-        if (!AtEnd() && text_[at_] == '\n') ++at_;
-    } else if (text_[at_] == '\n') {
-        ++at_;
-    }
+    const bool lineEnd = IsLineEnd(text_[at_]);
+    if (!lineEnd && text_[at_] != ',') return;
+    const bool carriageReturn = text_[at_++] == '\r';
+    if (carriageReturn && !AtEnd() && text_[at_] == '\n') ++at_;
 }
 
 std::string SequentialReader::InputText() {

@@ -1,0 +1,135 @@
+// The rules that hold the house up, checked on the files themselves.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <map>
+#include <regex>
+#include <string>
+#include <vector>
+
+namespace fs = std::filesystem;
+
+namespace {
+
+const fs::path Root = TVX_SOURCE_DIR;
+
+std::string Content(const fs::path& file) {
+    std::ifstream in(file);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+std::vector<fs::path> SourcesBelow(const fs::path& folder) {
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+        const std::string ending = entry.path().extension().string();
+        if (ending == ".h" || ending == ".cpp") files.push_back(entry.path());
+    }
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+/// From the ground up. A file may include from its own floor and from those below; rooms on one floor do not
+/// know each other unless one stands on the other here.
+const std::vector<std::string>& Floors() {
+    static const std::vector<std::string> floors{
+        "platform/basic",
+        "platform/dao",
+        "platform/files",
+        "platform/ports",
+        "shell/state",
+        "store",
+        "shell",
+        "editor",
+        "weekeditor",
+        "masterdata",
+        "reports",
+        "analysis",
+        "platform/qt",
+        "editor/screens",
+        "weekeditor/screens",
+        "masterdata/screens",
+        "reports/screens",
+        "analysis/screens",
+        "shell/screens",
+    };
+    return floors;
+}
+
+/// The folder of a file below src/, as a floor. TVXGLOB.h is part of the state although it stands in shell.
+std::string FloorOf(const std::string& pathBelowSource) {
+    if (pathBelowSource == "shell/TVXGLOB.h") return "shell/state";
+    return fs::path(pathBelowSource).parent_path().generic_string();
+}
+
+int HeightOf(const std::string& floor) {
+    const auto found = std::find(Floors().begin(), Floors().end(), floor);
+    return found == Floors().end() ? -1 : static_cast<int>(found - Floors().begin());
+}
+
+std::vector<std::string> OwnIncludes(const fs::path& file) {
+    static const std::regex include(R"re(#include "([^"]+)")re");
+    const std::string text = Content(file);
+    std::vector<std::string> names;
+    for (std::sregex_iterator it(text.begin(), text.end(), include), end; it != end; ++it)
+        names.push_back((*it)[1]);
+    return names;
+}
+
+TEST(House, every_folder_of_the_program_is_a_floor) {
+    for (const fs::path& file : SourcesBelow(Root / "src")) {
+        const std::string below = fs::relative(file, Root / "src").generic_string();
+        if (below == "main.cpp") continue;
+        EXPECT_GE(HeightOf(FloorOf(below)), 0) << below;
+    }
+}
+
+TEST(House, a_file_includes_only_from_its_own_floor_and_from_floors_below) {
+    for (const fs::path& file : SourcesBelow(Root / "src")) {
+        const std::string below = fs::relative(file, Root / "src").generic_string();
+        if (below == "main.cpp") continue;
+        for (const std::string& included : OwnIncludes(file)) {
+            EXPECT_TRUE(fs::exists(Root / "src" / included)) << below << " includes " << included;
+            EXPECT_LE(HeightOf(FloorOf(included)), HeightOf(FloorOf(below)))
+                << below << " includes " << included;
+        }
+    }
+}
+
+TEST(House, logic_knows_no_window) {
+    static const std::regex window(R"re(#include <Q)re");
+    for (const fs::path& file : SourcesBelow(Root / "src")) {
+        const std::string below = fs::relative(file, Root / "src").generic_string();
+        if (below.find("screens/") != std::string::npos || below.find("platform/qt/") != std::string::npos)
+            continue;
+        EXPECT_FALSE(std::regex_search(Content(file), window)) << below;
+    }
+}
+
+TEST(House, only_the_database_layer_knows_its_engine) {
+    for (const fs::path& file : SourcesBelow(Root / "src")) {
+        const std::string below = fs::relative(file, Root / "src").generic_string();
+        if (below.starts_with("platform/dao/")) continue;
+        EXPECT_EQ(Content(file).find("sqlite3"), std::string::npos) << below;
+    }
+}
+
+TEST(House, every_test_file_is_named_where_it_is_built) {
+    for (const fs::path& file : SourcesBelow(Root / "tests")) {
+        if (!file.filename().string().ends_with("Test.cpp")) continue;
+        bool named = false;
+        for (fs::path folder = file.parent_path(); folder != Root; folder = folder.parent_path())
+            named = named ||
+                    Content(folder / "CMakeLists.txt").find(file.filename().string()) != std::string::npos;
+        EXPECT_TRUE(named) << file;
+    }
+}
+
+TEST(House, every_header_says_first_what_it_is_for) {
+    for (const fs::path& file : SourcesBelow(Root / "src"))
+        EXPECT_TRUE(file.extension() != ".h" || Content(file).starts_with("// ")) << file;
+}
+
+} // namespace
