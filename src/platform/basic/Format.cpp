@@ -1,8 +1,8 @@
 #include "platform/basic/Format.h"
 
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <cstdlib>
 
 namespace tvx {
@@ -18,6 +18,7 @@ struct Decimal {
 struct Pattern {
     std::size_t forcedWhole = 0; // digits before the point that are written even when they are 0
     std::size_t decimals = 0;
+    std::size_t forcedDecimals = 0; // digits behind the point that are written even when they are 0
     bool grouped = false;
     bool point = false;
 };
@@ -33,6 +34,7 @@ Pattern ReadPattern(std::string_view text) {
             ++pattern.decimals;
         else if (mark == '0')
             ++pattern.forcedWhole;
+        if (pattern.point && mark == '0') pattern.forcedDecimals = pattern.decimals;
     }
     return pattern;
 }
@@ -43,8 +45,10 @@ Decimal FromReal(double x) {
     decimal.negative = x < 0;
     // Fifteen significant digits are what a real number holds for certain; the rest is binary noise.
     std::array<char, 48> scientific{};
-    std::snprintf(scientific.data(), scientific.size(), "%.14e", std::fabs(x));
-    const std::string text = scientific.data();
+    const auto end =
+        std::to_chars(scientific.begin(), scientific.end(), std::fabs(x), std::chars_format::scientific, 14)
+            .ptr;
+    const std::string text(scientific.begin(), end);
     const std::size_t mark = text.find('e');
     const int exponent = std::atoi(text.c_str() + mark + 1);
     std::string digits = text.substr(0, 1) + text.substr(2, mark - 2);
@@ -104,6 +108,10 @@ std::string Grouped(const std::string& digits) {
     return text;
 }
 
+void DropZerosBehind(std::string& fraction, std::size_t kept) {
+    while (fraction.size() > kept && fraction.back() == '0') fraction.pop_back();
+}
+
 bool IsZero(const Decimal& decimal) {
     return decimal.whole.find_first_not_of('0') == std::string::npos &&
            decimal.fraction.find_first_not_of('0') == std::string::npos;
@@ -112,6 +120,7 @@ bool IsZero(const Decimal& decimal) {
 std::string Write(Decimal decimal, std::string_view patternText) {
     const Pattern pattern = ReadPattern(patternText);
     RoundTo(decimal, pattern.decimals);
+    DropZerosBehind(decimal.fraction, pattern.forcedDecimals);
     if (decimal.whole.size() < pattern.forcedWhole)
         decimal.whole.insert(0, pattern.forcedWhole - decimal.whole.size(), '0');
     std::string text = decimal.negative && !IsZero(decimal) ? "-" : "";

@@ -1,9 +1,9 @@
 #include "platform/basic/Number.h"
 
+#include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
-#include <cstdlib>
 #include <limits>
 #include <stdexcept>
 
@@ -97,6 +97,22 @@ void ReadExponent(NumberReader& reader, std::string& out) {
     out += exponent;
 }
 
+// The C library's own ways between numbers and text follow the country of the desktop; these do not.
+
+/// The number that digits, point and exponent mean; 0 when no real number is that large or small.
+double RealOf(const std::string& digits) {
+    double value = 0;
+    const auto read = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+    return read.ec == std::errc() ? value : 0;
+}
+
+std::string FifteenDigits(double x) {
+    std::array<char, 40> buffer{};
+    const auto end = std::to_chars(buffer.begin(), buffer.end(), x, std::chars_format::general, 15).ptr;
+    std::replace(buffer.begin(), end, 'e', 'E');
+    return {buffer.begin(), end};
+}
+
 } // namespace
 
 std::int64_t RoundHalfToEven(double x) {
@@ -110,13 +126,14 @@ std::int64_t Int(double x) {
 std::int64_t IntegerDivide(double dividend, double divisor) {
     const std::int64_t by = RoundHalfToEven(divisor);
     if (by == 0) throw std::domain_error("division by zero");
+    if (by == -1) return RoundHalfToEven(-dividend); // the lowest number has no opposite in 64 bits
     return RoundHalfToEven(dividend) / by;
 }
 
 std::int64_t Mod(double dividend, double divisor) {
     const std::int64_t by = RoundHalfToEven(divisor);
     if (by == 0) throw std::domain_error("division by zero");
-    return RoundHalfToEven(dividend) % by;
+    return by == -1 ? 0 : RoundHalfToEven(dividend) % by;
 }
 
 double Val(std::string_view text) {
@@ -139,15 +156,12 @@ double Val(std::string_view text) {
     }
     if (digits.size() == sign || digits.substr(sign) == ".") return 0;
     ReadExponent(reader, digits);
-    const double value = std::strtod(digits.c_str(), nullptr);
-    return std::isfinite(value) ? value : 0;
+    return RealOf(digits);
 }
 
 std::string TrimmedNumber(double x) {
     if (x == 0 || !std::isfinite(x)) return "0";
-    std::array<char, 40> buffer{};
-    std::snprintf(buffer.data(), buffer.size(), "%.15G", x);
-    std::string text = buffer.data();
+    std::string text = FifteenDigits(x);
     const std::size_t first = text.front() == '-' ? 1 : 0;
     if (text.size() > first + 1 && text[first] == '0' && text[first + 1] == '.') text.erase(first, 1);
     return text;

@@ -38,16 +38,39 @@ char32_t ReadUtf8(std::string_view text, std::size_t& at) {
     return value;
 }
 
+/// Small letters whose capitals lie all at one distance.
+struct LetterRange {
+    char32_t first;
+    char32_t last;
+    int toCapital;
+};
+
+constexpr LetterRange Shifted[] = {
+    {'a', 'z', -32},     {0xE0, 0xF6, -32},    {0xF8, 0xFE, -32},
+    {0xFF, 0xFF, 121},   {0x131, 0x131, -232}, // the i without a dot
+    {0x3AC, 0x3AC, -38}, {0x3AD, 0x3AF, -37},  {0x3B1, 0x3C1, -32},
+    {0x3C2, 0x3C2, -31}, // the sigma that ends a word
+    {0x3C3, 0x3CB, -32}, {0x3CC, 0x3CC, -64},  {0x3CD, 0x3CE, -63},
+    {0x430, 0x44F, -32}, {0x450, 0x45F, -80},
+};
+
+/// Letters where each capital is followed by its small letter; `first` is a capital.
+struct PairRange {
+    char32_t first;
+    char32_t last;
+};
+
+constexpr PairRange Paired[] = {
+    {0x100, 0x12F}, {0x132, 0x137}, {0x139, 0x148}, {0x14A, 0x177}, {0x179, 0x17E},   {0x1A0, 0x1A1},
+    {0x1AF, 0x1B0}, {0x218, 0x21B}, {0x48A, 0x4BF}, {0x4D0, 0x52F}, {0x1E00, 0x1E95}, {0x1EA0, 0x1EFF},
+};
+
 char32_t UpperOf(char32_t c) {
-    if (c >= 'a' && c <= 'z') return c - 32;
-    if (c < 0xE0) return c;
-    if (c <= 0xFE) return c == 0xF7 ? c : c - 32;
-    if (c == 0xFF) return 0x178;
-    if ((c >= 0x100 && c <= 0x137) || (c >= 0x14A && c <= 0x177)) return c & ~char32_t{1};
-    if ((c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E)) return (c & 1) != 0 ? c : c - 1;
-    if (c >= 0x3B1 && c <= 0x3C9) return c == 0x3C2 ? 0x3A3 : c - 32;
-    if (c >= 0x430 && c <= 0x44F) return c - 32;
-    if (c >= 0x450 && c <= 0x45F) return c - 80;
+    if (c < 'a') return c;
+    for (const LetterRange& range : Shifted)
+        if (c >= range.first && c <= range.last) return c + static_cast<char32_t>(range.toCapital);
+    for (const PairRange& range : Paired)
+        if (c >= range.first && c <= range.last) return c - (c - range.first) % 2;
     return c;
 }
 
