@@ -2,10 +2,9 @@
 
 #include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
+#include "platform/files/WholeFile.h"
 
-#include <cstdio>
 #include <fstream>
-#include <random>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -15,24 +14,6 @@ namespace {
 
 fs::path Utf8Path(std::string_view name) {
     return {std::u8string(name.begin(), name.end())};
-}
-
-std::string RandomSuffix() {
-    std::random_device device;
-    return std::to_string(device()) + ".tmp";
-}
-
-[[noreturn]] void Fail(const std::error_code& error, const fs::path& path) {
-    FileErrorNumber number = FileErrorNumber::PathFileAccess;
-    if (error == std::errc::no_such_file_or_directory)
-        number = FileErrorNumber::FileNotFound;
-    else if (error == std::errc::no_space_on_device)
-        number = FileErrorNumber::DiskFull;
-    else if (error == std::errc::permission_denied)
-        number = FileErrorNumber::PermissionDenied;
-    else if (error == std::errc::file_exists)
-        number = FileErrorNumber::AlreadyExists;
-    throw FileError(number, error.message() + ": " + path.string());
 }
 
 void FillFolder(const fs::path& from, const fs::path& to, const std::vector<std::string>& shipped) {
@@ -51,6 +32,7 @@ void FillFolder(const fs::path& from, const fs::path& to, const std::vector<std:
 } // namespace
 
 std::optional<fs::path> FindFile(const fs::path& folder, std::string_view name) {
+    if (name.empty()) return std::nullopt; // the folder itself otherwise
     const fs::path exact = folder / Utf8Path(name);
     if (FileExists(exact)) return exact;
     std::error_code error;
@@ -72,19 +54,9 @@ bool FileExists(const fs::path& path) {
 }
 
 void CopyWholeFile(const fs::path& source, const fs::path& target) {
-    if (FileExists(target)) Fail(std::make_error_code(std::errc::file_exists), target);
-    fs::path temporary = target;
-    temporary += "." + RandomSuffix();
-    std::error_code error;
-    fs::copy_file(source, temporary, error);
-    if (!error)
-        fs::permissions(temporary, fs::perms::owner_read | fs::perms::owner_write, fs::perm_options::add,
-                        error);
-    if (!error) fs::rename(temporary, target, error);
-    if (!error) return;
-    std::error_code ignored;
-    fs::remove(temporary, ignored);
-    Fail(error, target);
+    if (FileExists(target))
+        throw FileError(FileErrorNumber::AlreadyExists, "File already exists: " + target.string());
+    ReplaceWholeFile(target, ReadWholeFile(source));
 }
 
 bool CanWriteInto(const fs::path& folder) {

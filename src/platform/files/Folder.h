@@ -21,7 +21,8 @@ std::filesystem::path FilePath(const std::filesystem::path& folder, std::string_
 bool FileExists(const std::filesystem::path& path);
 
 /// Copies a file whole, under a temporary name first, so that `target` is either as before or complete.
-/// The copy is writable whatever the source was. Throws FileError; `target` must not exist (58).
+/// The copy is writable whatever the source was. Throws FileError: 53 no such source, 58 `target` exists, 61
+/// the disk is full, 70, 75 or 76 when the file cannot be read or made.
 void CopyWholeFile(const std::filesystem::path& source, const std::filesystem::path& target);
 
 /// The folder that holds the side files, the ready-made database and, by default, the database.

@@ -3,20 +3,7 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
-
-#include <cerrno>
-#include <cstdio>
-#include <cstring>
-#include <fstream>
-#include <iterator>
-#include <memory>
-#include <system_error>
-
-#ifdef _WIN32
-#include <io.h>
-#else
-#include <unistd.h>
-#endif
+#include "platform/files/WholeFile.h"
 
 namespace fs = std::filesystem;
 
@@ -29,57 +16,9 @@ bool IsLineEnd(char c) {
     return c == '\r' || c == '\n';
 }
 
-[[noreturn]] void FailFromErrno(const fs::path& path) {
-    const int code = errno;
-    FileErrorNumber number = FileErrorNumber::PathFileAccess;
-    if (code == ENOSPC || code == EDQUOT || code == EFBIG)
-        number = FileErrorNumber::DiskFull;
-    else if (code == EACCES || code == EPERM)
-        number = FileErrorNumber::PermissionDenied;
-    else if (code == ENOENT || code == ENOTDIR)
-        number = FileErrorNumber::PathNotFound;
-    else if (code == ENAMETOOLONG)
-        number = FileErrorNumber::BadFileName;
-    throw FileError(number, std::string(std::strerror(code)) + ": " + path.string());
-}
-
-struct FileCloser {
-    void operator()(std::FILE* file) const {
-        if (file != nullptr) std::fclose(file);
-    }
-};
-using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
-
-/// Makes the system put on the disk what was written; 0 on success.
-int FlushToDisk(std::FILE* file) {
-    if (std::fflush(file) != 0) return -1;
-#ifdef _WIN32
-    return _commit(_fileno(file));
-#else
-    return fsync(fileno(file));
-#endif
-}
-
-void WriteAndFlush(const fs::path& path, const std::string& text) {
-    FileHandle file(std::fopen(path.c_str(), "wb"));
-    if (!file) FailFromErrno(path);
-    if (std::fwrite(text.data(), 1, text.size(), file.get()) != text.size()) FailFromErrno(path);
-    if (FlushToDisk(file.get()) != 0) FailFromErrno(path);
-    if (std::fclose(file.release()) != 0) FailFromErrno(path);
-}
-
 } // namespace
 
-SequentialReader::SequentialReader(const fs::path& path) {
-    std::error_code error;
-    if (!fs::exists(path, error))
-        throw FileError(FileErrorNumber::FileNotFound, "File not found: " + path.string());
-    std::ifstream file(path, std::ios::binary);
-    if (fs::is_regular_file(path, error) && file)
-        text_.assign(std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>());
-    else
-        throw FileError(FileErrorNumber::PathFileAccess, "Path/File access error: " + path.string());
-}
+SequentialReader::SequentialReader(const fs::path& path) : text_(ReadWholeFile(path)) {}
 
 SequentialReader SequentialReader::FromText(std::string text) {
     SequentialReader reader;
@@ -158,16 +97,7 @@ void SequentialWriter::PrintNumber(double number) {
 }
 
 void SequentialWriter::ReplaceFile(const fs::path& path) const {
-    fs::path temporary = path;
-    temporary += ".new";
-    try {
-        WriteAndFlush(temporary, text_);
-        if (std::rename(temporary.c_str(), path.c_str()) != 0) FailFromErrno(path);
-    } catch (const FileError&) {
-        std::error_code ignored;
-        fs::remove(temporary, ignored);
-        throw;
-    }
+    ReplaceWholeFile(path, text_);
 }
 
 } // namespace tvx

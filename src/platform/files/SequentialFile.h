@@ -54,7 +54,8 @@ class SequentialWriter {
     const std::string& Text() const { return text_; }
 
     /// Writes the file under a temporary name, flushes it to the disk and renames it. Throws FileError 61 on
-    /// a full disk, 70, 75 or 76 when the file cannot be made; the old file is then as it was.
+    /// a full disk, 64 on a name that cannot be, 70, 75 or 76 when the file cannot be made; the old file is
+    /// then as it was.
     void ReplaceFile(const std::filesystem::path& path) const;
 
   private:

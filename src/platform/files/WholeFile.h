@@ -1,0 +1,21 @@
+// Files read and written in one piece. Private to this folder.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace tvx {
+
+/// Throws FileError 53 when there is no such file, 75 when it cannot be read or is no plain file.
+std::string ReadWholeFile(const std::filesystem::path& path);
+
+/// Writes a file under a temporary name of its own, flushes it to the disk and renames it, so that `path` is
+/// either as before or complete, also when two workstations write it at once. Throws FileError 61 on a full
+/// disk, 64 on a name that cannot be, 70, 75 or 76 when the file cannot be made, and leaves nothing behind.
+void ReplaceWholeFile(const std::filesystem::path& path, std::string_view content);
+
+/// A few characters that no other workstation comes upon at the same time.
+std::string RandomSuffix();
+
+} // namespace tvx
