@@ -40,7 +40,9 @@ bool Field::IsNull() const {
 dao::Value Field::Value() const {
     if (set_->pending_ != Recordset::Pending::Nothing && set_->drafted_[position_])
         return set_->draft_[position_];
-    if (set_->pending_ == Recordset::Pending::Add) return Null{};
+    const bool yesNo = set_->columns_[position_].type == FieldType::Boolean;
+    if (set_->pending_ == Recordset::Pending::Add)
+        return yesNo ? dao::Value(std::int64_t{0}) : dao::Value(Null{});
     return set_->Current().values[position_];
 }
 
@@ -59,6 +61,11 @@ void Field::operator=(dao::Value value) {
         throw DaoError(error::UpdateWithoutEdit, "Update or CancelUpdate without AddNew or Edit.");
     set_->draft_[position_] = set_->Checked(position_, std::move(value));
     set_->drafted_[position_] = true;
+}
+
+Field& Field::operator=(const Field& other) {
+    *this = other.Value();
+    return *this;
 }
 
 Recordset::Recordset(std::shared_ptr<Connection> connection, const std::string& tableOrSql)
@@ -111,8 +118,9 @@ bool Recordset::AtEnd() const {
 }
 
 std::int64_t Recordset::RecordCount() const {
+    Connection& open = Open();
     if (!isTable_) return static_cast<std::int64_t>(visited_);
-    StatementUse count(Open().Prepared("SELECT count(*) FROM " + Bracketed(table_.name)));
+    StatementUse count(open.Prepared("SELECT count(*) FROM " + Bracketed(table_.name)));
     count.Step();
     return sqlite3_column_int64(count.Handle(), 0);
 }
@@ -134,15 +142,16 @@ std::string Recordset::KeyList(std::string_view direction) const {
 void Recordset::ReadRows(const std::string& sql, const std::vector<Value>& parameters) {
     StatementUse use(Open().Prepared(sql));
     for (std::size_t i = 0; i < parameters.size(); ++i) use.Bind(static_cast<int>(i) + 1, parameters[i]);
-    rows_.clear();
+    std::vector<Row> rows;
     const int hidden = static_cast<int>(keys_.size());
     while (use.Step()) {
-        Row& row = rows_.emplace_back();
+        Row& row = rows.emplace_back();
         for (int i = 0; i < hidden; ++i) row.key.push_back(ColumnValue(use.Handle(), i, FieldType::Memo));
         row.values.reserve(columns_.size());
         for (std::size_t i = 0; i < columns_.size(); ++i)
             row.values.push_back(ColumnValue(use.Handle(), hidden + static_cast<int>(i), columns_[i].type));
     }
+    rows_ = std::move(rows); // only now: a read that fails leaves the set as it was
     at_ = 0;
 }
 
@@ -171,36 +180,51 @@ void Recordset::DropPending() {
     drafted_.clear();
 }
 
+/// Makes a row of rows_ the current record; throws 3021 when there is none.
+void Recordset::StandOn(std::size_t at) {
+    empty_ = rows_.empty();
+    place_ = empty_ ? Place::None : Place::Record;
+    if (empty_) FailNoCurrentRecord();
+    at_ = at;
+    visited_ = std::max(visited_, at + 1);
+}
+
+/// Removes a deleted record from the rows of a select, so that the next one takes its place. A table keeps
+/// it: its next page begins behind that key.
+bool Recordset::TakeOutDeleted() {
+    if (isTable_ || place_ != Place::Deleted) return false;
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(at_));
+    --visited_;
+    return true;
+}
+
 void Recordset::MoveFirst() {
+    Open();
     DropPending();
-    if (isTable_) {
+    if (isTable_)
         LoadPage({}, Page::Next);
-        empty_ = rows_.empty();
-    }
-    if (rows_.empty()) FailNoCurrentRecord();
-    at_ = 0;
-    visited_ = std::max<std::size_t>(visited_, 1);
-    place_ = Place::Record;
+    else
+        TakeOutDeleted();
+    StandOn(0);
 }
 
 void Recordset::MoveLast() {
+    Open();
     DropPending();
-    if (isTable_) {
+    if (isTable_)
         LoadPage({}, Page::Last);
-        empty_ = rows_.empty();
-    }
-    if (rows_.empty()) FailNoCurrentRecord();
-    at_ = rows_.size() - 1;
-    visited_ = rows_.size();
-    place_ = Place::Record;
+    else
+        TakeOutDeleted();
+    StandOn(rows_.size() - 1);
 }
 
 void Recordset::MoveNext() {
+    Open();
     DropPending();
     if (place_ != Place::Record && place_ != Place::Deleted) FailNoCurrentRecord();
-    if (at_ + 1 < rows_.size()) {
-        ++at_;
-        place_ = Place::Record;
+    const std::size_t next = TakeOutDeleted() ? at_ : at_ + 1;
+    if (next < rows_.size()) {
+        StandOn(next);
     } else if (isTable_ && !lastPage_) {
         const std::vector<Value> after = rows_[at_].key;
         LoadPage(after, Page::Next);
@@ -208,10 +232,10 @@ void Recordset::MoveNext() {
     } else {
         place_ = Place::End;
     }
-    if (place_ == Place::Record) visited_ = std::max(visited_, at_ + 1);
 }
 
 void Recordset::Index(std::string_view name) {
+    Open();
     const IndexDef* found = isTable_ ? table_.FindIndex(name) : nullptr;
     if (found == nullptr)
         throw DaoError(error::InvalidIndex, "'" + std::string(name) + "' is not an index in this table.");
@@ -219,6 +243,7 @@ void Recordset::Index(std::string_view name) {
 }
 
 void Recordset::Seek(std::initializer_list<Value> keys) {
+    Open();
     DropPending();
     if (index_.fields.empty()) throw DaoError(error::InvalidIndex, "No index is chosen.");
     if (keys.size() == 0 || keys.size() > index_.fields.size())
@@ -226,7 +251,9 @@ void Recordset::Seek(std::initializer_list<Value> keys) {
     std::string sql = SelectList();
     std::size_t i = 0;
     for (; i < keys.size(); ++i) sql += (i == 0 ? " WHERE " : " AND ") + Bracketed(index_.fields[i]) + " = ?";
-    sql += " ORDER BY " + KeyList("") + " LIMIT 1";
+    sql += " ORDER BY ";
+    for (; i < index_.fields.size(); ++i) sql += Bracketed(index_.fields[i]) + ", ";
+    sql += KeyList("") + " LIMIT 1";
     ReadRows(sql, std::vector<Value>(keys));
     // What follows the record found is read by a move, from its key on.
     lastPage_ = false;
@@ -243,6 +270,7 @@ void Recordset::AddNew() {
 }
 
 void Recordset::Edit() {
+    Open();
     Current();
     DropPending();
     pending_ = Pending::Change;
@@ -259,7 +287,12 @@ Value Recordset::Checked(std::size_t position, Value value) const {
         if (!dao::IsNull(value) && !std::holds_alternative<std::string>(value)) value = ToText(value);
         break;
     case FieldType::Boolean:
-        value = std::int64_t{ToLong(value) != 0 ? -1 : 0};
+        value = std::int64_t{ToDouble(value) != 0 ? -1 : 0};
+        break;
+    case FieldType::Integer:
+    case FieldType::Long:
+    case FieldType::AutoNumber:
+        if (!dao::IsNull(value)) value = ToLong(value);
         break;
     default:
         if (const auto* text = std::get_if<std::string>(&value)) value = ToDouble(Value(*text));
@@ -277,6 +310,7 @@ Value Recordset::Checked(std::size_t position, Value value) const {
 }
 
 void Recordset::Update() {
+    Open();
     switch (pending_) {
     case Pending::Nothing:
         throw DaoError(error::UpdateWithoutEdit, "Update or CancelUpdate without AddNew or Edit.");
@@ -331,7 +365,7 @@ void Recordset::InsertPending() {
     for (std::size_t i = 0; i < columns_.size(); ++i)
         if (drafted_[i]) use.Bind(++parameter, Stored(columns_[i], draft_[i]));
     use.Step();
-    empty_ = false;
+    if (isTable_) empty_ = false; // a select stays what was read when it was opened
 }
 
 void Recordset::WriteChanges() {
@@ -350,11 +384,12 @@ void Recordset::WriteChanges() {
         if (!drafted_[i]) continue;
         row.values[i] = draft_[i];
         for (std::size_t k = 0; k < keys_.size(); ++k)
-            if (EqualsNoCase(columns_[i].name, keys_[k])) row.key[k] = draft_[i];
+            if (EqualsNoCase(columns_[i].name, keys_[k])) row.key[k] = Stored(columns_[i], draft_[i]);
     }
 }
 
 void Recordset::Delete() {
+    Open();
     const Row& row = Current();
     StatementUse use(Open().Prepared("DELETE FROM " + Bracketed(table_.name) + KeyTest()));
     for (std::size_t k = 0; k < row.key.size(); ++k) use.Bind(static_cast<int>(k) + 1, row.key[k]);
@@ -364,6 +399,7 @@ void Recordset::Delete() {
 }
 
 std::size_t Recordset::PositionOf(std::string_view name) const {
+    Open();
     for (std::size_t i = 0; i < columns_.size(); ++i)
         if (EqualsNoCase(columns_[i].name, name)) return i;
     throw DaoError(error::ItemNotFound, "Item not found in this collection: " + std::string(name));
@@ -374,6 +410,7 @@ Field Recordset::Fields(std::string_view name) {
 }
 
 Field Recordset::Fields(std::size_t position) {
+    Open();
     if (position >= columns_.size())
         throw DaoError(error::ItemNotFound, "Item not found in this collection: " + std::to_string(position));
     return {*this, position};

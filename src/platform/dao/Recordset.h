@@ -28,6 +28,9 @@ class Field {
 
     /// Throws DaoError 3020 outside AddNew and Edit, 3163 when a text is wider than the field.
     void operator=(dao::Value value);
+    /// The value of the other field, which may be of another set.
+    Field& operator=(const Field& other);
+    Field(const Field& other) = default;
     void operator=(std::string_view text) { *this = dao::Value(std::string(text)); }
     void operator=(const char* text) { *this = dao::Value(std::string(text)); }
     void operator=(const std::string& text) { *this = dao::Value(text); }
@@ -47,7 +50,7 @@ class Field {
 /// meanwhile on the pages that it has not reached.
 class Recordset {
   public:
-    /// No set; opened by Database::OpenRecordset.
+    /// No set; opened by Database::OpenRecordset. Whatever needs one throws DaoError 3420.
     Recordset() = default;
 
     bool IsOpen() const { return connection_ != nullptr; }
@@ -66,8 +69,9 @@ class Recordset {
 
     /// Chooses the index for Seek, without regard to case. Tables only. Throws DaoError 3015.
     void Index(std::string_view name);
-    /// Looks up the first record whose index fields equal the keys. With fewer keys than the index has fields
-    /// only the leading ones count. A miss sets NoMatch and leaves no current record.
+    /// Looks up the record whose index fields equal the keys; of several, the first in the order of the
+    /// index. With fewer keys than the index has fields only the leading ones count. A miss sets NoMatch and
+    /// leaves no current record. Moves do not change NoMatch.
     void Seek(std::initializer_list<Value> keys);
     bool NoMatch() const { return noMatch_; }
 
@@ -109,6 +113,8 @@ class Recordset {
 
     Connection& Open() const;
     const Row& Current() const;
+    void StandOn(std::size_t at);
+    bool TakeOutDeleted();
     void DropPending();
     void LoadPage(const std::vector<Value>& after, Page page);
     void ReadRows(const std::string& sql, const std::vector<Value>& parameters);
