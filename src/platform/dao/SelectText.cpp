@@ -19,6 +19,15 @@ char ClosingOf(char open) {
     return open == '"' || open == '\'' ? open : '\0';
 }
 
+/// The place behind the quote or bracket that closes the one at `at`. A quote written twice closes nothing.
+std::size_t EndOfQuoted(const std::string& sql, std::size_t at) {
+    const char closing = ClosingOf(sql[at]);
+    for (std::size_t end = sql.find(closing, at + 1); end != std::string::npos;
+         end = sql.find(closing, end + 2))
+        if (closing == ']' || end + 1 == sql.size() || sql[end + 1] != closing) return end + 1;
+    throw DaoError(error::SyntaxError, "Syntax error in query: " + sql);
+}
+
 /// The pieces of a select: words, quoted or bracketed names, and single characters; blanks vanish between
 /// words and are kept as one blank in front of the piece that they precede.
 struct Piece {
@@ -39,10 +48,8 @@ std::vector<Piece> Cut(const std::string& sql) {
         }
         std::size_t end = at + 1;
         const bool word = IsWordCharacter(c);
-        if (const char closing = ClosingOf(c); closing != '\0') {
-            end = sql.find(closing, end);
-            if (end == std::string::npos) throw DaoError(error::SyntaxError, "Syntax error in query: " + sql);
-            ++end;
+        if (ClosingOf(c) != '\0') {
+            end = EndOfQuoted(sql, at);
         } else if (word) {
             while (end < sql.size() && IsWordCharacter(sql[end])) ++end;
         }
@@ -57,12 +64,25 @@ bool Is(const Piece& piece, std::string_view word) {
     return piece.word && EqualsNoCase(piece.text, word);
 }
 
+/// A text between double quotes as SQLite wants it; between those it would look for a field of that name.
+std::string SingleQuoted(const std::string& doubleQuoted) {
+    std::string text = "'";
+    for (std::size_t i = 1; i + 1 < doubleQuoted.size(); ++i) {
+        if (doubleQuoted[i] == '"') ++i; // the first of a pair that means one
+        text += doubleQuoted[i];
+        if (doubleQuoted[i] == '\'') text += '\'';
+    }
+    return text + "'";
+}
+
 void Append(std::string& text, const Piece& piece) {
     if (piece.blankBefore && !text.empty()) text += ' ';
     if (Is(piece, "true"))
         text += "-1";
     else if (Is(piece, "false"))
         text += "0";
+    else if (piece.text.front() == '"')
+        text += SingleQuoted(piece.text);
     else
         text += piece.text;
 }
@@ -74,7 +94,11 @@ std::string WithoutBrackets(const std::string& name) {
 } // namespace
 
 bool IsSelect(const std::string& text) {
-    return EqualsNoCase(TrimLeft(text).substr(0, 7), "SELECT ");
+    constexpr std::string_view word = "SELECT";
+    const std::size_t at = text.find_first_not_of(" \t\r\n");
+    if (at == std::string::npos || !EqualsNoCase(text.substr(at, word.size()), word)) return false;
+    return at + word.size() < text.size() &&
+           std::isspace(static_cast<unsigned char>(text[at + word.size()])) != 0;
 }
 
 SelectText ParseSelect(const std::string& sql) {
