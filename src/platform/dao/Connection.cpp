@@ -11,6 +11,8 @@ namespace fs = std::filesystem;
 namespace tvx::dao {
 namespace {
 
+constexpr std::uintmax_t SmallestDatabase = 512; // bytes; one page of the least size
+
 struct CodeMapping {
     int code; // primary result code of SQLite
     int number;
@@ -31,6 +33,7 @@ int NumberOf(int code, std::string_view text) {
         if (mapping.code == (code & 0xFF)) return mapping.number;
     if (text.find("no such table") != std::string_view::npos) return error::TableNotFound;
     if (text.find("no such column") != std::string_view::npos) return error::ItemNotFound;
+    if (text.find("duplicate column name") != std::string_view::npos) return error::FieldExists;
     return (code & 0xFF) == SQLITE_ERROR ? error::SyntaxError : error::InternalError;
 }
 
@@ -40,6 +43,9 @@ void CheckFileIsThere(const fs::path& path) {
         throw DaoError(error::FileNotFound, "Couldn't find file '" + path.string() + "'.");
     if (!fs::is_regular_file(path, code))
         throw DaoError(error::CannotOpen, "Cannot open '" + path.string() + "'. It is not a file.");
+    // SQLite takes a file of no byte, or of one, for a new database; here it is one that lost its content.
+    if (fs::file_size(path, code) < SmallestDatabase && !code)
+        throw DaoError(error::UnrecognisedFormat, "Unrecognized database format '" + path.string() + "'.");
 }
 
 std::string ColumnText(sqlite3_stmt* statement, int column) {
@@ -91,9 +97,11 @@ bool StatementUse::Step() {
 }
 
 Value ColumnValue(sqlite3_stmt* statement, int column, FieldType type) {
+    if (type == FieldType::Boolean)
+        return std::int64_t{sqlite3_column_int64(statement, column) != 0 ? -1 : 0};
     switch (sqlite3_column_type(statement, column)) {
     case SQLITE_NULL:
-        return type == FieldType::Boolean ? Value(std::int64_t{0}) : Value(Null{});
+        return Null{};
     case SQLITE_INTEGER:
         return static_cast<std::int64_t>(sqlite3_column_int64(statement, column));
     case SQLITE_FLOAT:
@@ -117,6 +125,19 @@ Connection::Connection(const fs::path& path, const EngineOptions& options) {
         sqlite3_close_v2(handle_);
         throw;
     }
+}
+
+void Connection::MakeFile(const fs::path& path) {
+    sqlite3* handle = nullptr;
+    int code = sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
+    // A mark in the head of the file, without which nothing would be written before the first table.
+    if (code == SQLITE_OK)
+        code = sqlite3_exec(handle, "PRAGMA application_id = 0x54525658", nullptr, nullptr, nullptr);
+    sqlite3_close_v2(handle);
+    if (code == SQLITE_OK) return;
+    std::error_code ignored;
+    fs::remove(path, ignored);
+    throw DaoError(error::CannotOpen, "Cannot make '" + path.string() + "'.");
 }
 
 Connection::~Connection() {
@@ -156,7 +177,9 @@ void Connection::Fail(sqlite3* handle, int code) {
 }
 
 sqlite3_stmt* Connection::Prepared(const std::string& sql) {
-    if (const auto known = statements_.find(sql); known != statements_.end()) return known->second;
+    const auto known = statements_.equal_range(sql);
+    for (auto it = known.first; it != known.second; ++it)
+        if (sqlite3_stmt_busy(it->second) == 0) return it->second;
     sqlite3_stmt* statement = nullptr;
     const int code = sqlite3_prepare_v3(Handle(), sql.data(), static_cast<int>(sql.size()),
                                         SQLITE_PREPARE_PERSISTENT, &statement, nullptr);

@@ -49,7 +49,10 @@ class Connection {
     /// Closes the file; an open transaction is rolled back. Every later use throws DaoError 3420.
     void Close();
 
-    /// The statement for this text, prepared on first use. Throws DaoError.
+    /// Makes an empty database file. Throws DaoError 3051 and leaves nothing when it cannot be made.
+    static void MakeFile(const std::filesystem::path& path);
+
+    /// A statement for this text that nobody is reading from, prepared on first use. Throws DaoError.
     sqlite3_stmt* Prepared(const std::string& sql);
     void Execute(const std::string& sql);
     sqlite3* Handle() const;
@@ -67,8 +70,8 @@ class Connection {
     TableDef ReadTable(const std::string& name);
 
     sqlite3* handle_ = nullptr;
-    std::unordered_map<std::string, sqlite3_stmt*> statements_;
-    std::map<std::string, TableDef> tables_; // by name in capitals
+    std::unordered_multimap<std::string, sqlite3_stmt*> statements_; // several where uses are nested
+    std::map<std::string, TableDef> tables_;                         // by name in capitals
 };
 
 } // namespace tvx::dao

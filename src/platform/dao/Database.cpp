@@ -4,7 +4,6 @@
 #include "platform/dao/DaoError.h"
 #include "platform/dao/Recordset.h"
 
-#include <fstream>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -25,6 +24,31 @@ std::string Quoted(const std::string& text) {
     for (const char c : text) quoted += c == '\'' ? "''" : std::string(1, c);
     return quoted + "'";
 }
+
+/// Several statements that happen all or not at all, inside a transaction as well as outside.
+class Step {
+  public:
+    explicit Step(Connection& connection) : connection_(connection) { connection_.Execute("SAVEPOINT step"); }
+    ~Step() {
+        if (kept_) return;
+        try {
+            connection_.Execute("ROLLBACK TO step");
+            connection_.Execute("RELEASE step");
+        } catch (const DaoError&) {
+            return; // the engine has undone everything by itself
+        }
+    }
+    Step(const Step&) = delete;
+    Step& operator=(const Step&) = delete;
+    void Keep() {
+        connection_.Execute("RELEASE step");
+        kept_ = true;
+    }
+
+  private:
+    Connection& connection_;
+    bool kept_ = false;
+};
 
 } // namespace
 
@@ -66,7 +90,9 @@ void Database::CommitTrans() {
 }
 
 void Database::Rollback() {
-    if (InTransaction()) connection_->Execute("ROLLBACK");
+    if (!InTransaction()) return;
+    connection_->Execute("ROLLBACK");
+    connection_->ForgetTables(); // those that the transaction made or changed are as before
 }
 
 bool Database::InTransaction() const {
@@ -92,7 +118,10 @@ bool Database::HasTable(std::string_view name) const {
 }
 
 void Database::CreateTable(const TableDef& table) {
-    for (const std::string& statement : CreateStatements(table)) connection_->Execute(statement);
+    const std::vector<std::string> statements = CreateStatements(table);
+    Step step(*connection_);
+    for (const std::string& statement : statements) connection_->Execute(statement);
+    step.Keep();
     connection_->ForgetTables();
 }
 
@@ -160,14 +189,20 @@ std::unique_ptr<Database> Engine::OpenDatabase(const fs::path& path) const {
 
 std::unique_ptr<Database> Engine::CreateDatabase(const fs::path& path) const {
     RefuseExisting(path);
-    if (!std::ofstream(path)) throw DaoError(error::CannotOpen, "Cannot make '" + path.string() + "'.");
+    Connection::MakeFile(path);
     return OpenDatabase(path);
 }
 
 void Engine::CompactDatabase(const fs::path& source, const fs::path& target) const {
     RefuseExisting(target);
     Connection connection(source, options_);
-    connection.Execute("VACUUM INTO " + Quoted(target.string()));
+    try {
+        connection.Execute("VACUUM INTO " + Quoted(target.string()));
+    } catch (const DaoError&) {
+        std::error_code ignored;
+        fs::remove(target, ignored); // a part of a copy
+        throw;
+    }
 }
 
 void Engine::RepairDatabase(const fs::path& path) const {

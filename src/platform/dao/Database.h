@@ -63,9 +63,11 @@ class Database {
     bool InTransaction() const;
 
     std::vector<std::string> TableNames() const;
-    /// The table as the file declares it. Throws DaoError 3078.
+    /// The table as the file declares it; valid until a table is made or changed, or a transaction rolled
+    /// back. Throws DaoError 3078.
     const TableDef& Table(std::string_view name) const;
     bool HasTable(std::string_view name) const;
+    /// Makes a table and its indexes, or throws DaoError and makes nothing.
     void CreateTable(const TableDef& table);
     /// Adds a field behind the last. Throws DaoError 3191 when the table has it.
     void AppendField(std::string_view table, const FieldDef& field);
@@ -117,7 +119,8 @@ class Engine {
     std::unique_ptr<Database> OpenDatabase(const std::filesystem::path& path) const;
     /// Makes an empty file and opens it. Throws DaoError 3204 when the file exists.
     std::unique_ptr<Database> CreateDatabase(const std::filesystem::path& path) const;
-    /// Writes a compact copy of a file that nobody writes to meanwhile. `target` must not exist.
+    /// Writes a compact copy of a file that nobody writes to meanwhile. `target` must not exist (3204); on a
+    /// throw there is none.
     void CompactDatabase(const std::filesystem::path& source, const std::filesystem::path& target) const;
     /// Rebuilds the indexes of a file. Throws DaoError 3343 when its pages themselves are damaged.
     void RepairDatabase(const std::filesystem::path& path) const;
