@@ -1,11 +1,14 @@
 #include "masterdata/ShiftFile.h"
 
 #include "platform/basic/Number.h"
+#include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
 #include "platform/files/Folder.h"
 #include "platform/files/SequentialFile.h"
 
 #include <algorithm>
+#include <utility>
+#include <vector>
 
 namespace tvx {
 namespace {
@@ -29,6 +32,19 @@ bool ReadShift(SequentialReader& reader, Shifts& shifts, int n) {
     return true;
 }
 
+/// Indexes of the named shifts in the order of their names, capitals and small letters alike. Equal names
+/// keep the order in which they stand.
+std::vector<int> SortedIndexes(const Shifts& shifts) {
+    std::vector<std::pair<std::string, int>> named;
+    for (int i = 1; i <= shifts.ShiftCount; ++i)
+        if (!Trim(shifts.ShiftNames[i]).empty()) named.emplace_back(UpperCase(shifts.ShiftNames[i]), i);
+    std::sort(named.begin(), named.end());
+    std::vector<int> indexes;
+    indexes.reserve(named.size());
+    for (const auto& [name, index] : named) indexes.push_back(index);
+    return indexes;
+}
+
 } // namespace
 
 std::string ShiftFileName(int departmentNumber) {
@@ -45,6 +61,20 @@ void LoadStoredShifts(const std::filesystem::path& programFolder, int department
     } catch (const FileError&) {
         return; // the end of the file, or a file that is not there: what was read stays
     }
+}
+
+void WriteStoredShifts(const std::filesystem::path& programFolder, int departmentNumber,
+                       const Shifts& shifts) {
+    SequentialWriter writer;
+    for (const int n : SortedIndexes(shifts)) {
+        writer.WriteText(shifts.ShiftNames[n]);
+        writer.WriteNumber(shifts.ShiftBarCount[n]);
+        for (int k = 1; k <= shifts.ShiftBarCount[n]; ++k) {
+            writer.WriteNumber(shifts.ShiftStarts[n][k]);
+            writer.WriteNumber(shifts.ShiftStops[n][k]);
+        }
+    }
+    writer.ReplaceFile(FilePath(programFolder, ShiftFileName(departmentNumber)));
 }
 
 } // namespace tvx

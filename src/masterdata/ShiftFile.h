@@ -15,4 +15,9 @@ std::string ShiftFileName(int departmentNumber);
 /// file means none; whatever ends the reading early leaves the shifts that were read whole.
 void LoadStoredShifts(const std::filesystem::path& programFolder, int departmentNumber, Shifts& shifts);
 
+/// Writes the shifts in the order of their names, case ignored, those without a name left out, and replaces
+/// the file in one step. Throws FileError; the file is then as it was.
+void WriteStoredShifts(const std::filesystem::path& programFolder, int departmentNumber,
+                       const Shifts& shifts);
+
 } // namespace tvx

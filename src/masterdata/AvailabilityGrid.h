@@ -1,0 +1,118 @@
+// The grid on which an employee's hours of absence are painted: seven days of 24 hours, three or four bars a
+// day, edited with the mouse. No window: positions are twips on the grid.
+#pragma once
+
+#include "platform/basic/Twips.h"
+#include "platform/ports/Prompt.h"
+#include "shell/state/Roster.h"
+
+#include <array>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tvx {
+
+/// Hours of absence, Sunday first. Row 0 is the clipboard of the grid.
+struct Absence {
+    std::array<int, 8> AvailCount{};                       // [row 0..7]
+    std::array<std::array<DayQuarter, 5>, 8> AvailStart{}; // [row 0..7][slot 1..4]
+    std::array<std::array<DayQuarter, 5>, 8> AvailStop{};  // [row 0..7][slot 1..4]
+
+    friend bool operator==(const Absence&, const Absence&) = default;
+};
+
+/// Takes apart the two stored texts of 28 bytes; shorter ones are 28 blanks. A slot is used when its stop is
+/// above a blank; the count of a day is the number of its last used slot.
+Absence DecodeAbsence(std::string_view availStart, std::string_view availStop);
+
+/// The two stored texts, 28 bytes each.
+std::string EncodeStarts(const Absence& absence);
+std::string EncodeStops(const Absence& absence);
+
+namespace absence {
+constexpr Twips QuarterWidth = 90;
+constexpr Twips RightEnd = 8670; // the last place that the mouse can reach; snaps to 24:00
+constexpr Twips RowHeight = 240;
+constexpr Twips BandTop = 50; // of the painted band inside a row
+constexpr Twips BandBottom = 170;
+} // namespace absence
+
+/// A mouse event on the grid.
+struct AbsenceMouse {
+    enum class Button { None, Left, Right } button = Button::None;
+    Twips x = 0;
+    Twips y = 0;
+    bool shift = false; // the key is held
+};
+
+/// What an event has changed.
+struct AbsenceChange {
+    bool pressed = false; // a press was taken: the record counts as changed, the notice is due
+    bool row = false;     // the row of the gesture must be painted anew
+    bool menu = false;    // the menu of cutting and pasting is due
+    bool pointer = false; // the pointer takes `shape`
+    Pointer shape = Pointer::Default;
+    int hoverRow = 0;         // row under the idle mouse, 1 to 7; 0 when none
+    bool markerMoved = false; // the mark that follows the mouse stands at `markerX`
+    Twips markerX = 0;
+};
+
+class AvailabilityGrid {
+  public:
+    const Absence& Bars() const { return bars_; }
+    /// Replaces all bars and forgets a gesture and the clipboard.
+    void SetBars(const Absence& bars);
+
+    AbsenceChange Press(const AbsenceMouse& mouse);
+    AbsenceChange Move(const AbsenceMouse& mouse);
+    /// Commits the gesture: snaps, merges, keeps the three earliest bars of the day.
+    AbsenceChange Release(const AbsenceMouse& mouse);
+
+    /// Row of the gesture, 1 to 7.
+    int Row() const { return row_; }
+    /// The band under the mouse, grid twips, left to right; both 0 when there is none.
+    std::pair<Twips, Twips> Band() const;
+
+    // The menu works on the row of the last press.
+    bool CanCut() const { return bars_.AvailCount[row_] > 0; }
+    bool CanPaste() const { return bars_.AvailCount[row_] == 0 && clipboardFull_; }
+    void CopyLine();
+    void CutLine();
+    /// False, with a beep due, when the row has bars.
+    bool PasteLine();
+
+  private:
+    enum class State { Idle, Stretching, Moving };
+
+    bool TakeSlot(Twips x);
+    void BeginDrag(const AbsenceMouse& mouse, AbsenceChange& change);
+    bool InBand(Twips y) const;
+    void EndAt(Twips x);
+    void Commit();
+    void NormalizeAvailabilityRow();
+
+    Absence bars_;
+    bool clipboardFull_ = false;
+    int row_ = 1;
+    State state_ = State::Idle;
+    bool open_ = false; // a band waits for its release
+    bool leftDown_ = false;
+    int pickedSlot_ = 0;   // slot being edited; 0 is a new bar
+    Twips bandStart_ = 0;  // the anchored end
+    Twips bandStop_ = 0;   // the end under the mouse
+    Twips dragAnchor_ = 0; // the last mouse x
+};
+
+/// The filled boxes of a row, grid twips: its white band, then its red bars.
+struct AbsenceBox {
+    Twips left = 0;
+    Twips top = 0;
+    Twips right = 0;
+    Twips bottom = 0;
+    bool bar = false;
+};
+std::vector<AbsenceBox> DrawAvailabilityRow(const Absence& bars, int row);
+
+} // namespace tvx

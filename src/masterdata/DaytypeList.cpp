@@ -1,0 +1,148 @@
+#include "masterdata/DaytypeList.h"
+
+#include "editor/DaytypeBox.h"
+#include "platform/basic/Text.h"
+#include "platform/dao/DaoError.h"
+#include "shell/TVXMOD1.h"
+
+namespace tvx {
+namespace {
+
+bool IsBlank(const std::string& text) {
+    return Trim(text).empty();
+}
+
+/// Index of another entry with this symbol; 0 when there is none.
+int IndexOfSymbol(const Daytypes& daytypes, const std::string& symbol, int except) {
+    const std::string wanted = UpperCase(Trim(symbol));
+    for (int i = 1; i <= daytypes.DayTypeCount; ++i)
+        if (i != except && UpperCase(daytypes.DayTypeSymbols[i]) == wanted) return i;
+    return 0;
+}
+
+/// Checks both texts. `gap` stands behind "for" in the box on a symbol in use.
+DaytypeResult Check(const GlobalState& g, Prompt& prompt, const std::string& symbol,
+                    const std::string& explanation, int except, const std::string& gap) {
+    if (IsBlank(symbol) || IsBlank(explanation)) {
+        prompt.Beep();
+        return DaytypeResult::Incomplete;
+    }
+    const int taken = IndexOfSymbol(g.daytypes, symbol, except);
+    if (taken == 0) return DaytypeResult::Done;
+    prompt.Beep();
+    prompt.MsgBox("DayType " + Trim(symbol) + "\r\n is in use for" + gap + g.daytypes.DayTypeNames[taken],
+                  box::Ok, "DayType duplicate");
+    return DaytypeResult::InUse;
+}
+
+/// Runs a step on the store; what it refuses goes by without a word.
+template <typename Step>
+void Quietly(Step step) {
+    try {
+        step();
+    } catch (const dao::DaoError&) {
+        return; // the lists on the screen are read anew from the store where that matters
+    }
+}
+
+dao::Recordset& OpenDayTypes(GlobalState& g, const char* index) {
+    dao::Recordset& rs = g.store.DayTypesRs;
+    rs = g.store.Db->OpenRecordset("Day types");
+    rs.Index(index);
+    return rs;
+}
+
+dao::Recordset& SeekDayType(GlobalState& g, const std::string& symbol) {
+    dao::Recordset& rs = OpenDayTypes(g, "TD");
+    rs.Seek({std::int64_t{g.department.CurrentDepNumber}, symbol});
+    return rs;
+}
+
+void Write(dao::Recordset& rs, const GlobalState& g, const std::string& symbol,
+           const std::string& explanation) {
+    rs.Fields("Dep number") = g.department.CurrentDepNumber;
+    rs.Fields("Symbol") = symbol;
+    rs.Fields("Explaination") = explanation;
+    rs.Update();
+}
+
+} // namespace
+
+int FilterSymbolKey(int code, Prompt& prompt) {
+    const DaytypeKey key = FilterDaytypeKey(code);
+    TellDaytypeRefusal(prompt, key.refusal);
+    return key.code;
+}
+
+int FilterSymbolPaste(int code) {
+    return FilterDaytypeKey(code).code;
+}
+
+std::string NormalizedExplanation(const std::string& text) {
+    const std::string trimmed = Trim(text);
+    const std::string first = Left(trimmed, 1);
+    return UpperCase(first) + trimmed.substr(first.size());
+}
+
+std::vector<std::pair<std::string, int>> DaytypeRows(const Daytypes& daytypes) {
+    std::vector<std::pair<std::string, int>> rows;
+    for (int i = 1; i <= daytypes.DayTypeCount; ++i)
+        if (!IsBlank(daytypes.DayTypeSymbols[i]))
+            rows.emplace_back(daytypes.DayTypeSymbols[i] + "= " + daytypes.DayTypeNames[i], i);
+    return rows;
+}
+
+DaytypeResult AddDaytype(GlobalState& g, Prompt& prompt, const std::string& symbol,
+                         const std::string& explanation) {
+    if (g.daytypes.DayTypeCount >= MostDayTypes) {
+        prompt.Beep();
+        return DaytypeResult::Incomplete;
+    }
+    const DaytypeResult result = Check(g, prompt, symbol, explanation, 0, " ");
+    if (result != DaytypeResult::Done) return result;
+    const int index = ++g.daytypes.DayTypeCount;
+    g.daytypes.DayTypeSymbols[index] = Trim(symbol);
+    g.daytypes.DayTypeNames[index] = Trim(explanation);
+    Quietly([&] {
+        dao::Recordset& rs = OpenDayTypes(g, "Department");
+        rs.AddNew();
+        Write(rs, g, Trim(symbol), Trim(explanation));
+    });
+    g.store.DayTypesRs.Close();
+    return DaytypeResult::Done;
+}
+
+DaytypeResult ChangeDaytype(GlobalState& g, Prompt& prompt, int index, const std::string& symbol,
+                            const std::string& explanation) {
+    const std::string name = NormalizedExplanation(explanation);
+    const DaytypeResult result = Check(g, prompt, symbol, name, index, "");
+    if (result != DaytypeResult::Done) return result;
+    const std::string oldSymbol = g.daytypes.DayTypeSymbols[index];
+    g.daytypes.DayTypeSymbols[index] = Trim(symbol);
+    g.daytypes.DayTypeNames[index] = name;
+    Quietly([&] {
+        dao::Recordset& rs = SeekDayType(g, oldSymbol);
+        if (rs.NoMatch()) return;
+        rs.Edit();
+        Write(rs, g, Trim(symbol), name);
+    });
+    g.store.DayTypesRs.Close();
+    return DaytypeResult::Done;
+}
+
+void DeleteDaytype(GlobalState& g, int index) {
+    Quietly([&] {
+        dao::Recordset& rs = SeekDayType(g, g.daytypes.DayTypeSymbols[index]);
+        if (!rs.NoMatch()) rs.Delete();
+    });
+    Quietly([&] { LoadDayTypes(g.store, g.department.CurrentDepNumber, g.daytypes); });
+}
+
+void DropDaytype(GlobalState& g, int index, int day) {
+    std::string& cell = g.week.DayTypeText[day][g.week.CurrentEmployee];
+    const std::string symbol = Trim(g.daytypes.DayTypeSymbols[index]);
+    if (symbol != Trim(cell)) g.week.WeekChanged = true;
+    cell = symbol;
+}
+
+} // namespace tvx

@@ -1,0 +1,58 @@
+// Departments: the profile that is added or changed, and the delete that takes everything of one along.
+#pragma once
+
+#include "platform/ports/Ports.h"
+#include "shell/TVXGLOB.h"
+
+#include <array>
+#include <string>
+
+namespace tvx {
+
+constexpr int MostCutoffQuarters = 32; // 8:00
+
+/// What the profile of a department holds.
+struct DepartmentProfile {
+    std::string name;
+    int editorOrder = 1;    // 1 to 6
+    int firstWeekday = 1;   // 1 Sunday to 7 Saturday
+    int cutoffQuarters = 0; // 0 to 32
+    int weekMethod = 3;     // 0 to 3
+    std::string employeeNameSingle = "Employee";
+    std::string employeeNamePlural = "Employees";
+    std::string dayOffNameSingle = "Vacation day";
+    std::string dayOffNamePlural = "Vacation days";
+
+    friend bool operator==(const DepartmentProfile&, const DepartmentProfile&) = default;
+};
+
+/// The stored profile of the current department, found by its name. A cut-off that the list of times does not
+/// offer shows as the last one. Throws DaoError; 3021 when the department is gone.
+DepartmentProfile ReadProfile(GlobalState& g);
+
+enum class ProfileResult {
+    Saved,
+    NameMissing, // the name is empty: the focus belongs on it
+    NameInUse,   // told: the focus belongs on it
+    Refused,     // the store refused, told; what was typed is still there
+};
+
+/// Adds a department, or changes the current one, as `FormCommand` "Add" or "Change" says, and shows the box
+/// of any refusal. Empty words for people and days off become the defaults, in `profile` too. An added
+/// department gets no words of its own. After Saved the current department's settings are in force.
+ProfileResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& profile);
+
+/// True when a department has this name but for case and outer blanks.
+bool CheckDepartmentNameInUse(dao::Recordset& departments, const std::string& name);
+
+/// Deletes the current department with its employees, daytypes and days; of its people's schedule rows only
+/// those of the first one. Throws DaoError; what was deleted before stays deleted.
+void DeleteDepartment(GlobalState& g);
+
+/// DeleteDepartment after its question. True when it was deleted.
+bool AskAndDeleteDepartment(GlobalState& g, Prompt& prompt);
+
+/// The times that a business day can begin at, by the clock of the options: [0..32].
+std::array<std::string, MostCutoffQuarters + 1> CutoffTexts(const std::string& clockStyle);
+
+} // namespace tvx

@@ -1,0 +1,101 @@
+// One employee's record: what the screen holds, the rules of its boxes, loading and saving.
+#pragma once
+
+#include "masterdata/AvailabilityGrid.h"
+#include "platform/ports/Ports.h"
+#include "shell/TVXGLOB.h"
+
+#include <array>
+#include <optional>
+#include <string>
+
+namespace tvx {
+
+/// Boxes of the record, by their index on the screen.
+namespace box_of {
+constexpr int LastName = 1;
+constexpr int FirstName = 2;
+constexpr int Id = 3;
+constexpr int Assignment = 4;
+constexpr int Pay = 5;
+constexpr int Street = 6;
+constexpr int City = 7;
+constexpr int State = 8;
+constexpr int Zip = 9;
+constexpr int HireDate = 10;
+constexpr int BirthDate = 11;
+constexpr int Phone = 12;
+constexpr int EmergencyPhone = 13;
+constexpr int CellPhone = 14;
+constexpr int SocSecNumber = 15;
+constexpr int Email = 16;
+constexpr int Last = 16;
+} // namespace box_of
+
+/// What a box is called, how much it takes, and where it is stored.
+struct EmployeeBox {
+    const char* label = "";
+    int maxLength = 0; // characters that can be typed
+    const char* field = "";
+};
+/// [1..16]
+const std::array<EmployeeBox, box_of::Last + 1>& EmployeeBoxes();
+
+/// What the screen holds.
+struct EmployeeRecord {
+    std::array<std::string, box_of::Last + 1> Text2; // [1..16]
+    std::string comments;
+    bool hourly = true;
+    bool active = true;
+    int laborOption = 0; // 0 full time, 1 part time, 2 student, 3 other; -1 none chosen
+    int barColor = 2;    // palette index 1 to 14
+    Absence absence;
+
+    friend bool operator==(const EmployeeRecord&, const EmployeeRecord&) = default;
+};
+
+/// An empty record with the options' bar colour.
+EmployeeRecord NewEmployeeRecord(const ApplicationState& application);
+
+/// The stored record of an employee; `EmployeeRs` stands on it afterwards. Throws DaoError; 3021 when it is
+/// gone.
+EmployeeRecord LoadEmployeeRecord(GlobalState& g, const Region& region, int employeeKey);
+
+/// Keys of the whole department in the order of last names, inactive people included. Throws DaoError.
+std::vector<int> EmployeeKeys(GlobalState& g);
+
+enum class EmployeeResult {
+    Saved,
+    NameMissing, // told: the focus belongs on the last name
+    Refused,     // the store refused, told; what was typed is still there
+};
+
+/// Adds the record to the current department ("Add"), or writes it to the record that `EmployeeRs` stands on
+/// ("Change", "Move"), in one transaction, with the boxes of any refusal.
+EmployeeResult SaveEmployeeRecord(GlobalState& g, Ports& ports, const EmployeeRecord& record);
+
+/// The key rule of a box: 0 drops the key. The double quote is dropped everywhere; pay takes digits, one
+/// point and backspace; the state's letters become capitals. `text` is what the box holds.
+int FilterEmployeeKey(int index, int code, const std::string& text);
+
+/// The box that Enter, or an arrow up (-1) or down (1), leads to from a box; the same box when to none. With
+/// pay hidden its box is passed over.
+int BoxAfterEnter(int index, bool hideWages);
+int BoxAfterArrow(int index, int direction, bool hideWages);
+
+/// A pay as it stands after leaving its box: its leading number, two decimals.
+std::string NormalizedPay(const std::string& text);
+
+/// A date as it stands after leaving its box: "" for a blank, else the display form; nothing when it is none.
+std::optional<std::string> NormalizedDate(const std::string& text, const GlobalState& g, const Ports& ports);
+
+/// "Robert is under the age of 16." when the birth date says so, else "". On the birthday itself nobody is.
+std::string UnderAgeNotice(const std::string& birthDate, const GlobalState& g, const Ports& ports);
+
+/// What can be typed as a date, for the hint line: "Use format like 2-Jan-2026 or Apr-12-26".
+std::string DateHint(const GlobalState& g, const Ports& ports);
+
+/// Title of the screen by `FormCommand`.
+std::string EmployeeTitle(const GlobalState& g);
+
+} // namespace tvx

@@ -1,0 +1,119 @@
+#include "masterdata/StoredShifts.h"
+
+#include "editor/BarDrag.h"
+#include "editor/Totals.h"
+#include "editor/WeekModel.h"
+#include "masterdata/ShiftFile.h"
+#include "platform/basic/Text.h"
+#include "platform/files/FileError.h"
+
+namespace tvx {
+namespace {
+
+/// Index of another shift with this name but for case; 0 when there is none.
+int IndexOfName(const Shifts& shifts, const std::string& name, int except) {
+    const std::string wanted = UpperCase(Trim(name));
+    for (int i = 1; i <= shifts.ShiftCount; ++i)
+        if (i != except && UpperCase(shifts.ShiftNames[i]) == wanted) return i;
+    return 0;
+}
+
+ShiftResult Check(const Shifts& shifts, Prompt& prompt, const std::string& name, int except,
+                  const char* what) {
+    if (Trim(name).empty()) {
+        prompt.Beep();
+        return ShiftResult::Incomplete;
+    }
+    if (IndexOfName(shifts, name, except) == 0) return ShiftResult::Done;
+    prompt.Beep();
+    prompt.MsgBox(std::string(what) + Trim(name) + "\r\n is in use...", box::Ok, "Shift name duplicate");
+    return ShiftResult::InUse;
+}
+
+/// Writes the changed list and reads it back. On trouble the list in memory is as it was before.
+ShiftResult Keep(GlobalState& g, Prompt& prompt, const Shifts& changed) {
+    try {
+        WriteStoredShifts(g.paths.ProgramPath, g.department.CurrentDepNumber, changed);
+    } catch (const FileError& trouble) {
+        prompt.MsgBox("Could not write the file of the shifts.\r\n\r\n" + std::string(trouble.what()),
+                      box::Exclamation, "File error");
+        return ShiftResult::NotWritten;
+    }
+    LoadStoredShifts(g.paths.ProgramPath, g.department.CurrentDepNumber, g.shifts);
+    return ShiftResult::Done;
+}
+
+bool DayIsFree(const GlobalState& g, int e) {
+    const DayWindow day = WindowOfDay(g.week.CurrentDay, g.department.DayCutoffQuarters);
+    for (int b = 1; b <= g.week.BarCount[e]; ++b)
+        if (g.week.BarStarts[e][b] < day.high && g.week.BarStops[e][b] > day.low) return false;
+    return true;
+}
+
+} // namespace
+
+void TakeShiftFromDay(GlobalState& g) {
+    if (g.shifts.ShiftCount >= MostShifts) return;
+    const int slot = g.shifts.ShiftCount + 1;
+    const int e = g.week.CurrentEmployee;
+    const int midnight = (g.week.CurrentDay - 1) * QuartersPerDay;
+    g.shifts.ShiftBarCount[slot] = 0; // what an abandoned one left
+    for (int b = 1; b <= g.week.BarCount[e]; ++b) {
+        const int start = g.week.BarStarts[e][b] - midnight;
+        if (start < 0 || start >= QuartersPerDay) continue;
+        const int k = ++g.shifts.ShiftBarCount[slot];
+        g.shifts.ShiftStarts[slot][k] = start;
+        g.shifts.ShiftStops[slot][k] = g.week.BarStops[e][b] - midnight;
+    }
+}
+
+ShiftResult AddShift(GlobalState& g, Prompt& prompt, const std::string& name) {
+    if (g.shifts.ShiftCount >= MostShiftsToAdd) {
+        prompt.Beep();
+        return ShiftResult::Incomplete;
+    }
+    const ShiftResult result = Check(g.shifts, prompt, name, 0, "Shift ");
+    if (result != ShiftResult::Done) return result;
+    Shifts changed = g.shifts;
+    changed.ShiftNames[++changed.ShiftCount] = Trim(name);
+    return Keep(g, prompt, changed);
+}
+
+ShiftResult RenameShift(GlobalState& g, Prompt& prompt, int index, const std::string& name) {
+    const ShiftResult result = Check(g.shifts, prompt, name, index, "Shift name ");
+    if (result != ShiftResult::Done) return result;
+    Shifts changed = g.shifts;
+    changed.ShiftNames[index] = Trim(name);
+    return Keep(g, prompt, changed);
+}
+
+ShiftResult DeleteShift(GlobalState& g, Prompt& prompt, int index) {
+    Shifts changed = g.shifts;
+    changed.ShiftNames[index].clear();
+    return Keep(g, prompt, changed);
+}
+
+std::vector<std::pair<std::string, int>> ShiftRows(const Shifts& shifts) {
+    std::vector<std::pair<std::string, int>> rows;
+    for (int i = 1; i <= shifts.ShiftCount; ++i) rows.emplace_back(shifts.ShiftNames[i], i);
+    return rows;
+}
+
+PasteResult PasteShift(GlobalState& g, int index) {
+    Week& week = g.week;
+    const int e = week.CurrentEmployee;
+    const int day = week.CurrentDay;
+    if (week.DayOffFlag[day][e] || (week.DayOffFlag[day + 1][e] && g.department.DayCutoffQuarters > 0))
+        return PasteResult::DayOff;
+    if (!DayIsFree(g, e)) return PasteResult::Occupied;
+    const int midnight = (day - 1) * QuartersPerDay;
+    BuildWeekGrid(week, e);
+    for (int k = 1; k <= g.shifts.ShiftBarCount[index]; ++k)
+        PaintWeekGrid(week, midnight + g.shifts.ShiftStarts[index][k],
+                      midnight + g.shifts.ShiftStops[index][k]);
+    RefreshRowAfterEdit(g, e);
+    week.WeekChanged = true;
+    return PasteResult::Pasted;
+}
+
+} // namespace tvx
