@@ -28,6 +28,8 @@ struct GlobalState {
     Productivity productivity;
     Daytypes daytypes;
     Shifts shifts;
+    ListDialog listDialog;
+    int SelectedEmployee = 0; // key of the employee picked in the search; 0 none
     Grid grid;
     Drag drag;
     LineClipboard clipboard;

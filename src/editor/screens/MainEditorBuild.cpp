@@ -194,7 +194,7 @@ void MainEditorForm::BuildRow(QWidget& sheet, int row) {
     days.onPaint = [=, this](QPainter& painter, const QRegion&) { PaintSquares(painter, row); };
     TextBox& box = Add(Text1, "Text1", row, "", &sheet);
     box.setFrame(false);
-    box.setMaxLength(2);
+    box.SetTypingLimit(2);
     box.setAlignment(Qt::AlignCenter);
     box.SetFocusColours(Yellow, LightBlue);
     box.setVisible(!g_.roster.AllDepartmentsMode);

@@ -14,6 +14,8 @@
 #include <QStyleOptionButton>
 #include <QStyleOptionFocusRect>
 
+#include <algorithm>
+
 namespace tvx::qt {
 
 // ---- Label ----
@@ -151,15 +153,21 @@ QString TextBox::Filtered(const QString& text) const {
     const std::function<int(int)>& filter = pasteFilter ? pasteFilter : keyFilter;
     if (!filter) return text;
     QString kept;
-    for (const char32_t c : text.toUcs4()) {
-        const int code = c == '\r' || c == '\n' ? 0 : filter(static_cast<int>(c));
-        if (code >= 32) kept += QString::fromUcs4(reinterpret_cast<const char32_t*>(&code), 1);
+    for (const auto c : text.toUcs4()) {
+        const auto code = c == U'\r' || c == U'\n' ? U'\0' : static_cast<char32_t>(filter(static_cast<int>(c)));
+        if (code >= 32) kept += QString::fromUcs4(&code, 1);
     }
     return kept;
 }
 
+/// Characters that can still be entered; what is selected makes room.
+int TextBox::Room() const {
+    if (typingLimit_ == 0) return 32767;
+    return std::max(0, typingLimit_ - static_cast<int>(text().size() - selectedText().size()));
+}
+
 void TextBox::Paste(const QString& text) {
-    insert(Filtered(text));
+    insert(Filtered(text).left(Room()));
     if (onKeyUp) onKeyUp();
 }
 
@@ -186,13 +194,13 @@ bool TextBox::HandleCommandKey(QKeyEvent& event) {
 void TextBox::TypeCharacter(QKeyEvent& event) {
     const auto typed = event.text().toUcs4();
     const bool command = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
-    if (!keyFilter || command || typed.size() != 1 || typed[0] < 32 || typed[0] == 127) {
+    if (command || typed.size() != 1 || typed[0] < 32 || typed[0] == 127) {
         QLineEdit::keyPressEvent(&event);
         return;
     }
-    const auto code = static_cast<char32_t>(keyFilter(static_cast<int>(typed[0])));
+    const auto code = keyFilter ? static_cast<char32_t>(keyFilter(static_cast<int>(typed[0]))) : typed[0];
     event.accept();
-    if (code < 32) return;
+    if (code < 32 || Room() < (code > 0xFFFF ? 2 : 1)) return;
     QKeyEvent passed(event.type(), event.key(), event.modifiers(), QString::fromUcs4(&code, 1));
     QLineEdit::keyPressEvent(&passed);
 }
@@ -252,7 +260,7 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event) {
         return;
     }
     QInputMethodEvent filtered(event->preeditString(), event->attributes());
-    filtered.setCommitString(Filtered(event->commitString()), event->replacementStart(),
+    filtered.setCommitString(Filtered(event->commitString()).left(Room()), event->replacementStart(),
                              event->replacementLength());
     QLineEdit::inputMethodEvent(&filtered);
     if (onKeyUp) onKeyUp();
@@ -266,6 +274,49 @@ void TextBox::contextMenuEvent(QContextMenuEvent* event) {
             connect(action, &QAction::triggered, this, [this] { Paste(QApplication::clipboard()->text()); });
         }
     menu->exec(event->globalPos());
+}
+
+// ---- Frame ----
+
+void Frame::enterEvent(QEnterEvent* event) {
+    if (onHover) onHover(true);
+    QGroupBox::enterEvent(event);
+}
+
+void Frame::leaveEvent(QEvent* event) {
+    if (onHover) onHover(false);
+    QGroupBox::leaveEvent(event);
+}
+
+// ---- ListBox ----
+
+ListBox::ListBox(QWidget* parent) : QListWidget(parent) {
+    setUniformItemSizes(true);
+    connect(this, &QListWidget::itemClicked, this, [this](QListWidgetItem* item) { Choose(item); });
+}
+
+void ListBox::Fill(const std::vector<std::pair<std::string, int>>& rows) {
+    clear();
+    for (const auto& [text, number] : rows) {
+        auto* item = new QListWidgetItem(ToQString(text), this);
+        item->setData(Qt::UserRole, number);
+    }
+}
+
+std::optional<int> ListBox::ItemData() const {
+    const QListWidgetItem* item = currentItem();
+    if (item == nullptr) return std::nullopt;
+    return item->data(Qt::UserRole).toInt();
+}
+
+void ListBox::Choose(const QListWidgetItem* item) {
+    if (item != nullptr && onChoose) onChoose(item->data(Qt::UserRole).toInt());
+}
+
+void ListBox::keyPressEvent(QKeyEvent* event) {
+    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (enter && currentItem() != nullptr && onChoose) Choose(currentItem());
+    else QListWidget::keyPressEvent(event);
 }
 
 // ---- PictureBox ----

@@ -4,14 +4,19 @@
 #include "platform/basic/Palette.h"
 #include "platform/qt/Scale.h"
 
+#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QPushButton>
 #include <QWidget>
 
 #include <functional>
 #include <map>
 #include <optional>
+#include <string>
+#include <utility>
+#include <vector>
 
 namespace tvx::qt {
 
@@ -99,6 +104,8 @@ class TextBox : public QLineEdit {
     /// A key was released, the text may have changed.
     std::function<void()> onKeyUp;
 
+    /// How many characters can be entered; text that the program sets may be longer. 0 is no limit.
+    void SetTypingLimit(int characters) { typingLimit_ = characters; }
     /// Ground with and without the focus.
     void SetFocusColours(Colour focused, Colour resting);
     void SetText(const std::string& text);
@@ -122,9 +129,45 @@ class TextBox : public QLineEdit {
     bool HandleCommandKey(QKeyEvent& event);
     void TypeCharacter(QKeyEvent& event);
     void ShowGround(bool focused);
+    int Room() const;
 
+    int typingLimit_ = 0;
     std::optional<Colour> focused_;
     std::optional<Colour> resting_;
+};
+
+/// A titled frame that knows when the mouse is over it.
+class Frame : public QGroupBox {
+    Q_OBJECT
+  public:
+    explicit Frame(QWidget* parent = nullptr) : QGroupBox(parent) {}
+    void SetTitle(const std::string& title) { setTitle(ToQString(title)); }
+
+    /// The mouse came (true) or went (false).
+    std::function<void(bool)> onHover;
+
+  protected:
+    void enterEvent(QEnterEvent* event) override;
+    void leaveEvent(QEvent* event) override;
+};
+
+/// A list of texts with a number each. A click and Enter both choose a row.
+class ListBox : public QListWidget {
+    Q_OBJECT
+  public:
+    explicit ListBox(QWidget* parent = nullptr);
+
+    void Fill(const std::vector<std::pair<std::string, int>>& rows);
+    /// The number of the selected row; nothing when none is.
+    std::optional<int> ItemData() const;
+
+    std::function<void(int)> onChoose;
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    void Choose(const QListWidgetItem* item);
 };
 
 /// A surface that a screen paints; positions of the mouse reach it in twips.

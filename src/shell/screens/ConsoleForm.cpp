@@ -49,7 +49,7 @@ void ConsoleForm::PlaceControls() {
     Place(*Label1, 705, 2150, 3500, 300);
     Text3 = &Add<TextBox>("Text3", "Password");
     Text3->setEchoMode(QLineEdit::Password);
-    Text3->setMaxLength(12);
+    Text3->SetTypingLimit(12);
     Place(*Text3, 705, ButtonTop, 2400, 390);
     cmdSchedule = &Add<QPushButton>("cmdSchedule", "Schedule");
     Place(*cmdSchedule, 4400, ButtonTop, 2490, 390);

@@ -1,0 +1,53 @@
+// Department profile: adds a department or changes the settings of the current one.
+#pragma once
+
+#include "masterdata/Departments.h"
+#include "platform/qt/Form.h"
+
+#include <QComboBox>
+#include <QRadioButton>
+
+class QVBoxLayout;
+
+namespace tvx::qt {
+
+class DepartmentForm : public Form {
+    Q_OBJECT
+  public:
+    /// `FormCommand` "Add" or "Change" says what for.
+    DepartmentForm(GlobalState& g, Ports& ports, Form* owner);
+
+    /// True when the profile was stored.
+    bool Saved() const { return saved_; }
+
+  private:
+    Frame& AddFrame(const char* name, const std::string& title, const std::string& hint);
+    void BuildName(QVBoxLayout& column);
+    void BuildWeek(QVBoxLayout& column);
+    void BuildOrder(QVBoxLayout& column);
+    void BuildWords(QVBoxLayout& column);
+    void BuildButtons(QVBoxLayout& column);
+    TextBox& AddWord(Frame& frame, const char* name, const char* label);
+    void ShowProfile(const DepartmentProfile& profile);
+    DepartmentProfile Profile() const;
+    void ShowCutoff();
+    void Save();
+
+    GlobalState& g_;
+    bool saved_ = false;
+
+    TextBox* Text1 = nullptr;             // name
+    QComboBox* Combo1 = nullptr;          // first day of the week
+    QComboBox* Combo2 = nullptr;          // cut-off
+    Label* Label1 = nullptr;              // "and " + the cut-off
+    Label* Label2 = nullptr;              // "the next day"
+    Label* Label4 = nullptr;              // hints
+    ControlArray<QRadioButton> SSOption1; // [0..3], the first week of the year
+    ControlArray<QRadioButton> SSOption2; // [1..6], listing order
+    TextBox* txtGenEmployee = nullptr;
+    TextBox* txtGenEmployees = nullptr;
+    TextBox* txtDayOff = nullptr;
+    TextBox* txtDaysOff = nullptr;
+};
+
+} // namespace tvx::qt
