@@ -154,8 +154,8 @@ QString TextBox::Filtered(const QString& text) const {
     if (!filter) return text;
     QString kept;
     for (const auto c : text.toUcs4()) {
-        const auto code = c == U'\r' || c == U'\n' ? U'\0' : static_cast<char32_t>(filter(static_cast<int>(c)));
-        if (code >= 32) kept += QString::fromUcs4(&code, 1);
+        const auto code = static_cast<char32_t>(c == U'\r' || c == U'\n' ? 0 : filter(static_cast<int>(c)));
+        if (code >= U' ') kept += QString::fromUcs4(&code, 1);
     }
     return kept;
 }
@@ -198,7 +198,7 @@ void TextBox::TypeCharacter(QKeyEvent& event) {
         QLineEdit::keyPressEvent(&event);
         return;
     }
-    const auto code = keyFilter ? static_cast<char32_t>(keyFilter(static_cast<int>(typed[0]))) : typed[0];
+    const auto code = static_cast<char32_t>(keyFilter ? keyFilter(static_cast<int>(typed[0])) : static_cast<int>(typed[0]));
     event.accept();
     if (code < 32 || Room() < (code > 0xFFFF ? 2 : 1)) return;
     QKeyEvent passed(event.type(), event.key(), event.modifiers(), QString::fromUcs4(&code, 1));
