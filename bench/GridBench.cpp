@@ -22,6 +22,12 @@ namespace {
 constexpr DaySerial Sunday = 45294;
 constexpr int Lanes = 100;
 
+class NoScreens : public qt::EditorScreens {
+  public:
+    void OpenDaytypes(qt::Form&) override {}
+    void OpenShifts(qt::Form&) override {}
+};
+
 /// A store with a hundred people and the editor open on their week.
 struct Editor {
     Editor() {
@@ -31,7 +37,7 @@ struct Editor {
         store.FillWeeks(Sunday, 1);
         store.script.clock.Set(Sunday + 2);
         store.OpenEditor();
-        form = std::make_unique<qt::MainEditorForm>(store.g, store.ports(), nullptr);
+        form = std::make_unique<qt::MainEditorForm>(store.g, store.ports(), screens, nullptr);
         form->ShowModeless();
         form->setWindowState(Qt::WindowNoState);
         form->setGeometry(0, 0, 3840, 2160);
@@ -40,6 +46,7 @@ struct Editor {
     GlobalState& g() { return store.g; }
 
     test::TestStore store;
+    NoScreens screens;
     std::unique_ptr<qt::MainEditorForm> form;
 };
 

@@ -70,7 +70,7 @@ MenuBar EditorMenus(const GlobalState& g) {
     append(ScheduleEntries());
     append(CopyEntries());
     append(SortEntries());
-    append({Entry("Shift", "", "Shi&fts"), Entry("ShowDayTypes", "", "&Daytypes")});
+    append({Entry("Shift", "", "Shi&fts", Built), Entry("ShowDayTypes", "", "&Daytypes", Built)});
     append(PrintEntries(g.department));
     append(HelpEntries());
     append({Entry("GetOut", "", "&Close", Built)});

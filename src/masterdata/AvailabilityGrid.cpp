@@ -106,7 +106,7 @@ AbsenceChange AvailabilityGrid::Press(const AbsenceMouse& mouse) {
     const int row = RowAt(mouse.y);
     if (row == 0 || mouse.x < 0 || mouse.x > RightEnd) return change;
     if (mouse.button == AbsenceMouse::Button::Right && leftDown_) return change;
-    if (open_) Commit();
+    Settle();
     leftDown_ = leftDown_ || mouse.button == AbsenceMouse::Button::Left;
     change.pressed = true;
     row_ = row;
@@ -205,6 +205,12 @@ AbsenceChange AvailabilityGrid::Release(const AbsenceMouse& mouse) {
     change.markerMoved = true;
     change.markerX = mouse.x - 140;
     return change;
+}
+
+bool AvailabilityGrid::Settle() {
+    if (!open_) return false;
+    Commit();
+    return true;
 }
 
 void AvailabilityGrid::Commit() {

@@ -70,6 +70,9 @@ class AvailabilityGrid {
     /// Commits the gesture: snaps, merges, keeps the three earliest bars of the day.
     AbsenceChange Release(const AbsenceMouse& mouse);
 
+    /// Commits a gesture whose release never came. True when there was one.
+    bool Settle();
+
     /// Row of the gesture, 1 to 7.
     int Row() const { return row_; }
     /// The band under the mouse, grid twips, left to right; both 0 when there is none.

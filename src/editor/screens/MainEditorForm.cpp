@@ -8,6 +8,7 @@
 #include "editor/screens/TotalsForm.h"
 #include "masterdata/ProductivityFile.h"
 #include "masterdata/ShiftFile.h"
+#include "masterdata/StoredShifts.h"
 #include "shell/TVXMOD1.h"
 
 #include <QApplication>
@@ -18,8 +19,8 @@
 #include <algorithm>
 
 namespace tvx::qt {
-MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, Form* owner)
-    : Form(ports, "Form1", owner), g_(g), menuModel_(EditorMenus(g)), drag_(g) {
+MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, EditorScreens& screens, Form* owner)
+    : Form(ports, "Form1", owner), g_(g), screens_(screens), menuModel_(EditorMenus(g)), drag_(g) {
     // No cross of its own: the editor is left on the ways that guard unsaved changes.
     setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
                    Qt::WindowMinMaxButtonsHint);
@@ -97,6 +98,10 @@ void MainEditorForm::Choose(const std::string& entry) {
         ToggleAvailability();
     else if (entry == "LetSeeHeadcount")
         ToggleHeadcount();
+    else if (entry == "ShowDayTypes")
+        PickDaytype();
+    else if (entry == "Shift")
+        PickShift();
 }
 
 void MainEditorForm::Save() {
@@ -154,6 +159,51 @@ void MainEditorForm::ToggleHeadcount() {
 
 void MainEditorForm::ShowTotalsBox() {
     TotalsForm(g_, ports_, this).ShowModal();
+}
+
+void MainEditorForm::PickDaytype() {
+    drag_.Settle();
+    g_.week.CurrentRow = g_.grid.LastFocusRow;
+    g_.week.CurrentEmployee = EmployeeOfRow(g_, g_.week.CurrentRow);
+    if (g_.week.DayOffFlag[g_.week.CurrentDay][g_.week.CurrentEmployee]) return ports_.prompt.Beep();
+    g_.listDialog.DayTypeRequest = static_cast<int>(ListRequest::Drop);
+    g_.listDialog.DayTypeCaller = "Main";
+    screens_.OpenDaytypes(*this);
+    ShowRows();
+    FocusRow(g_.grid.LastFocusRow);
+}
+
+void MainEditorForm::PickShift() {
+    drag_.Settle();
+    g_.week.CurrentRow = g_.grid.LastFocusRow;
+    g_.week.CurrentEmployee = EmployeeOfRow(g_, g_.week.CurrentRow);
+    g_.listDialog.DayTypeRequest = static_cast<int>(ListRequest::Drop);
+    g_.listDialog.DayTypeCaller = "Main";
+    g_.listDialog.SelectedDayType = 0;
+    screens_.OpenShifts(*this);
+    ShowMenus();
+    const bool picked = g_.listDialog.DayTypeRequest == static_cast<int>(ListRequest::Drop);
+    if (picked && g_.listDialog.SelectedDayType > 0) PasteStoredShift(g_.listDialog.SelectedDayType);
+}
+
+void MainEditorForm::StoreShift() {
+    TakeShiftFromDay(g_);
+    g_.listDialog.DayTypeRequest = static_cast<int>(ListRequest::Add);
+    g_.listDialog.DayTypeCaller = "Main";
+    screens_.OpenShifts(*this);
+    g_.clipboard.ClipFull = false;
+    ShowMenus();
+    FocusRow(g_.week.CurrentRow);
+}
+
+void MainEditorForm::PasteStoredShift(int index) {
+    g_.week.CurrentEmployee = EmployeeOfRow(g_, g_.week.CurrentRow);
+    if (PasteShift(g_, index) == PasteResult::Occupied) ports_.prompt.Beep();
+    ShowRowValue(g_.week.CurrentRow);
+    ShowTotals();
+    ShowRuler();
+    Picture1->UpdateRow(g_.week.CurrentRow);
+    FocusRow(g_.week.CurrentRow);
 }
 
 void MainEditorForm::ScrollDay(int value) {
@@ -224,21 +274,31 @@ void MainEditorForm::Follow(const GridChange& change) {
 
 void MainEditorForm::OpenLineMenu() {
     const LineMenu offered = ArrangeLineMenu(g_);
-    // Copying a line and storing a shift have no screens yet; the entries stand in the menu and wait.
+    // Copying a line has no commands yet; its entries stand in the menu and wait.
     constexpr bool Built = false;
     QMenu menu(this);
     menu.setObjectName(QStringLiteral("Popup"));
     const auto add = [&](const char* name, const char* caption, bool enabled) {
         QAction* action = menu.addAction(QLatin1String(caption));
         action->setObjectName(QLatin1String(name));
-        action->setEnabled(enabled && Built);
+        action->setEnabled(enabled);
+        return action;
     };
-    add("CutLine", "&Cut", offered.CutLine);
-    add("CopyLine", "C&opy", offered.CopyLine);
-    add("PasteLine", "&Paste", offered.PasteLine);
+    add("CutLine", "&Cut", offered.CutLine && Built);
+    add("CopyLine", "C&opy", offered.CopyLine && Built);
+    add("PasteLine", "&Paste", offered.PasteLine && Built);
     menu.addSeparator();
-    add("AddToShift", "&Add to standard Shifts", offered.AddToShift);
-    add("PasteShift", "Paste &Shift", offered.PasteShift);
+    On(*add("AddToShift", "&Add to standard Shifts", offered.AddToShift), &QAction::triggered,
+       [this] { StoreShift(); });
+    QMenu* shifts = menu.addMenu(QStringLiteral("Paste &Shift"));
+    shifts->menuAction()->setObjectName(QStringLiteral("PasteShift"));
+    shifts->setEnabled(offered.PasteShift);
+    int index = 0;
+    for (const std::string& name : offered.ShiftNaam) {
+        QAction* action = shifts->addAction(ToQString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
+        action->setObjectName(QStringLiteral("ShiftNaam(%1)").arg(++index));
+        On(*action, &QAction::triggered, [this, index] { PasteStoredShift(index); });
+    }
     menu.exec(QCursor::pos());
 }
 

@@ -3,6 +3,7 @@
 
 #include "editor/BarDrag.h"
 #include "editor/screens/DayHeader.h"
+#include "editor/screens/EditorScreens.h"
 #include "editor/screens/TimeGrid.h"
 #include "platform/ports/Gauge.h"
 #include "platform/qt/Form.h"
@@ -19,7 +20,7 @@ class MainEditorForm : public Form {
     Q_OBJECT
   public:
     /// Needs the roster of the current department.
-    MainEditorForm(GlobalState& g, Ports& ports, Form* owner);
+    MainEditorForm(GlobalState& g, Ports& ports, EditorScreens& screens, Form* owner);
     ~MainEditorForm() override;
 
     /// Redraws header, ruler and lanes after the day or the week has changed, and sums the day.
@@ -61,6 +62,10 @@ class MainEditorForm : public Form {
     void ToggleAvailability();
     void ToggleHeadcount();
     void ShowTotalsBox();
+    void PickDaytype();
+    void PickShift();
+    void StoreShift();
+    void PasteStoredShift(int index);
     void ScrollDay(int value);
     void ScrollRows(int value);
 
@@ -87,6 +92,7 @@ class MainEditorForm : public Form {
     int TypeInto(int row, int code);
 
     GlobalState& g_;
+    EditorScreens& screens_;
     MenuBar menuModel_;
     BarDrag drag_;
     std::unique_ptr<MenuRenderer<MenuBar>> menus_;

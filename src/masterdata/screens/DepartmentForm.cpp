@@ -12,26 +12,29 @@ namespace {
 constexpr int NameLength = 30;
 constexpr int WordLength = 14;
 
-constexpr const char* EmployeeHint =
-    "The default name on an employee is: Employee.  Some organizations refer to employees as Associates or any local "
-    "name that is appropriate";
-constexpr const char* DayOffHint = "A requested day off is usually called a Vacation day. You may however substitute "
-                                   "a Day off for any local term that is appropriate.";
+constexpr const char* EmployeeHint = "The default name on an employee is: Employee.  Some organizations "
+                                     "refer to employees as Associates or any local "
+                                     "name that is appropriate";
+constexpr const char* DayOffHint =
+    "A requested day off is usually called a Vacation day. You may however substitute "
+    "a Day off for any local term that is appropriate.";
 constexpr const char* NameHint = "Enter or change Department name (A mandatory field).";
-constexpr const char* WeekHint =
-    "Each day in a year has a week number.  Select the way the weeks are counted based on setting of the <First day "
-    "of the week> above. This feature is mostly used in Europe.";
+constexpr const char* WeekHint = "Each day in a year has a week number.  Select the way the weeks are "
+                                 "counted based on setting of the <First day "
+                                 "of the week> above. This feature is mostly used in Europe.";
 constexpr const char* OrderHint = "When scheduling, you may select the listing order.";
 constexpr const char* FirstDayHint = "The first day of the scheduling week may start on any day.";
-constexpr const char* CutoffHint =
-    "Daily totals will be calculated and displayed between the hours that you set. This is the cut-off time by which "
-    "you keep track of daily totals etc.";
+constexpr const char* CutoffHint = "Daily totals will be calculated and displayed between the hours that you "
+                                   "set. This is the cut-off time by which "
+                                   "you keep track of daily totals etc.";
 
 } // namespace
 
-DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, Form* owner) : Form(ports, "Form13", owner), g_(g) {
+DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, Form* owner)
+    : Form(ports, "Form13", owner), g_(g) {
     const bool adding = g_.application.FormCommand == "Add";
-    setWindowTitle(adding ? QStringLiteral("Add a new Department") : QStringLiteral("Change Department information"));
+    setWindowTitle(adding ? QStringLiteral("Add a new Department")
+                          : QStringLiteral("Change Department information"));
     auto* column = new QVBoxLayout(&Face());
     column->setContentsMargins(Pixels(240), Pixels(180), Pixels(240), Pixels(180));
     column->setSpacing(Pixels(120));
@@ -213,8 +216,11 @@ void DepartmentForm::Save() {
         Unload();
         break;
     case ProfileResult::NameMissing:
-    case ProfileResult::NameInUse: Text1->setFocus(); break;
-    case ProfileResult::Refused: break;
+    case ProfileResult::NameInUse:
+        Text1->setFocus();
+        break;
+    case ProfileResult::Refused:
+        break;
     }
 }
 

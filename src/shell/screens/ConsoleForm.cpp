@@ -1,6 +1,11 @@
 #include "shell/screens/ConsoleForm.h"
 
 #include "editor/screens/MainEditorForm.h"
+#include "masterdata/screens/DaytypesForm.h"
+#include "masterdata/screens/DepartmentForm.h"
+#include "masterdata/screens/EmployeeForm.h"
+#include "masterdata/screens/EmployeeSearchForm.h"
+#include "masterdata/screens/ShiftsForm.h"
 #include "shell/Passwords.h"
 #include "shell/TVXMOD1.h"
 #include "shell/screens/AboutForm.h"
@@ -10,6 +15,9 @@
 
 #include <QApplication>
 #include <QPainter>
+
+#include <functional>
+#include <map>
 
 namespace tvx::qt {
 namespace {
@@ -22,7 +30,20 @@ constexpr Twips PrintedTop = 3180;
 
 } // namespace
 
-ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports) : Form(ports, "Form2", nullptr), g_(g) {
+/// Opens the screens of the rooms above the editor over it.
+class ConsoleForm::OpenedScreens : public EditorScreens {
+  public:
+    OpenedScreens(GlobalState& g, Ports& ports) : g_(g), ports_(ports) {}
+    void OpenDaytypes(Form& owner) override { DaytypesForm(g_, ports_, &owner).ShowModal(); }
+    void OpenShifts(Form& owner) override { ShiftsForm(g_, ports_, &owner).ShowModal(); }
+
+  private:
+    GlobalState& g_;
+    Ports& ports_;
+};
+
+ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports)
+    : Form(ports, "Form2", nullptr), g_(g), editorScreens_(std::make_unique<OpenedScreens>(g, ports)) {
     menus_ = std::make_unique<MenuRenderer<MenuBar>>(
         Menus(), model_.menus, Guarded([this](const std::string& entry) { Choose(entry); }));
     PlaceControls();
@@ -116,16 +137,59 @@ void ConsoleForm::EndRun() {
 }
 
 void ConsoleForm::Choose(const std::string& entry) {
-    if (entry == "GetOut")
-        EndRun();
-    else if (entry == "ThisProgram")
-        AboutForm(g_, ports_, this).ShowModal();
-    else if (entry == "Freq")
-        ports_.help.ShowTopic(help::Questions);
-    else if (entry == "FixConflics") {
-        g_.roster.AllDepartmentsMode = true;
-        Schedule();
-    }
+    const std::map<std::string, std::function<void()>> commands{
+        {"GetOut", [this] { EndRun(); }},
+        {"ThisProgram", [this] { AboutForm(g_, ports_, this).ShowModal(); }},
+        {"Freq", [this] { ports_.help.ShowTopic(help::Questions); }},
+        {"FixConflics",
+         [this] {
+             g_.roster.AllDepartmentsMode = true;
+             Schedule();
+         }},
+        {"AddDep", [this] { EditDepartment("Add"); }},
+        {"ChangeName", [this] { EditDepartment("Change"); }},
+        {"DeleteDep", [this] { DeleteDepartment(); }},
+        {"NewEmployee", [this] { AddEmployee(); }},
+        {"ChangeEmplRec", [this] { ChangeEmployee(); }},
+        {"DeleteEmpl", [this] { DeleteEmployee(); }},
+    };
+    if (const auto command = commands.find(entry); command != commands.end()) command->second();
+}
+
+void ConsoleForm::EditDepartment(const char* command) {
+    g_.application.FormCommand = command;
+    g_.departments.PreviousDepNumber = g_.department.CurrentDepNumber;
+    DepartmentForm form(g_, ports_, this);
+    form.ShowModal();
+    // Without a new department the one that was current stays so.
+    if (!form.Saved()) g_.application.FormCommand = "Change";
+    RefreshDepartments(g_, ports_, model_);
+    ShowFace();
+}
+
+void ConsoleForm::DeleteDepartment() {
+    if (!AskAndDeleteDepartment(g_, ports_.prompt)) return;
+    RefreshDepartments(g_, ports_, model_);
+    ShowFace();
+}
+
+void ConsoleForm::AddEmployee() {
+    g_.application.FormCommand = "Add";
+    EmployeeForm(g_, ports_, this).ShowModal();
+}
+
+void ConsoleForm::ChangeEmployee() {
+    g_.application.FormCommand = "Change";
+    EmployeeSearchForm search(g_, ports_, this);
+    search.ShowModal();
+    if (search.Picked()) EmployeeForm(g_, ports_, this).ShowModal();
+}
+
+void ConsoleForm::DeleteEmployee() {
+    g_.application.FormCommand = "Delete";
+    EmployeeSearchForm search(g_, ports_, this);
+    search.ShowModal();
+    if (search.Picked()) AskAndDeleteEmployee(g_, ports_.prompt, g_.SelectedEmployee);
 }
 
 void ConsoleForm::ChooseFromCombo(int index) {
@@ -142,7 +206,7 @@ void ConsoleForm::Schedule() {
         g_.roster.AllDepartmentsMode = all; // the console came to the front in between
     }
     if (!PrepareSchedule(g_, ports_)) return;
-    MainEditorForm(g_, ports_, this).ShowModal();
+    MainEditorForm(g_, ports_, *editorScreens_, this).ShowModal();
 }
 
 void ConsoleForm::LogIn() {

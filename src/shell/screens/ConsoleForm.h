@@ -1,6 +1,7 @@
 // The console: picks a department and leads to everything else. It stays open behind every other screen.
 #pragma once
 
+#include "editor/screens/EditorScreens.h"
 #include "platform/qt/Form.h"
 #include "platform/qt/MenuRenderer.h"
 #include "shell/Console.h"
@@ -25,16 +26,24 @@ class ConsoleForm : public Form {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    class OpenedScreens;
+
     void PlaceControls();
     void Connect();
     void ShowFace();
     void Choose(const std::string& entry);
     void ChooseFromCombo(int index);
     void Schedule();
+    void EditDepartment(const char* command);
+    void DeleteDepartment();
+    void AddEmployee();
+    void ChangeEmployee();
+    void DeleteEmployee();
     void LogIn();
     void EndRun();
 
     GlobalState& g_;
+    std::unique_ptr<EditorScreens> editorScreens_;
     ConsoleFace model_;
     std::unique_ptr<MenuRenderer<MenuBar>> menus_;
     QWidget* Frame1 = nullptr;   // holds the choice of the department

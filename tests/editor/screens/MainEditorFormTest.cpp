@@ -14,9 +14,25 @@ using test::Find;
 
 constexpr DaySerial Sunday = 46082; // 1 March 2026
 
+/// Notes what was opened over the editor, and does there what the test says.
+class ScriptedScreens : public qt::EditorScreens {
+  public:
+    std::vector<std::string> opened;
+    std::function<void()> deed;
+    void OpenDaytypes(qt::Form&) override { Open("Daytypes"); }
+    void OpenShifts(qt::Form&) override { Open("Shifts"); }
+
+  private:
+    void Open(const char* screen) {
+        opened.emplace_back(screen);
+        if (deed) deed();
+    }
+};
+
 class MainEditorFormTest : public testing::Test {
   protected:
     test::TestStore store;
+    ScriptedScreens screens;
     std::unique_ptr<qt::MainEditorForm> form;
 
     void SetUp() override {
@@ -30,7 +46,7 @@ class MainEditorFormTest : public testing::Test {
 
     qt::MainEditorForm& Open() {
         store.OpenEditor();
-        form = std::make_unique<qt::MainEditorForm>(store.g, store.ports(), nullptr);
+        form = std::make_unique<qt::MainEditorForm>(store.g, store.ports(), screens, nullptr);
         form->ShowModeless();
         return *form;
     }

@@ -1,0 +1,278 @@
+#include "masterdata/screens/EmployeeForm.h"
+
+#include "platform/basic/Text.h"
+#include "platform/qt/FloodGauge.h"
+#include "shell/Conversions.h"
+#include "shell/TVXMOD1.h"
+
+#include <QApplication>
+#include <QMenu>
+
+#include <algorithm>
+
+namespace tvx::qt {
+
+EmployeeForm::EmployeeForm(GlobalState& g, Ports& ports, Form* owner) : Form(ports, "Form4", owner), g_(g) {
+    BuildBoxes();
+    BuildGrid();
+    BuildFrames();
+    BuildColours();
+    BuildFoot();
+    HidePay();
+    ConnectGrid();
+    if (g_.application.FormCommand != "Add") {
+        employeeKeys_ = EmployeeKeys(g_);
+        const auto found = std::find(employeeKeys_.begin(), employeeKeys_.end(), g_.SelectedEmployee);
+        position_ = found == employeeKeys_.end() ? 0 : static_cast<int>(found - employeeKeys_.begin());
+    }
+    LoadRecord();
+    CenterForm();
+}
+
+EmployeeForm::~EmployeeForm() = default;
+
+void EmployeeForm::Activated() {
+    const std::string& one = g_.department.EmployeeNameSingle;
+    Label2->SetText("Editor time bar color for this " + one);
+    Command2->setText(ToQString("Previous " + one));
+    Command3->setText(ToQString("Next " + one));
+    g_.week.WeekChanged = false;
+    FocusBox(box_of::LastName);
+}
+
+// ---- the record ----
+
+void EmployeeForm::LoadRecord() {
+    const bool adding = g_.application.FormCommand == "Add";
+    setWindowTitle(ToQString(EmployeeTitle(g_)));
+    Command2->setVisible(!adding);
+    Command3->setVisible(!adding);
+    Command2->setEnabled(position_ > 0);
+    Command3->setEnabled(position_ + 1 < static_cast<int>(employeeKeys_.size()));
+    ShowRecord(adding ? NewEmployeeRecord(g_.application)
+                      : LoadEmployeeRecord(g_, ports_.region, g_.SelectedEmployee));
+    ShowUnderAgeNotice();
+    g_.week.WeekChanged = false;
+    FocusBox(box_of::LastName);
+}
+
+void EmployeeForm::ShowRecord(const EmployeeRecord& record) {
+    loading_ = true;
+    for (const auto& [index, box] : Text2) box->SetText(record.Text2[index]);
+    Text1->setPlainText(ToQString(record.comments));
+    Option3D1[record.active ? 1 : 2].setChecked(true);
+    Option3D2[record.hourly ? 1 : 2].setChecked(true);
+    for (const auto& [index, option] : optLaborType) {
+        option->setAutoExclusive(false);
+        option->setChecked(index == record.laborOption);
+        option->setAutoExclusive(true);
+    }
+    currentBarColor_ = record.barColor;
+    grid_.SetBars(record.absence);
+    Label6->hide();
+    for (PictureBox* surface : {Picture1, Picture2, Picture3}) surface->update();
+    loading_ = false;
+}
+
+EmployeeRecord EmployeeForm::Record() const {
+    EmployeeRecord record;
+    for (const auto& [index, box] : Text2) record.Text2[index] = box->Text();
+    record.comments = FromQString(Text1->toPlainText());
+    record.active = Option3D1[1].isChecked();
+    record.hourly = Option3D2[1].isChecked();
+    record.laborOption = -1;
+    for (const auto& [index, option] : optLaborType)
+        if (option->isChecked() && record.laborOption < 0) record.laborOption = index;
+    record.barColor = currentBarColor_;
+    record.absence = grid_.Bars();
+    return record;
+}
+
+bool EmployeeForm::Save() {
+    if (grid_.Settle()) Picture1->update();
+    const EmployeeResult result = SaveEmployeeRecord(g_, ports_, Record());
+    if (result == EmployeeResult::NameMissing) FocusBox(box_of::LastName);
+    if (result != EmployeeResult::Saved) return false;
+    g_.week.WeekChanged = false;
+    gauge_->Flood(0);
+    gauge_->Show(true);
+    FloodTwentySteps(ports_.clock, ports_.prompt, [this](int percent) { gauge_->Flood(percent); });
+    gauge_->Show(false);
+    return true;
+}
+
+void EmployeeForm::SaveFromButton() {
+    // A date that is still being typed is looked at first, as when its box is left.
+    if (auto* box = qobject_cast<TextBox*>(QApplication::focusWidget()); box != nullptr && box->onLeave)
+        box->onLeave();
+    if (!Save() || g_.application.FormCommand != "Add") return;
+    LoadRecord(); // ready for the next one
+}
+
+bool EmployeeForm::MayLeaveRecord() {
+    if (!g_.week.WeekChanged) return true;
+    ports_.prompt.Beep();
+    switch (ports_.prompt.MsgBox("Save the changes?", box::YesNoCancel + box::Stop, "You made changes")) {
+    case Answer::Yes:
+        return Save();
+    case Answer::No:
+        return true;
+    default:
+        return false;
+    }
+}
+
+void EmployeeForm::MoveTo(int direction) {
+    if (direction < 0) g_.application.FormCommand = "Move";
+    Label6->hide();
+    if (!MayLeaveRecord()) return;
+    position_ = std::clamp(position_ + direction, 0, std::max(0, static_cast<int>(employeeKeys_.size()) - 1));
+    if (!employeeKeys_.empty()) g_.SelectedEmployee = employeeKeys_[static_cast<std::size_t>(position_)];
+    LoadRecord();
+}
+
+bool EmployeeForm::MayUnload() {
+    // What is typed while adding goes without a word.
+    return g_.application.FormCommand == "Add" || MayLeaveRecord();
+}
+
+void EmployeeForm::Leave() {
+    if (!MayUnload()) return;
+    const Hourglass hourglass(ports_.prompt);
+    Unload();
+}
+
+void EmployeeForm::Changed() {
+    if (!loading_) g_.week.WeekChanged = true;
+}
+
+// ---- boxes ----
+
+void EmployeeForm::FocusBox(int index) {
+    Text2[index].setFocus(Qt::OtherFocusReason);
+}
+
+void EmployeeForm::ShowHint(const std::string& text) {
+    Label3->SetText(text);
+}
+
+void EmployeeForm::LeaveBox(int index) {
+    if (index == box_of::Pay) Text2[index].SetText(NormalizedPay(Text2[index].Text()));
+    if (index == box_of::HireDate || index == box_of::BirthDate) LeaveDate(index);
+}
+
+void EmployeeForm::LeaveDate(int index) {
+    if (leavingDate_) return;
+    const auto normal = NormalizedDate(Text2[index].Text(), g_, ports_);
+    if (normal) {
+        Text2[index].SetText(*normal);
+        return;
+    }
+    leavingDate_ = true; // the box itself takes the focus away
+    Text2[index].clear();
+    ShowDateHelp(ports_.prompt, g_.application.DateFormatSetting, ports_.region, ports_.clock.Today());
+    FocusBox(index);
+    leavingDate_ = false;
+}
+
+void EmployeeForm::ShowUnderAgeNotice() {
+    const std::string notice = UnderAgeNotice(Text2[box_of::BirthDate].Text(), g_, ports_);
+    Label6->SetText(notice);
+    Label6->setVisible(!notice.empty());
+}
+
+void EmployeeForm::ConnectBox(int index) {
+    TextBox& box = Text2[index];
+    box.keyFilter = [=, this](int code) {
+        const int taken = FilterEmployeeKey(index, code, Text2[index].Text());
+        if (taken != 0 && taken != key::Enter) Changed();
+        return taken;
+    };
+    box.pasteFilter = [=, this](int code) { return FilterEmployeeKey(index, code, Text2[index].Text()); };
+    box.onEnter = [=, this] { FocusBox(BoxAfterEnter(index, g_.rights.HideWages)); };
+    box.onVerticalArrow = [=, this](int direction) {
+        FocusBox(BoxAfterArrow(index, direction, g_.rights.HideWages));
+    };
+    box.onFocus = [=, this] {
+        Text2[index].SetText(TrimRight(Text2[index].Text()));
+        ShowHint(FromQString(Text2[index].toolTip()));
+    };
+    box.onLeave = Guarded([=, this] { LeaveBox(index); });
+    box.onHover = [=, this] { ShowHint(FromQString(Text2[index].toolTip())); };
+    On(box, &QLineEdit::textEdited, [this](const QString&) { Changed(); });
+}
+
+// ---- the grid ----
+
+void EmployeeForm::ConnectGrid() {
+    using Button = AbsenceMouse::Button;
+    const auto shiftHeld = [] { return (QApplication::keyboardModifiers() & Qt::ShiftModifier) != 0; };
+    Picture1->onMouseDown = Guarded([=, this](Qt::MouseButton button, TwipsPoint at) {
+        const Button which = button == Qt::RightButton ? Button::Right : Button::Left;
+        Follow(grid_.Press({which, at.x, at.y, shiftHeld()}));
+    });
+    Picture1->onMouseMove = Guarded([=, this](Qt::MouseButtons held, TwipsPoint at) {
+        const Button which = held == Qt::NoButton ? Button::None : Button::Left;
+        Follow(grid_.Move({which, at.x, at.y, shiftHeld()}));
+    });
+    Picture1->onMouseUp = Guarded([=, this](Qt::MouseButton button, TwipsPoint at) {
+        const Button which = button == Qt::RightButton ? Button::Right : Button::Left;
+        Follow(grid_.Release({which, at.x, at.y, shiftHeld()}));
+    });
+    Picture1->onMouseLeave = Guarded([this] {
+        HighlightDay(0);
+        markerX_ = -1;
+        Picture2->update();
+    });
+}
+
+void EmployeeForm::Follow(const AbsenceChange& change) {
+    if (change.pressed) {
+        markerX_ = -1;
+        ShowUnderAgeNotice();
+        Changed();
+    }
+    if (change.pointer) ports_.prompt.MousePointer(change.shape);
+    if (change.hoverRow != 0) HighlightDay(change.hoverRow);
+    if (change.markerMoved) markerX_ = change.markerX;
+    if (change.row) Picture1->update();
+    if (change.row || change.markerMoved || change.pressed) Picture2->update();
+    if (change.menu) OpenGridMenu();
+}
+
+void EmployeeForm::OpenGridMenu() {
+    QMenu menu(this);
+    menu.setObjectName(QStringLiteral("Popup"));
+    const auto add = [&](const char* name, const char* caption, bool enabled, auto act) {
+        QAction* action = menu.addAction(QLatin1String(caption));
+        action->setObjectName(QLatin1String(name));
+        action->setEnabled(enabled);
+        On(*action, &QAction::triggered, [=, this] {
+            act();
+            Picture1->update();
+        });
+    };
+    add("CutLine", "&Cut", grid_.CanCut(), [this] { grid_.CutLine(); });
+    add("CopyLine", "C&opy", grid_.CanCut(), [this] { grid_.CopyLine(); });
+    add("PasteLine", "&Paste", grid_.CanPaste(), [this] {
+        if (!grid_.PasteLine()) ports_.prompt.Beep();
+    });
+    menu.exec(QCursor::pos());
+}
+
+void EmployeeForm::HighlightDay(int day) {
+    if (day == highlightedDay_) return;
+    highlightedDay_ = day;
+    for (const auto& [d, label] : Label5) {
+        const bool lit = d == day;
+        label->SetColours(QBColor(lit ? 15 : 0), lit ? QBColor(9) : LightBlue);
+    }
+}
+
+void EmployeeForm::ChooseColour(int colour) {
+    currentBarColor_ = colour;
+    Picture3->update();
+    Changed();
+}
+
+} // namespace tvx::qt

@@ -1,0 +1,103 @@
+// Employee record: adds an employee or changes one, with pay, status, colour and hours of absence.
+#pragma once
+
+#include "masterdata/AvailabilityGrid.h"
+#include "masterdata/EmployeeRecord.h"
+#include "platform/ports/Gauge.h"
+#include "platform/qt/Form.h"
+
+#include <QPlainTextEdit>
+#include <QRadioButton>
+
+#include <memory>
+#include <vector>
+
+namespace tvx::qt {
+
+class EmployeeForm : public Form {
+    Q_OBJECT
+  public:
+    /// `FormCommand` "Add", or "Change" with `SelectedEmployee` set, says what for.
+    EmployeeForm(GlobalState& g, Ports& ports, Form* owner);
+    ~EmployeeForm() override;
+
+  protected:
+    void Activated() override;
+    bool MayUnload() override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    // building
+    void BuildBoxes();
+    void BuildBox(int index, Twips left, Twips top, Twips width);
+    void BuildGrid();
+    void BuildFrames();
+    void BuildColours();
+    void BuildFoot();
+    void HidePay();
+    void ConnectBox(int index);
+    void ConnectGrid();
+    QRadioButton& AddOption(ControlArray<QRadioButton>& array, const char* name, int index,
+                            const char* caption, Frame& frame, Twips left, Twips top);
+
+    // the record
+    void ShowRecord(const EmployeeRecord& record);
+    EmployeeRecord Record() const;
+    void LoadRecord();
+    bool Save();
+    void SaveFromButton();
+    void MoveTo(int direction);
+    bool MayLeaveRecord();
+    void Leave();
+    void Changed();
+
+    // boxes
+    void LeaveBox(int index);
+    void LeaveDate(int index);
+    void ShowUnderAgeNotice();
+    void ShowHint(const std::string& text);
+    void FocusBox(int index);
+
+    // the grid
+    void Follow(const AbsenceChange& change);
+    void OpenGridMenu();
+    void PaintGrid(QPainter& painter) const;
+    void PaintStrip(QPainter& painter) const;
+    void PaintSample(QPainter& painter) const;
+    void PaintHours(QPainter& painter) const;
+    void PaintHeading(QPainter& painter) const;
+    void HighlightDay(int day);
+    void ChooseColour(int colour);
+
+    GlobalState& g_;
+    AvailabilityGrid grid_;
+    std::vector<int> employeeKeys_; // of the whole department, by last name
+    int position_ = 0;              // index into employeeKeys_
+    int currentBarColor_ = 2;
+    int highlightedDay_ = 0;
+    Twips markerX_ = -1;
+    bool loading_ = false;     // the program itself fills the boxes
+    bool leavingDate_ = false; // the box about a date is open
+    std::unique_ptr<Gauge> gauge_;
+
+    ControlArray<TextBox> Text2;             // [1..16]
+    ControlArray<Label> Label1;              // [1..16], their captions
+    QPlainTextEdit* Text1 = nullptr;         // comments
+    Label* Label2 = nullptr;                 // what is done here
+    Label* Label3 = nullptr;                 // hints
+    ControlArray<Label> Label5;              // [1..7], weekdays of the grid
+    Label* Label6 = nullptr;                 // under-age notice
+    Frame* Frame3D1 = nullptr;               // pay rate
+    ControlArray<QRadioButton> Option3D1;    // 1 active, 2 inactive
+    ControlArray<QRadioButton> Option3D2;    // 1 hourly, 2 weekly
+    ControlArray<QRadioButton> optLaborType; // [0..3]
+    ControlArray<LabelButton> lblColor;      // [1..14]
+    PictureBox* Picture1 = nullptr;          // hours of absence
+    PictureBox* Picture2 = nullptr;          // strip that shows where the band lies
+    PictureBox* Picture3 = nullptr;          // a bar in the chosen colour
+    QPushButton* Command2 = nullptr;         // previous
+    QPushButton* Command3 = nullptr;         // next
+    FloodPanel* Panel3D2 = nullptr;          // shows that the record was saved
+};
+
+} // namespace tvx::qt

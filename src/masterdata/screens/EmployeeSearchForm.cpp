@@ -1,0 +1,131 @@
+#include "masterdata/screens/EmployeeSearchForm.h"
+
+#include <QAbstractListModel>
+#include <QHBoxLayout>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QVBoxLayout>
+
+namespace tvx::qt {
+namespace {
+
+constexpr Twips NameColumn = 2100;
+constexpr Twips IdColumn = 1200;
+
+/// The rows of the search as a list that is read where it is shown.
+class FoundModel : public QAbstractListModel {
+  public:
+    FoundModel(const std::vector<FoundEmployee>& rows, QObject* parent)
+        : QAbstractListModel(parent), rows_(rows) {}
+    int rowCount(const QModelIndex& parent = {}) const override {
+        return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+    }
+    QVariant data(const QModelIndex& index, int role) const override {
+        if (role != Qt::DisplayRole && role != Qt::AccessibleTextRole) return {};
+        return ToQString(rows_[static_cast<std::size_t>(index.row())].Text());
+    }
+
+  private:
+    const std::vector<FoundEmployee>& rows_;
+};
+
+/// Draws the parts of a row in columns.
+class ColumnDelegate : public QStyledItemDelegate {
+  public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+    void paint(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override {
+        QStyleOptionViewItem ground = option;
+        initStyleOption(&ground, index);
+        const QStringList parts = ground.text.split(QLatin1Char('\t'));
+        ground.text.clear();
+        ground.widget->style()->drawControl(QStyle::CE_ItemViewItem, &ground, painter, ground.widget);
+        const bool selected = (option.state & QStyle::State_Selected) != 0;
+        painter->setPen(option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text));
+        int x = option.rect.left() + 4;
+        const int widths[] = {Pixels(NameColumn), Pixels(IdColumn), option.rect.width()};
+        for (qsizetype i = 0; i < parts.size() && i < 3; ++i) {
+            const QRect place(x, option.rect.top(), widths[i] - 6, option.rect.height());
+            painter->drawText(
+                place, Qt::AlignVCenter,
+                option.fontMetrics.elidedText(parts[i].trimmed(), Qt::ElideRight, place.width()));
+            x += widths[i];
+        }
+    }
+};
+
+} // namespace
+
+EmployeeSearchForm::EmployeeSearchForm(GlobalState& g, Ports& ports, Form* owner)
+    : Form(ports, "Form5", owner), g_(g) {
+    setWindowTitle(ToQString(SearchTitle(g_)));
+    Build();
+    Fill();
+    setFixedSize(Pixels(5400), Pixels(6000));
+    CenterForm();
+    Text1->setFocus();
+}
+
+void EmployeeSearchForm::Build() {
+    auto* column = new QVBoxLayout(&Face());
+    column->setContentsMargins(Pixels(240), Pixels(180), Pixels(240), Pixels(180));
+    auto& caption = Add<Label>("Label1", "");
+    caption.SetText("Enter all or part of last name");
+    Text1 = &Add<TextBox>("Text1", "All or part of last name");
+    List1 = &Add<QListView>("List1", g_.department.EmployeeNamePlural);
+    List1->setUniformItemSizes(true);
+    List1->setItemDelegate(new ColumnDelegate(List1));
+    List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    auto* buttons = new QHBoxLayout;
+    Command3D1 = &Add<QPushButton>("Command3D1", "OK");
+    Command3D1->setText(QStringLiteral("&OK"));
+    auto& cancel = Add<QPushButton>("Command3D2", "Cancel");
+    cancel.setText(QStringLiteral("&Cancel"));
+    buttons->addStretch();
+    buttons->addWidget(Command3D1);
+    buttons->addWidget(&cancel);
+    column->addWidget(&caption);
+    column->addWidget(Text1);
+    column->addWidget(List1, 1);
+    column->addLayout(buttons);
+    On(*Text1, &QLineEdit::textChanged, [this](const QString&) { Search(); });
+    Text1->onEnter = Guarded([this] { Pick(); });
+    Text1->onVerticalArrow = [this](int direction) { Select(List1->currentIndex().row() + direction); };
+    On(*List1, &QListView::activated, [this](const QModelIndex&) { Pick(); });
+    On(*Command3D1, &QPushButton::clicked, [this] { Pick(); });
+    On(cancel, &QPushButton::clicked, [this] { Unload(); });
+    SetCancelButton(cancel);
+    SetDefaultButton(*Command3D1);
+}
+
+void EmployeeSearchForm::Fill() {
+    const QFontMetrics metrics = List1->fontMetrics();
+    rows_ = FindEmployees(
+        g_, [&](const std::string& text) { return ToTwips(metrics.horizontalAdvance(ToQString(text))); });
+    List1->setModel(new FoundModel(rows_, List1));
+    Select(0);
+}
+
+void EmployeeSearchForm::Select(int row) {
+    if (row < 0 || row >= static_cast<int>(rows_.size())) return;
+    List1->setCurrentIndex(List1->model()->index(row, 0));
+}
+
+void EmployeeSearchForm::Search() {
+    Select(FirstMatch(rows_, Text1->Text()));
+}
+
+void EmployeeSearchForm::Pick() {
+    if (rows_.empty()) {
+        const std::string& many = g_.department.EmployeeNamePlural;
+        ports_.prompt.Beep();
+        ports_.prompt.MsgBox("Department has no " + many + " entered!", box::Ok, "No " + many);
+    } else {
+        const int row = std::max(0, List1->currentIndex().row());
+        g_.SelectedEmployee = rows_[static_cast<std::size_t>(row)].key;
+        picked_ = true;
+    }
+    Unload();
+}
+
+} // namespace tvx::qt
