@@ -1,10 +1,12 @@
 #include "ExampleText.h"
 
+#include "masterdata/ShiftFile.h"
 #include "platform/basic/Date.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/Recordset.h"
+#include "shell/state/Roster.h"
 #include "store/Schema.h"
 
 #include <algorithm>
@@ -20,7 +22,6 @@ namespace tvx {
 namespace {
 
 constexpr DaySerial ExampleSunday = 38774; // 26 February 2006
-constexpr int QuartersPerDay = 96;
 
 /// One record of a text file.
 struct Line {
@@ -275,6 +276,21 @@ void MakeExampleDatabase(const fs::path& folder, const fs::path& target) {
     const auto db = dao::Engine().CreateDatabase(target);
     CreateSystemTables(*db);
     Builder(folder, *db).Build();
+}
+
+void MakeExampleShifts(const fs::path& folder, const fs::path& programFolder) {
+    Shifts shifts;
+    for (const Line& line : ReadLines(folder, "shifts.txt")) {
+        const int n = ++shifts.ShiftCount;
+        shifts.ShiftNames.at(static_cast<std::size_t>(n)) = line[0];
+        for (const std::string& text : Split(line[1], ' ')) {
+            const auto [start, stop] = PeriodOf(line, text);
+            const int k = ++shifts.ShiftBarCount[n];
+            shifts.ShiftStarts[n][k] = start;
+            shifts.ShiftStops[n][k] = stop > start ? stop : stop + QuartersPerDay;
+        }
+    }
+    WriteStoredShifts(programFolder, 1, shifts);
 }
 
 } // namespace tvx

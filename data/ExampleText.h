@@ -17,4 +17,7 @@ class ExampleError : public std::runtime_error {
 /// existing target is an error.
 void MakeExampleDatabase(const std::filesystem::path& folder, const std::filesystem::path& target);
 
+/// Writes the stored shifts of the example department beside its database, as "1.SFT" of `programFolder`.
+void MakeExampleShifts(const std::filesystem::path& folder, const std::filesystem::path& programFolder);
+
 } // namespace tvx

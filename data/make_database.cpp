@@ -1,4 +1,4 @@
-// Builds the ready-made database: make_database FOLDER_OF_TEXTS TARGET
+// Builds the ready-made database, and the shifts beside it: make_database FOLDER_OF_TEXTS TARGET
 #include "ExampleText.h"
 
 #include <cstdio>
@@ -13,6 +13,7 @@ int main(int count, char** arguments) {
     try {
         std::filesystem::remove(arguments[2]);
         tvx::MakeExampleDatabase(arguments[1], arguments[2]);
+        tvx::MakeExampleShifts(arguments[1], std::filesystem::path(arguments[2]).parent_path());
     } catch (const std::exception& trouble) {
         std::fprintf(stderr, "make_database: %s\n", trouble.what());
         return 1;
