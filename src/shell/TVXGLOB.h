@@ -5,6 +5,7 @@
 #include "shell/state/Department.h"
 #include "shell/state/Grid.h"
 #include "shell/state/Lists.h"
+#include "shell/state/Report.h"
 #include "shell/state/Rights.h"
 #include "shell/state/Roster.h"
 #include "shell/state/Store.h"
@@ -33,6 +34,7 @@ struct GlobalState {
     Grid grid;
     Drag drag;
     LineClipboard clipboard;
+    Reports reports;
     Store store;
 };
 

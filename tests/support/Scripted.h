@@ -88,6 +88,7 @@ class ScriptedRegion : public Region {
   public:
     explicit ScriptedRegion(DateOrder order = DateOrder::MonthDayYear) : order_(order) {}
     const CalendarNames& Names() const override { return EnglishNames(); }
+    std::string Language() const override { return "en"; }
     DateOrder ShortDateOrder() const override { return order_; }
     std::string ShortDate(DaySerial serial) const override;
     std::string LongDate(DaySerial serial) const override;

@@ -1,4 +1,4 @@
-// Files read and written in one piece. Private to this folder.
+// Files read and written in one piece.
 #pragma once
 
 #include <filesystem>

@@ -13,6 +13,8 @@ class Region {
 
     /// Names of months and weekdays in the language of the system.
     virtual const CalendarNames& Names() const = 0;
+    /// The language as web pages name it: "en", "de-CH".
+    virtual std::string Language() const = 0;
     /// The order of the parts in the system's short date.
     virtual DateOrder ShortDateOrder() const = 0;
     /// The system's short date: 3/5/2026.

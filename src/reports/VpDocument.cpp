@@ -1,0 +1,219 @@
+#include "reports/VpDocument.h"
+
+#include "platform/basic/Text.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tvx {
+namespace {
+
+constexpr Twips CellPadding = 45;
+
+Twips WidthOf(const TableColumn& column, Twips textWidth) {
+    return static_cast<Twips>(std::lround(textWidth * column.percent / 100));
+}
+
+/// A font of a cell: the block's, with the cell's weight.
+ReportFont FontOf(ReportFont font, const TableBlockCell& cell) {
+    font.bold = cell.bold;
+    return font;
+}
+
+} // namespace
+
+VpDocument::VpDocument(const FontMeasures& measures, const Paper& paper)
+    : measures_(measures), paper_(paper) {}
+
+void VpDocument::Font(const ReportFont& font) {
+    font_ = font;
+    if (font_.name.empty()) font_.name = "Arial";
+}
+
+Twips VpDocument::PageWidth() const {
+    const Twips across = open_ ? (orientation_ == PageOrientation::Portrait ? paper_.width : paper_.height)
+                               : (wanted_ == PageOrientation::Portrait ? paper_.width : paper_.height);
+    return across - 2 * paper_.margin;
+}
+
+Twips VpDocument::PageHeight() const {
+    const Twips down = open_ ? (orientation_ == PageOrientation::Portrait ? paper_.height : paper_.width)
+                             : (wanted_ == PageOrientation::Portrait ? paper_.height : paper_.width);
+    return down - 2 * paper_.margin;
+}
+
+Twips VpDocument::TextWidth(std::string_view text) const {
+    return measures_.Width(font_, text);
+}
+
+Twips VpDocument::TextHeight(std::string_view) const {
+    return measures_.Height(font_);
+}
+
+int VpDocument::FontIndex(const ReportFont& font) {
+    const auto known = std::find(fonts_.begin(), fonts_.end(), font);
+    if (known != fonts_.end()) return static_cast<int>(known - fonts_.begin());
+    fonts_.push_back(font);
+    return static_cast<int>(fonts_.size()) - 1;
+}
+
+void VpDocument::StartDoc() {
+    pages_.assign(1, {});
+    tables_.clear();
+    fonts_.clear();
+    touchedUp_.reset();
+    touchingUp_ = false;
+    orientation_ = wanted_;
+    open_ = true;
+    x_ = y_ = flow_ = 0;
+    textColor_ = penColor_ = 0;
+    penStyle_ = PenStyles::Solid;
+    penWidth_ = 0;
+    border_ = TableBorders::None;
+}
+
+void VpDocument::NewPage() {
+    if (!open_) return;
+    pages_.emplace_back();
+    x_ = y_ = flow_ = 0;
+}
+
+void VpDocument::Draw(PageOperation operation) {
+    if (open_) pages_.back().push_back(std::move(operation));
+}
+
+void VpDocument::Text(std::string_view text) {
+    if (text.empty()) return;
+    Draw(DrawnPageText{x_, y_, std::string(text), FontIndex(font_), textColor_});
+}
+
+void VpDocument::DrawLine(Twips x1, Twips y1, Twips x2, Twips y2) {
+    Draw(DrawnPageLine{x1, y1, x2, y2, penColor_, penWidth_});
+}
+
+void VpDocument::DrawRectangle(Twips left, Twips top, Twips right, Twips bottom) {
+    const bool outlined = penStyle_ != PenStyles::NoOutline;
+    Draw(DrawnPageBox{{left, top, right, bottom}, brushColor_, outlined, penColor_});
+}
+
+// ---- tables ----
+
+void VpDocument::AddTable(std::string_view format, const std::vector<std::string>& cells,
+                          std::optional<Colour> bodyShade) {
+    if (!open_) return;
+    TableBlock block{ParseTableFormat(format), {}, border_, bodyShade, FontIndex(font_), CurrentPage()};
+    for (std::size_t i = 0; i < block.columns.size(); ++i)
+        block.cells.push_back({i < cells.size() ? NormalizedLineEnds(cells[i]) : "", textColor_, font_.bold});
+    if (touchingUp_)
+        touchedUp_ = std::move(block);
+    else
+        LayOut(block);
+}
+
+void VpDocument::StartTable() {
+    touchingUp_ = true;
+    touchedUp_.reset();
+}
+
+void VpDocument::TableCell(CellSetting setting, int row, int column, Colour value) {
+    if (!touchedUp_ || row != 1 || column < 1 || column > static_cast<int>(touchedUp_->cells.size())) return;
+    TableBlockCell& cell = touchedUp_->cells[static_cast<std::size_t>(column) - 1];
+    if (setting == CellSetting::TextColor)
+        cell.colour = value;
+    else
+        cell.bold = value != 0;
+}
+
+void VpDocument::EndTable() {
+    touchingUp_ = false;
+    if (touchedUp_) LayOut(*touchedUp_);
+    touchedUp_.reset();
+}
+
+/// The lines of a cell: as the program broke them, or wrapped at blanks to the column.
+std::vector<std::string> VpDocument::LinesOf(const TableBlockCell& cell, const TableColumn& column,
+                                             const ReportFont& font, Twips width) const {
+    std::vector<std::string> lines = Split(cell.text, '\n');
+    if (column.keepLines) return lines;
+    std::vector<std::string> wrapped;
+    for (const std::string& line : lines) {
+        std::string present;
+        for (const std::string& word : Split(line, ' ')) {
+            const std::string longer = present.empty() ? word : present + " " + word;
+            if (!present.empty() && measures_.Width(font, longer) > width) {
+                wrapped.push_back(present);
+                present = word;
+            } else {
+                present = longer;
+            }
+        }
+        wrapped.push_back(present);
+    }
+    return wrapped;
+}
+
+void VpDocument::LayOut(const TableBlock& block) {
+    tables_.push_back(block);
+    const Twips textWidth = PageWidth();
+    std::vector<std::vector<std::string>> lines;
+    std::size_t most = 1;
+    for (std::size_t i = 0; i < block.cells.size(); ++i) {
+        const ReportFont font = FontOf(FontAt(block.font), block.cells[i]);
+        lines.push_back(LinesOf(block.cells[i], block.columns[i], font,
+                                WidthOf(block.columns[i], textWidth) - 2 * CellPadding));
+        most = std::max(most, lines.back().size());
+    }
+    const Twips lineHeight = measures_.Height(FontAt(block.font));
+    const Twips height = static_cast<Twips>(most) * lineHeight + CellPadding;
+    // A row that is taller than a page is drawn where it falls.
+    if (flow_ > 0 && flow_ + height > PageHeight()) NewPage();
+    tables_.back().page = CurrentPage();
+    const Twips top = flow_;
+    if (block.shade) Draw(DrawnPageBox{{0, top, textWidth, top + height}, *block.shade, false, 0});
+    Twips left = 0;
+    for (std::size_t i = 0; i < block.cells.size(); ++i) {
+        const Twips width = WidthOf(block.columns[i], textWidth);
+        DrawCell(lines[i], block.cells[i], block.columns[i], FontOf(FontAt(block.font), block.cells[i]), left,
+                 width);
+        left += width;
+    }
+    DrawBorders(block, top, top + height);
+    flow_ = top + height;
+    y_ = flow_;
+}
+
+void VpDocument::DrawCell(const std::vector<std::string>& lines, const TableBlockCell& cell,
+                          const TableColumn& column, const ReportFont& font, Twips left, Twips width) {
+    const int fontIndex = FontIndex(font);
+    const Twips lineHeight = measures_.Height(font);
+    Twips y = flow_ + CellPadding / 2;
+    for (const std::string& line : lines) {
+        if (!line.empty()) {
+            const Twips textWidth = measures_.Width(font, line);
+            Twips x = left + CellPadding;
+            if (column.align == CellAlign::Centre) x = left + (width - textWidth) / 2;
+            if (column.align == CellAlign::Right) x = left + width - CellPadding - textWidth;
+            Draw(DrawnPageText{x, y, line, fontIndex, cell.colour});
+        }
+        y += lineHeight;
+    }
+}
+
+void VpDocument::DrawBorders(const TableBlock& block, Twips top, Twips bottom) {
+    if (block.border == TableBorders::None) return;
+    Twips right = 0;
+    std::vector<Twips> edges;
+    for (const TableColumn& column : block.columns) edges.push_back(right += WidthOf(column, PageWidth()));
+    const auto line = [&](Twips x1, Twips y1, Twips x2, Twips y2) {
+        Draw(DrawnPageLine{x1, y1, x2, y2, penColor_, 0});
+    };
+    line(0, top, right, top);
+    line(0, bottom, right, bottom);
+    line(0, top, 0, bottom);
+    line(right, top, right, bottom);
+    if (block.border != TableBorders::BoxColumns) return;
+    edges.pop_back();
+    for (const Twips x : edges) line(x, top, x, bottom);
+}
+
+} // namespace tvx
