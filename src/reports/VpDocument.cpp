@@ -65,7 +65,7 @@ void VpDocument::StartDoc() {
     touchingUp_ = false;
     orientation_ = wanted_;
     open_ = true;
-    x_ = y_ = flow_ = 0;
+    x_ = y_ = 0;
     textColor_ = penColor_ = 0;
     penStyle_ = PenStyles::Solid;
     penWidth_ = 0;
@@ -75,7 +75,7 @@ void VpDocument::StartDoc() {
 void VpDocument::NewPage() {
     if (!open_) return;
     pages_.emplace_back();
-    x_ = y_ = flow_ = 0;
+    x_ = y_ = 0;
 }
 
 void VpDocument::Draw(PageOperation operation) {
@@ -166,9 +166,9 @@ void VpDocument::LayOut(const TableBlock& block) {
     const Twips lineHeight = measures_.Height(FontAt(block.font));
     const Twips height = static_cast<Twips>(most) * lineHeight + CellPadding;
     // A row that is taller than a page is drawn where it falls.
-    if (flow_ > 0 && flow_ + height > PageHeight()) NewPage();
+    if (y_ > 0 && y_ + height > PageHeight()) NewPage();
     tables_.back().page = CurrentPage();
-    const Twips top = flow_;
+    const Twips top = y_;
     if (block.shade) Draw(DrawnPageBox{{0, top, textWidth, top + height}, *block.shade, false, 0});
     Twips left = 0;
     for (std::size_t i = 0; i < block.cells.size(); ++i) {
@@ -178,15 +178,14 @@ void VpDocument::LayOut(const TableBlock& block) {
         left += width;
     }
     DrawBorders(block, top, top + height);
-    flow_ = top + height;
-    y_ = flow_;
+    y_ = top + height;
 }
 
 void VpDocument::DrawCell(const std::vector<std::string>& lines, const TableBlockCell& cell,
                           const TableColumn& column, const ReportFont& font, Twips left, Twips width) {
     const int fontIndex = FontIndex(font);
     const Twips lineHeight = measures_.Height(font);
-    Twips y = flow_ + CellPadding / 2;
+    Twips y = y_ + CellPadding / 2;
     for (const std::string& line : lines) {
         if (!line.empty()) {
             const Twips textWidth = measures_.Width(font, line);

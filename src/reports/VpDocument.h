@@ -131,8 +131,7 @@ class VpDocument : public Vp {
     PageOrientation orientation_ = PageOrientation::Portrait;
     bool open_ = false;
     Twips x_ = 0;
-    Twips y_ = 0;
-    Twips flow_ = 0; // top of the next table
+    Twips y_ = 0; // of the next text, and top of the next table
     Colour textColor_ = 0;
     Colour penColor_ = 0;
     PenStyles penStyle_ = PenStyles::Solid;
