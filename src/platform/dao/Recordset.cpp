@@ -226,7 +226,8 @@ void Recordset::MoveNext() {
     if (next < rows_.size()) {
         StandOn(next);
     } else if (isTable_ && !lastPage_) {
-        const std::vector<Value> after = rows_[at_].key;
+        const Row& row = rows_[at_];
+        const std::vector<Value> after = row.keyAsRead.empty() ? row.key : row.keyAsRead;
         LoadPage(after, Page::Next);
         place_ = rows_.empty() ? Place::End : Place::Record;
     } else {
@@ -383,8 +384,11 @@ void Recordset::WriteChanges() {
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         if (!drafted_[i]) continue;
         row.values[i] = draft_[i];
-        for (std::size_t k = 0; k < keys_.size(); ++k)
-            if (EqualsNoCase(columns_[i].name, keys_[k])) row.key[k] = Stored(columns_[i], draft_[i]);
+        for (std::size_t k = 0; k < keys_.size(); ++k) {
+            if (!EqualsNoCase(columns_[i].name, keys_[k])) continue;
+            if (row.keyAsRead.empty()) row.keyAsRead = row.key;
+            row.key[k] = Stored(columns_[i], draft_[i]);
+        }
     }
 }
 

@@ -105,6 +105,7 @@ class Recordset {
     struct Row {
         std::vector<Value> values;
         std::vector<Value> key;
+        std::vector<Value> keyAsRead; // when a write has changed the key: a walk goes on from where it was
     };
 
     Recordset(std::shared_ptr<Connection> connection, const std::string& tableOrSql);

@@ -56,6 +56,21 @@ TEST_F(PagingTest, changes_every_record_of_a_long_table) {
     EXPECT_EQ(seen.Fields(0).Long(), 600);
 }
 
+TEST_F(PagingTest, reaches_every_record_while_their_keys_change) {
+    constexpr int Farther = 10000;
+    FillDays(600);
+    for (Recordset shifts = db->OpenRecordset("Shift list"); !shifts.AtEnd(); shifts.MoveNext()) {
+        const auto day = static_cast<int>(shifts.Fields(0).Long());
+        if (day > Farther) continue; // moved ones are met again at the end
+        shifts.Edit();
+        shifts.Fields(0) = day + Farther;
+        shifts.Update();
+    }
+    Recordset shifts = db->OpenRecordset("Shift list");
+    for (int day = 1; day <= 600; ++day, shifts.MoveNext()) ASSERT_EQ(shifts.Fields(0).Long(), day + Farther);
+    EXPECT_TRUE(shifts.AtEnd());
+}
+
 TEST_F(PagingTest, walks_by_a_text_key_without_case) {
     db->CreateTable({"Words", {{"Word", FieldType::Text, 20}}, {"W", {"Word"}}, {}});
     std::set<std::string> capitals;
