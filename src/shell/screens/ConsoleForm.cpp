@@ -237,7 +237,7 @@ void ConsoleForm::paintEvent(QPaintEvent*) {
 
 bool StartConsole(GlobalState& g, Ports& ports, std::unique_ptr<ConsoleForm>& console) {
     SplashForm splash(ports);
-    splash.ShowModeless();
+    splash.ShowPainted();
     ports.prompt.DoEvents();
     const int start = ports.clock.SecondOfDay();
     while (!SplashIsOver(start, ports.clock.SecondOfDay())) continue;

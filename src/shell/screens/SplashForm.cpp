@@ -3,7 +3,9 @@
 #include "shell/Console.h"
 #include "shell/screens/Banner.h"
 
+#include <QEventLoop>
 #include <QPainter>
+#include <QTimer>
 
 namespace tvx::qt {
 
@@ -14,6 +16,16 @@ SplashForm::SplashForm(Ports& ports) : Form(ports, "frmSplash", nullptr) {
     CenterForm();
 }
 
+void SplashForm::ShowPainted() {
+    constexpr int PatienceMilliseconds = 1000;
+    QEventLoop loop;
+    onPainted_ = [&loop] { loop.quit(); };
+    QTimer::singleShot(PatienceMilliseconds, &loop, &QEventLoop::quit);
+    ShowModeless();
+    if (!painted_) loop.exec();
+    onPainted_ = nullptr;
+}
+
 void SplashForm::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     PaintBanner(painter, rect());
@@ -22,6 +34,8 @@ void SplashForm::paintEvent(QPaintEvent*) {
     painter.setPen(Qt::black);
     painter.drawText(rect().adjusted(0, 0, -Pixels(180), -Pixels(120)), Qt::AlignRight | Qt::AlignBottom,
                      QStringLiteral("Version %1.%2").arg(ProgramMajor).arg(ProgramRevision));
+    painted_ = true;
+    if (onPainted_) onPainted_();
 }
 
 } // namespace tvx::qt
