@@ -61,8 +61,9 @@ void DayHeaderBar::Show(const std::array<HeaderColumn, 8>& columns) {
         imMemo[d].setVisible(memos_);
         imMemo[d].setToolTip(columns_[d].memo ? QString() : QStringLiteral("No memo for this day"));
         imMemo[d].setAccessibleName(ToQString("Memo of " + columns_[d].weekday));
+        if (columns_[d].selected)
+            setAccessibleDescription(ToQString(columns_[d].weekday + " " + columns_[d].date));
     }
-    setAccessibleName(QStringLiteral("Days of the week"));
     update();
 }
 

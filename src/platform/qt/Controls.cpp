@@ -27,7 +27,10 @@ Label::Label(QWidget* parent) : QLabel(parent) {
 
 void Label::SetText(const std::string& text) {
     const QString wanted = ToQString(text);
-    if (wanted != this->text()) setText(wanted);
+    if (wanted == this->text()) return;
+    setText(wanted);
+    // A label with a name of its own is called by it; what it says must still reach assistive tools.
+    if (!accessibleName().isEmpty()) setAccessibleDescription(wanted);
 }
 
 void Label::SetColours(Colour text, std::optional<Colour> back) {
