@@ -23,25 +23,40 @@ constexpr Twips GaugeTop = 45;
 constexpr Twips GaugeWidth = 1100;
 constexpr double RowPoints = 8.25;
 
-/// Columns left of the grid: the name, the value, the daytype box at the grid's edge. Two values need more
-/// room than one, which a narrow screen takes from the names.
+/// What the value column takes of the room left of the grid: a share of it, and what its texts need at least.
+struct ValueRoom {
+    int percent;
+    Twips least;
+};
+
+ValueRoom RoomForValue(int option) {
+    switch (option) {
+    case 7: // two figures
+    case 8:
+        return {28, 1240};
+    case 11: // a department's name
+    case 12: // a month in letters
+        return {40, 1350};
+    default:
+        return {28, 840};
+    }
+}
+
+/// Columns left of the grid: the name, the value, the daytype box at the grid's edge. What the value needs, a
+/// narrow screen takes from the names.
 struct LeftColumns {
     Twips nameLeft = 60;
     Twips valueLeft = 0;
     Twips valueWidth = 0;
     Twips boxLeft = 0;
 
-    LeftColumns(const Grid& grid, bool pair)
-        : valueWidth(std::max(pair ? 1240 : 840, grid.GridLeft * 28 / 100)),
-          boxLeft(grid.GridLeft - BoxWidth) {
+    explicit LeftColumns(const Grid& grid) : boxLeft(grid.GridLeft - BoxWidth) {
+        const ValueRoom room = RoomForValue(grid.ShowOption);
+        valueWidth = std::max(room.least, grid.GridLeft * room.percent / 100);
         valueLeft = boxLeft - valueWidth - 30;
     }
     Twips NameWidth() const { return valueLeft - nameLeft - 30; }
 };
-
-bool ShowsPair(const Grid& grid) {
-    return grid.ShowOption == 7 || grid.ShowOption == 8;
-}
 
 QFont RowFont(const QWidget& widget) {
     QFont font = widget.font();
@@ -84,6 +99,7 @@ void MainEditorForm::BuildToolStrip(QWidget& strip) {
     Label13 = &AddTool("Label13", -1, "Close", "Back to the console", 11020, 840);
     // Their screens do not exist yet.
     for (LabelButton* waiting : {&Label7[2], Label16, Label17, Label19}) waiting->setEnabled(false);
+    ShowToggles();
 }
 
 void MainEditorForm::BuildHeader(QWidget& band) {
@@ -145,7 +161,6 @@ void MainEditorForm::BuildRows(QWidget& sheet) {
     listHead_ = &Add<Label>("Label27", "", &sheet);
     listHead_->SetText(g_.department.EmployeeNamePlural);
     valueHead_ = &Add<Label>("Label28", "", &sheet);
-    valueHead_->SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
     Label20 = &Add<LabelButton>("Label20", "First or last page", &sheet);
     Label20->setText(QStringLiteral("Last page"));
     Label20->setFont(RowFont(*Label20));
@@ -162,7 +177,7 @@ void MainEditorForm::BuildRows(QWidget& sheet) {
 }
 
 void MainEditorForm::PlaceColumns() {
-    const LeftColumns columns(g_.grid, ShowsPair(g_.grid));
+    const LeftColumns columns(g_.grid);
     const Twips half = columns.valueWidth / 2;
     Place(*listHead_, columns.nameLeft, GridTop - 285, columns.NameWidth(), 270);
     Place(*valueHead_, columns.valueLeft, GridTop - 285, columns.valueWidth, 270);
@@ -196,6 +211,7 @@ void MainEditorForm::BuildRow(QWidget& sheet, int row) {
     box.setFrame(false);
     box.SetTypingLimit(2);
     box.setAlignment(Qt::AlignCenter);
+    box.setTextMargins(0, 0, 0, Pixels(45)); // on one line with the name
     box.SetFocusColours(Yellow, LightBlue);
     box.setVisible(!g_.roster.AllDepartmentsMode);
     for (QWidget* part : std::initializer_list<QWidget*>{&name, &value, &day, &week, &box})

@@ -82,6 +82,7 @@ class MainEditorForm : public Form {
     void ShowToggles();
     void ShowMenus();
     void PaintRuler(QPainter& painter) const;
+    void PaintRulerGround(QPainter& painter, Twips overhang) const;
     void PaintMarker(QPainter& painter) const;
     void PaintSquares(QPainter& painter, int row) const;
 

@@ -14,6 +14,10 @@ constexpr Twips SquareStep = 75;
 constexpr Twips SquareWidth = 60;
 constexpr double HeadcountPoints = 6;
 
+Qt::Alignment AlignmentOf(const RowValues& values) {
+    return (values.align == Align::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
 } // namespace
 
 void MainEditorForm::ShowTitle() {
@@ -52,8 +56,7 @@ void MainEditorForm::ShowRowValue(int row) {
     const auto show = [&](Label& label, const std::string& text, const ValueColours& colours) {
         label.SetText(text);
         label.SetColours(colours.text, colours.back);
-        label.SetAlignment((values.align == Align::Right ? Qt::AlignRight : Qt::AlignLeft) |
-                           Qt::AlignVCenter);
+        label.SetAlignment(AlignmentOf(values));
     };
     Label10[row].setVisible(!values.pair && !values.squares);
     Label23[row].setVisible(values.pair);
@@ -94,6 +97,7 @@ void MainEditorForm::ShowTotals() {
 void MainEditorForm::ShowSelectedOption() {
     for (const auto& [option, button] : Label4) button->setChecked(option == g_.grid.ShowOption);
     valueHead_->SetText(ShowOptions()[g_.grid.ShowOption].caption);
+    valueHead_->SetAlignment(AlignmentOf(ShowRowValues(g_, EmployeeOfRow(g_, 1), ports_.region)));
     PlaceColumns();
     for (int row = 1; row <= g_.grid.VisibleRows; ++row) ShowRowValue(row);
 }
@@ -121,7 +125,7 @@ void MainEditorForm::HighlightRow(int row) {
 void MainEditorForm::PaintRuler(QPainter& painter) const {
     // The ruler is two quarters wider than the grid on both sides, so that the texts at its ends are whole.
     const TwipsPoint origin{2 * g_.grid.QuarterWidth, 0};
-    painter.fillRect(Picture2->rect(), ToColor(QBColor(8)));
+    PaintRulerGround(painter, origin.x);
     const auto measure = [&](const QFont& font) {
         return [metrics = QFontMetrics(font, painter.device())](const std::string& text) {
             return ToTwips(metrics.horizontalAdvance(ToQString(text)));
@@ -142,6 +146,19 @@ void MainEditorForm::PaintRuler(QPainter& painter) const {
     DrawTickMarks(g_, ticks);
     PaintDrawing(painter, ticks, origin);
     PaintMarker(painter);
+}
+
+/// Grey under the ticks; at both ends only the band of the hours runs on, under the halves of their texts.
+void MainEditorForm::PaintRulerGround(QPainter& painter, Twips overhang) const {
+    constexpr Twips BandHeight = 280;
+    const Twips right = overhang + g_.grid.GridWidth;
+    const auto fill = [&](const TwipsBox& box, Colour colour) {
+        painter.fillRect(SharpRect(box, *painter.device()), ToColor(colour));
+    };
+    painter.fillRect(Picture2->rect(), palette().color(QPalette::Window));
+    fill({0, 0, overhang, BandHeight}, QBColor(3));
+    fill({right, 0, right + overhang, BandHeight}, QBColor(3));
+    fill({overhang, 0, right, RulerHeight}, QBColor(8));
 }
 
 /// The mark that follows the mouse along the ruler.

@@ -44,6 +44,13 @@ void Label::SetAlignment(Qt::Alignment alignment) {
     if (alignment != this->alignment()) setAlignment(alignment);
 }
 
+/// The text with an ellipsis where it is too long. Blanks at its end are not shown and need no room.
+QString Label::Fitted(int room) const {
+    QString shown = text();
+    while (shown.endsWith(QLatin1Char(' '))) shown.chop(1);
+    return fontMetrics().elidedText(shown, Qt::ElideRight, room);
+}
+
 void Label::paintEvent(QPaintEvent* event) {
     if (!pixmap(Qt::ReturnByValue).isNull()) {
         QLabel::paintEvent(event);
@@ -56,7 +63,7 @@ void Label::paintEvent(QPaintEvent* event) {
     painter.setPen(isEnabled() ? ToColor(text_) : palette().color(QPalette::Disabled, QPalette::WindowText));
     const int flags = static_cast<int>(alignment()) | (wordWrap() ? Qt::TextWordWrap : Qt::TextExpandTabs);
     const bool whole = wordWrap() || text().contains(QLatin1Char('\n'));
-    const QString shown = whole ? text() : fontMetrics().elidedText(text(), Qt::ElideRight, inside.width());
+    const QString shown = whole ? text() : Fitted(inside.width());
     painter.drawText(inside, flags, shown);
 }
 

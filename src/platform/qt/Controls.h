@@ -55,6 +55,8 @@ class Label : public QLabel {
     void mouseMoveEvent(QMouseEvent* event) override;
 
   private:
+    QString Fitted(int room) const;
+
     Colour text_ = WindowText;
     std::optional<Colour> back_;
 };

@@ -4,12 +4,14 @@
 #include "platform/files/Folder.h"
 #include "platform/qt/Scale.h"
 
+#include <QAbstractButton>
 #include <QCloseEvent>
 #include <QCryptographicHash>
 #include <QDate>
 #include <QDir>
 #include <QFileDialog>
 #include <QFontDialog>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QScreen>
@@ -43,6 +45,16 @@ class InsistentBox : public QMessageBox {
             QMessageBox::keyPressEvent(event);
     }
 };
+
+/// Widens a box whose title is longer than its text: the title says half of it.
+void MakeRoomForTitle(QMessageBox& message) {
+    constexpr Twips FrameButtons = 1800;
+    QFont bold = message.font();
+    bold.setBold(true);
+    const int room = QFontMetrics(bold).horizontalAdvance(message.windowTitle()) + Pixels(FrameButtons);
+    if (auto* grid = qobject_cast<QGridLayout*>(message.layout()))
+        grid->addItem(new QSpacerItem(room, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
 
 QMessageBox::StandardButtons ButtonsOf(int style) {
     switch (style & 7) {
@@ -162,6 +174,8 @@ Answer QtPrompt::MsgBox(const std::string& text, int style, const std::string& t
     InsistentBox message(IconOf(style), ToQString(title), ToQString(NormalizedLineEnds(text)),
                          ButtonsOf(style), QApplication::activeWindow());
     message.setTextFormat(Qt::PlainText);
+    for (QAbstractButton* button : message.buttons()) button->setIcon({}); // as on every other form
+    MakeRoomForTitle(message);
     message.insists = (style & 7) == box::YesNo || (style & 7) == box::AbortRetryIgnore;
     return AnswerOf(message.exec());
 }
@@ -282,6 +296,7 @@ void QtHelp::ShowTopic(int topic) {
         window_->setObjectName(QStringLiteral("Tvxhelp"));
         window_->setWindowTitle(QStringLiteral("Tarvex help"));
         window_->setOpenExternalLinks(false);
+        window_->document()->setDocumentMargin(Pixels(180));
         window_->resize(Pixels(9600), Pixels(8400));
     }
     window_->setSource(page ? QUrl::fromLocalFile(PathText(*page)) : QUrl());

@@ -26,7 +26,7 @@ constexpr Twips Width = 8350;
 constexpr Twips Height = 4100;
 constexpr Twips BannerHeight = 1900;
 constexpr Twips ButtonTop = 2500;
-constexpr Twips PrintedTop = 3180;
+constexpr Twips PrintedTop = 3000;
 
 } // namespace
 
@@ -72,11 +72,15 @@ void ConsoleForm::PlaceControls() {
     Text3->setEchoMode(QLineEdit::Password);
     Text3->SetTypingLimit(12);
     Place(*Text3, 705, ButtonTop, 2400, 390);
-    cmdSchedule = &Add<QPushButton>("cmdSchedule", "Schedule");
+    cmdSchedule = &Add<QPushButton>("cmdSchedule", ""); // its caption names it
     Place(*cmdSchedule, 4400, ButtonTop, 2490, 390);
     cmdExit = &Add<QPushButton>("cmdExit", "Exit");
     cmdExit->setText(QStringLiteral("E&xit"));
     Place(*cmdExit, 7010, ButtonTop, 1000, 390);
+    QFont small = font();
+    small.setPointSizeF(8.25); // the caption carries a department's name
+    cmdSchedule->setFont(small);
+    cmdExit->setFont(small);
     SetDefaultButton(*cmdSchedule);
 }
 
@@ -105,10 +109,19 @@ void ConsoleForm::ShowFace() {
     Frame1->setVisible(model_.Frame1Visible);
     Label1->setVisible(model_.PromptVisible);
     Text3->setVisible(model_.PromptVisible);
-    cmdSchedule->setText(
+    ShowScheduleCaption(
         ToQString(model_.cmdScheduleCaption.empty() ? "Schedule" : model_.cmdScheduleCaption));
     cmdSchedule->setEnabled(model_.cmdScheduleEnabled);
     update();
+}
+
+/// A department's name may be longer than the button: its end gives way, and the hint tells the whole.
+void ConsoleForm::ShowScheduleCaption(const QString& caption) {
+    constexpr Twips Margin = 90;
+    const int room = cmdSchedule->width() - 2 * Pixels(Margin);
+    const QString shown = cmdSchedule->fontMetrics().elidedText(caption, Qt::ElideRight, room);
+    cmdSchedule->setText(shown);
+    cmdSchedule->setToolTip(shown == caption ? QString() : caption);
 }
 
 void ConsoleForm::Activated() {

@@ -31,6 +31,7 @@ class ConsoleForm : public Form {
     void PlaceControls();
     void Connect();
     void ShowFace();
+    void ShowScheduleCaption(const QString& caption);
     void Choose(const std::string& entry);
     void ChooseFromCombo(int index);
     void Schedule();
