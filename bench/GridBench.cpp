@@ -26,6 +26,7 @@ class NoScreens : public qt::EditorScreens {
   public:
     void OpenDaytypes(qt::Form&) override {}
     void OpenShifts(qt::Form&) override {}
+    void OpenSchedules(qt::Form&) override {}
 };
 
 /// A store with a hundred people and the editor open on their week.

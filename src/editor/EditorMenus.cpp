@@ -41,10 +41,10 @@ std::vector<MenuEntry> SortEntries() {
 std::vector<MenuEntry> PrintEntries(const Department& d) {
     return {Entry("PrintSched", "", " &Print schedules"),
             Entry("BarChart", "PrintSched", "&Bar Charts schedule "),
-            Entry("NoLaser", "PrintSched", "&Seven day schedule, Long format"),
-            Entry("One", "PrintSched", "Selected " + d.EmployeeNamePlural + " seven day schedule"),
-            Entry("Graphbased", "PrintSched", "&Department seven day schedule"),
-            Entry("OneEmpl", "PrintSched", "One " + d.EmployeeNameSingle)};
+            Entry("NoLaser", "PrintSched", "&Seven day schedule, Long format", Built),
+            Entry("One", "PrintSched", "Selected " + d.EmployeeNamePlural + " seven day schedule", Built),
+            Entry("Graphbased", "PrintSched", "&Department seven day schedule", Built),
+            Entry("OneEmpl", "PrintSched", "One " + d.EmployeeNameSingle, Built)};
 }
 
 std::vector<MenuEntry> HelpEntries() {

@@ -14,6 +14,8 @@ class EditorScreens {
     virtual void OpenDaytypes(Form& owner) = 0;
     /// The stored shifts, modal; the global request says what for.
     virtual void OpenShifts(Form& owner) = 0;
+    /// The seven-day schedules, modal; `FormCommand` says which kind.
+    virtual void OpenSchedules(Form& owner) = 0;
 };
 
 } // namespace tvx::qt

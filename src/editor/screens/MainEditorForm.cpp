@@ -102,6 +102,14 @@ void MainEditorForm::Choose(const std::string& entry) {
         PickDaytype();
     else if (entry == "Shift")
         PickShift();
+    else if (entry == "NoLaser")
+        OpenSchedules("7DayLong");
+    else if (entry == "Graphbased")
+        OpenSchedules("7DayShort");
+    else if (entry == "One")
+        OpenSchedules("SelectedEmployees");
+    else if (entry == "OneEmpl")
+        TellHowToSeeOneWeek();
 }
 
 void MainEditorForm::Save() {
@@ -204,6 +212,23 @@ void MainEditorForm::PasteStoredShift(int index) {
     ShowRuler();
     Picture1->UpdateRow(g_.week.CurrentRow);
     FocusRow(g_.week.CurrentRow);
+}
+
+void MainEditorForm::OpenSchedules(const char* kind) {
+    drag_.Settle();
+    g_.application.FormCommand = kind;
+    screens_.OpenSchedules(*this);
+    SelectDay(); // a report drops the bars of days off
+    FocusRow(g_.grid.LastFocusRow);
+}
+
+void MainEditorForm::TellHowToSeeOneWeek() {
+    const Department& words = g_.department;
+    const std::string& one = words.EmployeeNameSingle;
+    ports_.prompt.MsgBox("To see the Week schedule for this " + one + ", click on the " + one +
+                             " name.\nFor marking " + words.DayOffNamePlural +
+                             ", do a right mouse click on the " + one + " name.",
+                         box::Ok, "Look at " + one + " week");
 }
 
 void MainEditorForm::ScrollDay(int value) {

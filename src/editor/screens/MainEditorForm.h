@@ -62,6 +62,8 @@ class MainEditorForm : public Form {
     void ToggleAvailability();
     void ToggleHeadcount();
     void ShowTotalsBox();
+    void OpenSchedules(const char* kind);
+    void TellHowToSeeOneWeek();
     void PickDaytype();
     void PickShift();
     void StoreShift();

@@ -17,6 +17,7 @@ constexpr int Questions = 20;
 constexpr int EmployeeRecord = 70;
 constexpr int Productivity = 140;
 constexpr int EnteringTime = 170;
+constexpr int Schedules = 200;
 constexpr int Daytypes = 360;
 constexpr int DepartmentProfile = 370;
 } // namespace help

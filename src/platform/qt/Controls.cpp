@@ -208,7 +208,8 @@ void TextBox::TypeCharacter(QKeyEvent& event) {
         QLineEdit::keyPressEvent(&event);
         return;
     }
-    const auto code = static_cast<char32_t>(keyFilter ? keyFilter(static_cast<int>(typed[0])) : static_cast<int>(typed[0]));
+    const auto code =
+        static_cast<char32_t>(keyFilter ? keyFilter(static_cast<int>(typed[0])) : static_cast<int>(typed[0]));
     event.accept();
     if (code < 32 || Room() < (code > 0xFFFF ? 2 : 1)) return;
     QKeyEvent passed(event.type(), event.key(), event.modifiers(), QString::fromUcs4(&code, 1));
@@ -325,8 +326,10 @@ void ListBox::Choose(const QListWidgetItem* item) {
 
 void ListBox::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && currentItem() != nullptr && onChoose) Choose(currentItem());
-    else QListWidget::keyPressEvent(event);
+    if (enter && currentItem() != nullptr && onChoose)
+        Choose(currentItem());
+    else
+        QListWidget::keyPressEvent(event);
 }
 
 // ---- PictureBox ----

@@ -6,6 +6,8 @@
 #include "masterdata/screens/EmployeeForm.h"
 #include "masterdata/screens/EmployeeSearchForm.h"
 #include "masterdata/screens/ShiftsForm.h"
+#include "reports/screens/QtPrinter.h"
+#include "reports/screens/ScheduleForm.h"
 #include "shell/Passwords.h"
 #include "shell/TVXMOD1.h"
 #include "shell/screens/AboutForm.h"
@@ -36,10 +38,12 @@ class ConsoleForm::OpenedScreens : public EditorScreens {
     OpenedScreens(GlobalState& g, Ports& ports) : g_(g), ports_(ports) {}
     void OpenDaytypes(Form& owner) override { DaytypesForm(g_, ports_, &owner).ShowModal(); }
     void OpenShifts(Form& owner) override { ShiftsForm(g_, ports_, &owner).ShowModal(); }
+    void OpenSchedules(Form& owner) override { ScheduleForm(g_, ports_, printer_, &owner).ShowModal(); }
 
   private:
     GlobalState& g_;
     Ports& ports_;
+    QtPrinter printer_;
 };
 
 ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports)

@@ -16,7 +16,9 @@ namespace fs = std::filesystem;
 namespace tvx::qt {
 namespace {
 
-fs::path FolderOfProgram() { return QCoreApplication::applicationDirPath().toStdU16String(); }
+fs::path FolderOfProgram() {
+    return QCoreApplication::applicationDirPath().toStdU16String();
+}
 
 /// The folder of the side files and, by default, of the database.
 fs::path FindProgramFolder() {

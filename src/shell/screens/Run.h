@@ -11,7 +11,7 @@ class ConsoleForm;
 
 /// What a measuring program does differently from a person's run.
 struct RunOptions {
-    Clock* clock = nullptr;                              // nullptr: the computer's
+    Clock* clock = nullptr;                             // nullptr: the computer's
     std::function<void(ConsoleForm&)> whenConsoleShows; // called once, after the console was shown
 };
 

@@ -21,6 +21,7 @@ class ScriptedScreens : public qt::EditorScreens {
     std::function<void()> deed;
     void OpenDaytypes(qt::Form&) override { Open("Daytypes"); }
     void OpenShifts(qt::Form&) override { Open("Shifts"); }
+    void OpenSchedules(qt::Form&) override { Open("Schedules"); }
 
   private:
     void Open(const char* screen) {

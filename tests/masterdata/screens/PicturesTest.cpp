@@ -50,7 +50,10 @@ TEST_F(Pictures, of_every_screen) {
     test::Click(daytypes, "Command3D4");
     test::TakePicture(daytypes, "Form22-menu");
     test::Click(daytypes, "cmdChange");
-    QTest::keyClick(test::Find<QWidget>(daytypes, "List1").focusWidget() ? &test::Find<QWidget>(daytypes, "List1") : &daytypes, Qt::Key_Return);
+    QTest::keyClick(test::Find<QWidget>(daytypes, "List1").focusWidget()
+                        ? &test::Find<QWidget>(daytypes, "List1")
+                        : &daytypes,
+                    Qt::Key_Return);
     test::TakePicture(daytypes, "Form22-change");
 
     test::SetBars(store.g, 1, {{96 + 36, 96 + 68}});

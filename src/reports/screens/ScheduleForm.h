@@ -1,0 +1,61 @@
+// "Include in schedule": prints the week for the notice board, short, long, or for picked people, on paper or
+// as a web page.
+#pragma once
+
+#include "reports/PrintWeek.h"
+#include "reports/screens/ReportForm.h"
+
+#include <QCheckBox>
+
+class QGridLayout;
+
+namespace tvx::qt {
+
+class ScheduleForm : public ReportForm {
+    Q_OBJECT
+  public:
+    /// `FormCommand` "7DayLong", "7DayShort" or "SelectedEmployees" says which kind.
+    ScheduleForm(GlobalState& g, Ports& ports, Printer& printer, Form* owner);
+
+  protected:
+    void Run(Vp& vp) override;
+    std::string PreviewTitle() const override;
+    std::string PreviewPrintCaption() const override;
+    void PrintFromPreview() override;
+    void PreviewClosed() override { htmlMode_ = false; }
+
+  private:
+    void BuildOptions();
+    void BuildNames(QGridLayout& grid);
+    void BuildOther(QGridLayout& grid);
+    void BuildBreaks(QGridLayout& grid);
+    void BuildWho(QGridLayout& grid);
+    void BuildLastStop(QGridLayout& grid);
+    void BuildPicking(QGridLayout& grid);
+    QCheckBox& AddCheck(Frame& frame, const char* name, const std::string& caption, bool checked);
+    void FillList();
+    void PreviewHtml();
+    void SaveHtml();
+    void EnterHtml();
+    ScheduleRequest Request() const;
+    bool IsShort() const { return kind_ == "7DayShort"; }
+    bool IsSelected() const { return kind_ == "SelectedEmployees"; }
+
+    std::string kind_;
+    bool htmlMode_ = false;
+    bool saveSpace_ = false;
+
+    ControlArray<QRadioButton> Option3D1; // [0..5], what stands under the name
+    ControlArray<QRadioButton> Option3D2; // [0..4], breaks
+    ControlArray<QRadioButton> Option3D3; // [0..1], who
+    QCheckBox* Check3D1 = nullptr;        // hours
+    QCheckBox* Check3D2 = nullptr;        // wages
+    QCheckBox* Check3D4 = nullptr;        // productivity
+    QCheckBox* Check3D5 = nullptr;        // time bars
+    QCheckBox* SSCheck1 = nullptr;        // day comments
+    QCheckBox* ckbLastStop = nullptr;
+    TextBox* txtOpen = nullptr;
+    QListWidget* List1 = nullptr; // picked people
+};
+
+} // namespace tvx::qt
