@@ -93,8 +93,8 @@ class LongSchedule {
         const std::string& second = g_.roster.RosterName2[e];
         const std::string name = g_.roster.RosterName1[e] + (second.empty() ? "" : ", ") + second;
         vp_.FontBold(true);
-        TextAt(vp_, X(1), Y(line_), name);
-        const Twips behind = X(1) + vp_.TextWidth(name);
+        TextAt(vp_, X(0.3), Y(line_), name);
+        const Twips behind = X(0.3) + vp_.TextWidth(name);
         vp_.FontBold(false);
         const int option = g_.reports.options.NameOption;
         if (option >= 1 && option <= 4)
@@ -127,7 +127,7 @@ class LongSchedule {
     void Day(int e, int d) {
         dayLine_ = line_;
         slot_ = 0;
-        TextAt(vp_, X(1), Y(line_), ports_.region.Names().shortWeekdays[WeekdayOf(g_, d)]);
+        TextAt(vp_, X(0.3), Y(line_), ports_.region.Names().shortWeekdays[WeekdayOf(g_, d)]);
         TextEndingAt(vp_, X(DateEdge), Y(line_), ports_.region.MediumDate(g_.week.WeekStartJulian + d - 1));
         const std::string label = DayLabel(g_, e, d);
         if (!label.empty()) {
