@@ -31,6 +31,8 @@ class ScriptedPrompt : public Prompt {
     void Expect(const std::string& text, int style, const std::string& title, Answer answer = Answer::Ok);
     /// The next box is answered so, whatever it says; look at Boxes() afterwards.
     void WillAnswer(Answer answer);
+    /// From now on every box that nobody scripted is answered so; for tests that do not know what will come.
+    void AlwaysAnswer(Answer answer) { always_ = answer; }
     void WillOpen(std::optional<std::filesystem::path> file) { opens_.push_back(std::move(file)); }
     void WillSaveTo(std::optional<std::filesystem::path> file) { saves_.push_back(std::move(file)); }
     void WillChoose(std::optional<FontChoice> font) { fonts_.push_back(std::move(font)); }
@@ -59,6 +61,7 @@ class ScriptedPrompt : public Prompt {
         Answer answer = Answer::Ok;
     };
     std::deque<Expected> expected_;
+    std::optional<Answer> always_;
     std::deque<std::optional<std::filesystem::path>> opens_;
     std::deque<std::optional<std::filesystem::path>> saves_;
     std::deque<std::optional<FontChoice>> fonts_;

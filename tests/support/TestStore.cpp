@@ -108,6 +108,26 @@ int TestStore::AddEmployee(const TestEmployee& employee) {
     return static_cast<int>(rs.Fields("Employee").Long());
 }
 
+void TestStore::SetEmployee(int key, const std::string& field, const dao::Value& value) {
+    dao::Recordset rs = db().OpenRecordset("Employee");
+    rs.Index("Seq");
+    rs.Seek({std::int64_t{key}});
+    rs.Edit();
+    rs.Fields(field) = value;
+    rs.Update();
+}
+
+void TestStore::PutFigures(DaySerial day, double sales, double transactions, const std::string& memo) {
+    dao::Recordset rs = db().OpenRecordset("Department day");
+    rs.AddNew();
+    rs.Fields("Day") = day;
+    rs.Fields("Dep number") = g.department.CurrentDepNumber;
+    rs.Fields("Sales") = sales;
+    rs.Fields("Transactions") = transactions;
+    rs.Fields("Remarks") = memo;
+    rs.Update();
+}
+
 void TestStore::AddPeople(int count) {
     dao::Transaction transaction(db());
     for (int i = 1; i <= count; ++i) {
@@ -123,10 +143,11 @@ void TestStore::AddPeople(int count) {
     transaction.Commit();
 }
 
-void TestStore::PutDay(DaySerial day, int employeeKey, const std::string& startsStops,
-                       const std::string& dayType, bool vacation, const std::string& salaryMark,
-                       double rate) {
-    dao::Recordset rs = db().OpenRecordset("Day Schedule");
+namespace {
+
+void AddDay(dao::Recordset& rs, DaySerial day, int employeeKey, const std::string& startsStops,
+            const std::string& dayType = "", bool vacation = false, const std::string& salaryMark = "W",
+            double rate = 10) {
     rs.AddNew();
     rs.Fields("Day Julian") = day;
     rs.Fields("Employee") = employeeKey;
@@ -138,16 +159,26 @@ void TestStore::PutDay(DaySerial day, int employeeKey, const std::string& starts
     rs.Update();
 }
 
+} // namespace
+
+void TestStore::PutDay(DaySerial day, int employeeKey, const std::string& startsStops,
+                       const std::string& dayType, bool vacation, const std::string& salaryMark,
+                       double rate) {
+    dao::Recordset rs = db().OpenRecordset("Day Schedule");
+    AddDay(rs, day, employeeKey, startsStops, dayType, vacation, salaryMark, rate);
+}
+
 void TestStore::FillWeeks(DaySerial firstDay, int weeks, unsigned seed) {
     std::mt19937 random(seed);
     std::vector<int> keys;
     db().Scan("SELECT Employee FROM Employee ORDER BY Employee", {},
               [&](const dao::ScanRow& row) { keys.push_back(static_cast<int>(row.Long(0))); });
     dao::Transaction transaction(db());
+    dao::Recordset rs = db().OpenRecordset("Day Schedule");
     for (DaySerial day = firstDay; day < firstDay + 7 * weeks; ++day)
         for (const int key : keys)
             if (const auto periods = RandomPeriods(random); !periods.empty())
-                PutDay(day, key, StartsStops(periods));
+                AddDay(rs, day, key, StartsStops(periods));
     transaction.Commit();
 }
 

@@ -43,6 +43,10 @@ class TestStore {
                       int weekMethod = 3);
     /// Adds an employee to the current department. Returns the key.
     int AddEmployee(const TestEmployee& employee);
+    /// Changes one field of an employee's record.
+    void SetEmployee(int key, const std::string& field, const dao::Value& value);
+    /// Adds the figures and the memo of a day to the current department.
+    void PutFigures(DaySerial day, double sales, double transactions, const std::string& memo = "");
     /// A department of `count` employees "Last001 First1" and so on, with mixed pay.
     void AddPeople(int count);
     /// Puts a row of `Day Schedule` as it stands in the file. `startsStops` are bytes.
