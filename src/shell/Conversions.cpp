@@ -3,11 +3,16 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
+#include <limits>
 
 namespace tvx {
 namespace {
+
+constexpr double FirstSerial = -657434; // 1 January 100
+constexpr double LastSerial = 2958465;  // 31 December 9999
 
 bool YearComesFirst(std::string_view dateFormatSetting) {
     return dateFormatSetting == "YYYY-MM-DD";
@@ -54,7 +59,8 @@ std::string NormalizeDateText(std::string_view text, std::string_view dateFormat
     std::optional<DaySerial> serial = DateValue(trimmed, region, today);
     if (!serial) {
         const double number = Val(trimmed);
-        if (number == 0 || CharacterCount(trimmed) >= 7) return "";
+        const bool inCalendar = number >= FirstSerial && number <= LastSerial;
+        if (number == 0 || !inCalendar || CharacterCount(trimmed) >= 7) return "";
         serial = static_cast<DaySerial>(Int(number));
     }
     return DateText(*serial, dateFormatSetting, region);
@@ -115,8 +121,11 @@ std::string WeekTitle(const Department& department, const Week& week) {
 }
 
 Currency WageAtRate(long quarters, Currency rate) {
-    Currency amount = rate * (quarters / 4);
-    if (quarters % 4 > 0) amount += (rate * (quarters % 4)).Quarter();
+    // A rate beyond all money is held where the wage can still be counted.
+    const std::int64_t most = std::numeric_limits<std::int64_t>::max() / (std::labs(quarters) + 4);
+    const Currency held = Currency::FromScaled(std::clamp(rate.Scaled(), -most, most));
+    Currency amount = held * (quarters / 4);
+    if (quarters % 4 > 0) amount += (held * (quarters % 4)).Quarter();
     return amount;
 }
 

@@ -20,7 +20,7 @@ namespace tvx {
 std::string DateText(DaySerial serial, std::string_view dateFormatSetting, const Region& region);
 
 /// A date that a person typed, in display form; "" when it is no date. A number of fewer than 7 characters
-/// that is not 0 and no date by itself is taken as a day serial.
+/// that is not 0 and no date by itself is taken as a day serial, of the years 100 to 9999.
 std::string NormalizeDateText(std::string_view text, std::string_view dateFormatSetting, const Region& region,
                               DaySerial today);
 
