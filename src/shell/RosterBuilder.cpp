@@ -130,8 +130,18 @@ std::vector<bool> RowsThatShareAnId(dao::Recordset& rs) {
     return kept;
 }
 
+/// Before anything is filled, so that a refusal leaves the roster that was there.
+void RequireUsableKeys(dao::Recordset& rs, const std::vector<bool>& kept) {
+    rs.MoveFirst();
+    for (const bool keep : kept) {
+        if (keep) KeyOf(rs);
+        rs.MoveNext();
+    }
+}
+
 void FillRoster(GlobalState& g, const std::vector<bool>& kept) {
     dao::Recordset& rs = g.store.EmployeeRs;
+    RequireUsableKeys(rs, kept);
     ResizeRoster(g.roster, static_cast<int>(std::count(kept.begin(), kept.end(), true)));
     g.week.Resize(g.roster.EmployeeCount);
     g.totals = {};

@@ -22,7 +22,8 @@ enum class RosterResult {
 /// Opens the roster query of the current department, or of everybody whose ID occurs in more than one row
 /// when `AllDepartmentsMode` is on, and fills the roster arrays; the week arrays are sized for it and empty.
 /// An `EditorOrder` outside 1 to 6 keeps the query of the last run, or takes order 1 when there was none.
-/// On another result than Ready the arrays are as they were. Throws DaoError.
+/// On another result than Ready the arrays are as they were. Throws DaoError, also 6 for an employee number
+/// outside 1 to 32767, and leaves the arrays then too.
 RosterResult BuildRoster(GlobalState& g);
 
 /// BuildRoster with its messages. True when the Main Editor can open; `AllDepartmentsMode` is cleared when
