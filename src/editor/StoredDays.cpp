@@ -38,9 +38,12 @@ void ScanDays(const dao::Database& database, const Roster& roster, DaySerial fir
     std::vector<int> employeeOfKey(GreatestEmployeeKey + 1, 0);
     for (int e = 1; e <= roster.EmployeeCount; ++e) employeeOfKey[roster.RosterEmployeeKey[e]] = e;
     const auto take = [&](const dao::ScanRow& row) {
+        // In a damaged file a row may stand where its key does not belong, outside the days asked for too.
+        const std::int64_t day = row.Long(0);
         const std::int64_t key = row.Long(1);
-        const int e = key >= SmallestKey && key <= GreatestEmployeeKey ? employeeOfKey[key] : 0;
-        if (e != 0) Take(row, stored[e][row.Long(0) - first + 1]);
+        if (day < first || day >= first + DaysInSpan || key < SmallestKey || key > GreatestEmployeeKey)
+            return;
+        if (const int e = employeeOfKey[key]; e != 0) Take(row, stored[e][day - first + 1]);
     };
     database.Scan(RangeOfDays, {std::int64_t{first}, std::int64_t{first + DaysInSpan - 1}}, take);
 }
