@@ -82,11 +82,13 @@ void WarnOfOldDate(Ports& ports) {
         ports.prompt.MsgBox("The System date is incorrect... ", box::Exclamation, "System date");
 }
 
-void MoveWeek(dao::Database& db, const char* table, const char* dayField, DaySerial base) {
-    dao::Recordset rows = db.OpenRecordset(table);
+void MoveWeek(dao::Database& db, const std::string& table, const std::string& dayField, DaySerial base) {
+    // A select, which is read whole: a table is read on by its key, which the moves change.
+    dao::Recordset rows =
+        db.OpenRecordset("SELECT * FROM [" + table + "] WHERE [" + dayField + "] between " +
+                         std::to_string(ExampleWeek) + " and " + std::to_string(ExampleWeek + 6));
     for (; !rows.AtEnd(); rows.MoveNext()) {
         const std::int64_t day = rows.Fields(dayField).Long();
-        if (day < ExampleWeek || day > ExampleWeek + 6) continue;
         rows.Edit();
         rows.Fields(dayField) = static_cast<int>(base + day - ExampleWeek);
         rows.Update();
@@ -100,6 +102,14 @@ void MoveExampleWeek(dao::Database& db, DaySerial today) {
     MoveWeek(db, "Day Schedule", "Day Julian", base);
     MoveWeek(db, "Department day", "Day", base);
     transaction.Commit();
+}
+
+/// A start that was cut off leaves its unfinished file, and the engine a journal, which it would play back
+/// into the next file of that name.
+void RemoveWhatWasCutOff(const fs::path& folder) {
+    std::error_code ignored;
+    for (const char* name : {"TVX.NEW", "TVX.NEW-journal", "TVX.MDB-journal"})
+        fs::remove(folder / name, ignored);
 }
 
 std::string SettingOf(dao::Recordset& rs, const char* field, const char* ifNull) {
@@ -132,8 +142,7 @@ void WriteDefaultSettings(GlobalState& g, dao::Recordset& rs) {
     rs.Fields("DayOvertime") = settings[setting::DayOvertime];
     rs.Fields("WeekOvertime") = settings[setting::WeekOvertime];
     rs.Fields("To Try") = "S";
-    rs.Fields("DB Version") = SchemaVersion;
-    rs.Update();
+    rs.Update(); // without a version: the file may be an old one, which is brought up to date next
     g.application.OpenShared = true;
     g.application.GeneralManagerPassword.clear();
 }
@@ -347,8 +356,7 @@ void SeedFirstDatabase(const dao::Engine& engine, const fs::path& folder, DaySer
     const auto readyMade = FindFile(folder, ReadyMadeFile);
     if (!readyMade || FindFile(folder, DatabaseFile)) return;
     const fs::path unfinished = folder / "TVX.NEW";
-    std::error_code ignored;
-    fs::remove(unfinished, ignored); // of a start that was cut off
+    RemoveWhatWasCutOff(folder);
     CopyWholeFile(*readyMade, unfinished);
     MoveExampleWeek(*engine.OpenDatabase(unfinished), today);
     std::error_code trouble;

@@ -23,7 +23,8 @@ void CreateSystemTables(dao::Database& database);
 /// The first table or field, as "Employee" or "Employee.Email", that the file lacks; "" when it has all.
 std::string MissingFromFile(const dao::Database& database);
 
-/// Throws DaoError 3265 when the file lacks a table, or a field that no upgrade can add.
+/// Throws DaoError 3265 when the file lacks a table, or a field that no upgrade can add; 3343 when its end is
+/// cut off.
 void RequireUsableFile(const dao::Database& database);
 
 /// Brings a file to the present version: adds every field that it lacks, one after the other, and writes the
