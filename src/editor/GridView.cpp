@@ -17,7 +17,7 @@ void SetWidths(GlobalState& g) {
     Grid& grid = g.grid;
     grid.HoursShown = std::max(1, g.screen.VisibleHours);
     grid.GridLeft = g.screen.ScreenWidth * 15 / 100 + 300;
-    const Twips width = g.screen.ScreenWidth - 240 - grid.GridLeft;
+    const Twips width = g.screen.ScreenWidth * 85 / 100 - 240 - 300;
     grid.QuarterWidth = std::max(1, width / (grid.HoursShown * 4));
     grid.GridWidth = grid.QuarterWidth * 4 * grid.HoursShown;
     grid.WeekTwips = grid.QuarterWidth * QuartersPerSpan;
@@ -38,7 +38,7 @@ void SetScrollRange(GlobalState& g) {
     const int cutoff = g.department.DayCutoffQuarters;
     grid.MinFirstQuarter = cutoff;
     grid.MaxFirstQuarter = cutoff + QuartersPerDay - grid.HoursShown * 4;
-    const int wanted = cutoff != 0 ? cutoff : g.application.StartHour * 4;
+    const int wanted = cutoff != 0 ? cutoff : std::clamp(g.application.StartHour, 0, 24) * 4;
     grid.FirstQuarter = std::clamp(wanted, grid.MinFirstQuarter, grid.MaxFirstQuarter);
 }
 
