@@ -5,6 +5,7 @@
 #include "shell/Conversions.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tvx {
 namespace {
@@ -25,18 +26,26 @@ void ZeroDaySums(Totals& totals) {
     totals.TotalDayWages = 0;
 }
 
+/// Adds an amount of money to a sum and holds it at four decimals: however often amounts are taken out and
+/// put back, the sum is the one that a count from scratch gives.
+void AddMoney(double& sum, double amount) {
+    constexpr double MoreThanAnyPayroll = 1e11;
+    sum += amount;
+    if (std::fabs(sum) < MoreThanAnyPayroll) sum = Currency::FromAmount(sum).Amount();
+}
+
 void AddDay(GlobalState& g, int e, int sign) {
     const long quarters = static_cast<long>(sign) * g.week.DayQuarters[e];
     (g.roster.IsPaidByHour(e) ? g.totals.WageDayQuarters : g.totals.SalaryDayQuarters) += quarters;
     g.totals.TotalDayQuarters += quarters;
-    g.totals.TotalDayWages += sign * WagesForQuarters(g.roster, g.rights, e, g.week.DayQuarters[e]);
+    AddMoney(g.totals.TotalDayWages, sign * WagesForQuarters(g.roster, g.rights, e, g.week.DayQuarters[e]));
 }
 
 void AddWeek(GlobalState& g, int e, int sign) {
     const long quarters = static_cast<long>(sign) * g.week.WeekQuarters[e];
     (g.roster.IsPaidByHour(e) ? g.totals.WageWeekQuarters : g.totals.SalaryWeekQuarters) += quarters;
     g.totals.TotalWeekQuarters += quarters;
-    g.totals.TotalWeekWages += sign * WagesForQuarters(g.roster, g.rights, e, g.week.WeekQuarters[e]);
+    AddMoney(g.totals.TotalWeekWages, sign * WagesForQuarters(g.roster, g.rights, e, g.week.WeekQuarters[e]));
 }
 
 bool IsOver(int quarters, const std::string& limit) {
@@ -52,9 +61,13 @@ std::string Ratio(double amount, double by) {
     return by <= 0 ? "" : " " + Format(amount / by, ".00");
 }
 
-std::string LaborPercent(const GlobalState& g, double cost, double sales) {
+std::string DayLaborPercent(const GlobalState& g, double cost, double sales) {
     if (g.rights.HideWages || g.totals.SalesTotal / 100 <= 0 || cost <= 0 || sales <= 0) return "";
     return Ratio(cost, sales / 100);
+}
+
+std::string WeekLaborPercent(const GlobalState& g, double cost) {
+    return g.rights.HideWages ? "" : Ratio(cost, g.totals.SalesTotal / 100);
 }
 
 double DayCost(const GlobalState& g) {
@@ -136,11 +149,11 @@ std::array<std::string, 6> ProductivityTexts(const GlobalState& g) {
         return RatioHours(wage, wages, salary, salaries);
     };
     return {
-        LaborPercent(g, DayCost(g), daySales),
+        DayLaborPercent(g, DayCost(g), daySales),
         Ratio(daySales, hours(t.WageDayQuarters, p.SalesWageHours, t.SalaryDayQuarters, p.SalesSalaryHours)),
         Ratio(dayTransactions,
               hours(t.WageDayQuarters, p.TransWageHours, t.SalaryDayQuarters, p.TransSalaryHours)),
-        LaborPercent(g, WeekCost(g), t.SalesTotal),
+        WeekLaborPercent(g, WeekCost(g)),
         Ratio(t.SalesTotal,
               hours(t.WageWeekQuarters, p.SalesWageHours, t.SalaryWeekQuarters, p.SalesSalaryHours)),
         Ratio(t.TransactionsTotal,

@@ -40,7 +40,8 @@ void SumWeek(GlobalState& g);
 std::array<std::string, 4> TotalsTexts(const GlobalState& g);
 
 /// Texts of the labor figures: 0 to 2 the day's labor percentage, sales per hour and transactions per hour,
-/// 3 to 5 the week's. "" where a divisor is 0, for labor also when pay is hidden.
+/// 3 to 5 the week's. "" where a divisor is 0, for labor also when pay is hidden; the day's labor is "" too
+/// when it costs nothing.
 std::array<std::string, 6> ProductivityTexts(const GlobalState& g);
 
 /// Colours of a value: text and back, &HBBGGRR.
