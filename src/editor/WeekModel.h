@@ -17,16 +17,16 @@ void PaintWeekGrid(Week& week, WeekQuarter start, WeekQuarter stop);
 /// alone.
 int ReadWeekGrid(Week& week, int employee);
 
-/// Marks all bars of an employee and takes them out of the slots, `BarCount` included: a ReadWeekGrid must
-/// follow.
+/// Marks all bars of an employee and takes them out of their slots; `BarCount` stays as it is. A ReadWeekGrid
+/// must follow.
 void BuildWeekGrid(Week& week, int employee);
 
 /// BuildWeekGrid and ReadWeekGrid: overlapping and touching bars become one, empty ones vanish.
 void MergeBars(Week& week, int employee);
 
 /// Takes out what lies on days off: a bar within such a day goes; a bar that reaches out of it on one side
-/// keeps that side; a bar that covers the day loses both sides. The day is midnight to midnight. The bars
-/// that stay are packed in order and merged.
+/// keeps that side; a bar that covers the day, or begins with it and ends behind it, goes whole. The day is
+/// midnight to midnight. The bars that stay are packed in order and merged.
 void CutBarsAgainstDaysOff(Week& week, int employee);
 
 } // namespace tvx
