@@ -3,6 +3,7 @@
 #include "editor/BarDrag.h"
 #include "editor/LoadWeek.h"
 #include "editor/StoredDays.h"
+#include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "shell/Conversions.h"
 #include "shell/TVXMOD1.h"
@@ -10,7 +11,8 @@
 namespace tvx {
 namespace {
 
-const std::string TwoBlanks(2, ' ');
+constexpr std::size_t WidestSymbol = 2;
+const std::string TwoBlanks(WidestSymbol, ' ');
 const std::string EmptyText(StartsStopsLength, ' ');
 
 /// What a row of one employee and day is to hold.
@@ -39,6 +41,7 @@ class DayWriter {
 
     void Write(int e, int d, const StoredDay& stored) {
         WantedDay wanted = WantedOf(week_, e, d);
+        KeepWideSymbol(wanted, stored);
         if (!stored.found) {
             if (!wanted.empty) Add(e, d, wanted);
         } else if (stored.vacation || !wanted.empty) {
@@ -51,6 +54,13 @@ class DayWriter {
     }
 
   private:
+    /// A symbol that some other program wrote, wider than its field, stays as it stands: its capitals, as the
+    /// week in memory has them, would be refused, and the whole week with them.
+    static void KeepWideSymbol(WantedDay& wanted, const StoredDay& stored) {
+        if (CharacterCount(stored.dayType) > WidestSymbol && UpperCase(stored.dayType) == wanted.dayType)
+            wanted.dayType = stored.dayType;
+    }
+
     /// A day off never stores working time; its hours are written all the same.
     static void ClearForDayOff(WantedDay& wanted) {
         wanted.dayType.clear();
@@ -169,10 +179,10 @@ void WriteWeek(dao::Database& database, const Roster& roster, const Week& week) 
 }
 
 bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge) {
-    BarDrag(g).Settle();
     gauge.Flood(0);
     gauge.Show(true);
     ports.prompt.DoEvents();
+    BarDrag(g).Settle(); // events may have taken hold of a bar
     const bool saved = TryToWrite(g, ports);
     if (saved) {
         // Before the flood lets events run: what is edited meanwhile is a change again.
