@@ -84,7 +84,7 @@ GridChange BarDrag::Press(const GridMouse& mouse) {
 /// search has come to the last slot that the mouse can reach.
 bool BarDrag::TakeBar(Twips weekX) {
     Week& week = g_.week;
-    const int e = week.CurrentEmployee;
+    const int e = g_.drag.DragEmployee;
     const Twips width = g_.grid.QuarterWidth;
     g_.drag.DragBar = 0;
     for (int b = 1; b <= week.BarCount[e]; ++b) {
@@ -103,6 +103,7 @@ bool BarDrag::TakeBar(Twips weekX) {
 
 GridChange BarDrag::PressLeft(const GridMouse& mouse, GridChange change) {
     const Twips weekX = mouse.x + g_.grid.ScrollX;
+    g_.drag.DragEmployee = g_.week.CurrentEmployee;
     Left() = Right() = 0;
     if (!TakeBar(weekX)) {
         g_.drag.IgnoreMouse = true;
@@ -147,8 +148,8 @@ GridChange BarDrag::Move(const GridMouse& mouse) {
     GridChange change;
     if (g_.drag.IgnoreMouse && mouse.button != MouseButton::None) return change;
     if (mouse.button == MouseButton::None) return Hover(mouse);
-    if (g_.week.CurrentRow > g_.grid.VisibleRows || g_.drag.MouseState == Idle) return change;
-    g_.week.CurrentEmployee = EmployeeOfRow(g_, g_.week.CurrentRow);
+    if (g_.drag.MouseState == Idle) return change;
+    ReturnToRow();
     if (g_.drag.MouseState == Stretching) {
         if (mouse.button != MouseButton::Left || mouse.x == g_.drag.LastMouseX) return change;
         if (mouse.x > g_.drag.LastMouseX)
@@ -164,6 +165,12 @@ GridChange BarDrag::Move(const GridMouse& mouse) {
     return change;
 }
 
+/// Other rows may have had the focus, and the rows may have moved, since the press.
+void BarDrag::ReturnToRow() {
+    g_.week.CurrentEmployee = g_.drag.DragEmployee;
+    if (const int row = RowOfEmployee(g_, g_.drag.DragEmployee); row != 0) g_.week.CurrentRow = row;
+}
+
 /// A limit ends the drag with one end held there.
 void BarDrag::EndDragAt(Twips& end, Twips gridX) {
     end = gridX + g_.grid.ScrollX;
@@ -174,7 +181,7 @@ void BarDrag::StretchRight(Twips x) {
     const Twips boundary = DayBoundaryX(g_.grid);
     Right() += x - g_.drag.LastMouseX;
     if (x > g_.grid.GridWidth) EndDragAt(Right(), g_.grid.GridWidth);
-    if (g_.week.DayOffFlag[g_.week.CurrentDay + 1][g_.week.CurrentEmployee] && x >= boundary)
+    if (g_.week.DayOffFlag[g_.week.CurrentDay + 1][g_.drag.DragEmployee] && x >= boundary)
         EndDragAt(Right(), boundary);
 }
 
@@ -182,21 +189,26 @@ void BarDrag::StretchLeft(Twips x) {
     const Twips boundary = DayBoundaryX(g_.grid);
     Right() -= g_.drag.LastMouseX - x;
     if (x < 0) EndDragAt(Right(), 0);
-    if (g_.week.DayOffFlag[g_.week.CurrentDay][g_.week.CurrentEmployee] && x < boundary)
+    if (g_.week.DayOffFlag[g_.week.CurrentDay][g_.drag.DragEmployee] && x < boundary)
         EndDragAt(Right(), boundary);
 }
 
 void BarDrag::MoveWhole(Twips x) {
     const Twips boundary = DayBoundaryX(g_.grid);
     const Twips travelled = x - g_.drag.LastMouseX;
-    const int e = g_.week.CurrentEmployee;
+    const Twips length = Right() - Left();
+    const int e = g_.drag.DragEmployee;
     Left() += travelled;
     Right() += travelled;
+    // A jump that carries the whole bar over the edge leaves it whole before the edge.
     if (travelled < 0) {
-        if (g_.week.DayOffFlag[g_.week.CurrentDay][e] && Left() - g_.grid.ScrollX < boundary)
-            EndDragAt(Left(), boundary);
-    } else if (g_.week.DayOffFlag[g_.week.CurrentDay + 1][e] && Right() - g_.grid.ScrollX > boundary) {
+        if (!g_.week.DayOffFlag[g_.week.CurrentDay][e] || Left() - g_.grid.ScrollX >= boundary) return;
+        EndDragAt(Left(), boundary);
+        if (Right() <= Left()) Right() = Left() + length;
+    } else {
+        if (!g_.week.DayOffFlag[g_.week.CurrentDay + 1][e] || Right() - g_.grid.ScrollX <= boundary) return;
         EndDragAt(Right(), boundary);
+        if (Left() >= Right()) Left() = Right() - length;
     }
 }
 
@@ -214,6 +226,7 @@ GridChange BarDrag::Release(const GridMouse& mouse) {
 }
 
 bool BarDrag::Settle() {
+    g_.drag.LeftDown = false;
     if (!g_.drag.GestureOpen) return false;
     Commit();
     return true;
@@ -223,9 +236,9 @@ bool BarDrag::Settle() {
 /// figure changed.
 bool BarDrag::Commit() {
     Week& week = g_.week;
-    const int e = EmployeeOfRow(g_, week.CurrentRow);
+    const int e = g_.drag.DragEmployee;
     const Twips width = g_.grid.QuarterWidth;
-    week.CurrentEmployee = e;
+    ReturnToRow();
     if (Left() > Right()) std::swap(Left(), Right());
     Left() = std::max(Left(), g_.department.DayCutoffQuarters * width);
     Right() = std::min(Right(), g_.grid.WeekTwips);

@@ -47,8 +47,8 @@ class BarDrag {
     GridChange Move(const GridMouse& mouse);
     /// A release: snaps to quarters, merges the bars and corrects the sums by the difference.
     GridChange Release(const GridMouse& mouse);
-    /// Commits a gesture whose release never came: the window lost the mouse, or a command is to run. True
-    /// when there was one.
+    /// Commits a gesture whose release never came: the window lost the mouse, or a command is to run. No
+    /// button counts as held then. True when there was a gesture.
     bool Settle();
 
   private:
@@ -61,11 +61,12 @@ class BarDrag {
     void StretchRight(Twips x);
     void StretchLeft(Twips x);
     void MoveWhole(Twips x);
-    void EndDragAt(Twips& end, Twips weekX);
+    void EndDragAt(Twips& end, Twips gridX);
+    void ReturnToRow();
     bool Commit();
 
-    Twips& Left() { return g_.week.DayLeftBar[g_.week.CurrentEmployee]; }
-    Twips& Right() { return g_.week.DayRightBar[g_.week.CurrentEmployee]; }
+    Twips& Left() { return g_.week.DayLeftBar[g_.drag.DragEmployee]; }
+    Twips& Right() { return g_.week.DayRightBar[g_.drag.DragEmployee]; }
 
     GlobalState& g_;
 };

@@ -49,11 +49,16 @@ void Fill(Drawing& drawing, const Grid& grid, Twips left, Twips top, Twips right
     if (from < to) drawing.boxes.push_back({{from, top, to, bottom}, colour});
 }
 
+bool IsInHand(const GlobalState& g, int e, int bar) {
+    return g.drag.GestureOpen && g.drag.DragEmployee == e && g.drag.DragBar == bar;
+}
+
 void DrawBars(const GlobalState& g, int e, Twips top, Drawing& drawing) {
     const Colour colour = QBColor(g.roster.RosterBarColor[e]);
     for (int b = 1; b <= MostBarsRead; ++b) {
         const Twips x1 = XOfQuarter(g.grid, g.week.BarStarts[e][b]);
         const Twips x2 = XOfQuarter(g.grid, g.week.BarStops[e][b]);
+        if (IsInHand(g, e, b)) continue; // its slot is empty until the release
         if (x1 == x2) return;
         Fill(drawing, g.grid, x1, top + LaneTop, x2, top + LaneBottom, colour);
     }
@@ -157,18 +162,19 @@ void DrawRow(const GlobalState& g, int row, Drawing& drawing) {
 }
 
 std::optional<DrawnBox> DragGhost(const GlobalState& g) {
-    const int e = g.week.CurrentEmployee;
-    if (e < 1) return std::nullopt;
+    const int e = g.drag.DragEmployee;
+    const int row = RowOfEmployee(g, e);
+    if (e < 1 || row == 0) return std::nullopt;
     const auto [left, right] = std::minmax(g.week.DayLeftBar[e], g.week.DayRightBar[e]);
     const Twips from = std::clamp(left - g.grid.ScrollX, 0, g.grid.GridWidth);
     const Twips to = std::clamp(right - g.grid.ScrollX, 0, g.grid.GridWidth);
     if (from >= to) return std::nullopt;
-    const Twips top = TopOfRow(g.grid, g.week.CurrentRow);
+    const Twips top = TopOfRow(g.grid, row);
     return DrawnBox{{from, top + LaneTop, to, top + LaneBottom}, QBColor(g.roster.RosterBarColor[e])};
 }
 
 std::string DragTimeText(const GlobalState& g) {
-    const int e = g.week.CurrentEmployee;
+    const int e = g.drag.DragEmployee;
     if (e < 1 || g.week.DayLeftBar[e] == g.week.DayRightBar[e]) return "";
     const auto [left, right] = std::minmax(g.week.DayLeftBar[e], g.week.DayRightBar[e]);
     const auto clock = [&](Twips x) {

@@ -68,7 +68,8 @@ struct Drawing {
 /// The lane of a visible row: the white band, the bars, the shade of days off. `drawing` is added to.
 void DrawRow(const GlobalState& g, int row, Drawing& drawing);
 
-/// The bar that is being drawn on the current row, as it stands under the mouse; nothing when there is none.
+/// The bar that is being drawn, as it stands under the mouse, on the row of its employee; nothing when there
+/// is none, or when that row is not visible.
 std::optional<DrawnBox> DragGhost(const GlobalState& g);
 /// "9:00am -  5:00pm" of the bar that is being drawn, snapped to quarters.
 std::string DragTimeText(const GlobalState& g);

@@ -63,6 +63,7 @@ std::array<Colour, 8> DaySquares(const GlobalState& g, int e) {
     std::array<Colour, 8> squares{};
     squares.fill(bar == Silver ? QBColor(12) : Silver);
     for (int b = 1; b <= g.week.BarCount[e]; ++b) {
+        if (g.week.BarStarts[e][b] == g.week.BarStops[e][b]) continue; // in hand
         const int day = g.week.BarStarts[e][b] / QuartersPerDay + 1;
         if (day <= 7) squares[day] = bar;
     }

@@ -144,6 +144,7 @@ void FillRoster(GlobalState& g, const std::vector<bool>& kept) {
     RequireUsableKeys(rs, kept);
     ResizeRoster(g.roster, static_cast<int>(std::count(kept.begin(), kept.end(), true)));
     g.week.Resize(g.roster.EmployeeCount);
+    g.drag = {};
     g.totals = {};
     g.TotalSalaries = 0;
     int e = 0;

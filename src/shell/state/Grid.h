@@ -31,6 +31,7 @@ struct Grid {
 struct Drag {
     int MouseState = 0;       // 0 idle, 1 stretching an end, 2 moving a bar
     int DragBar = 0;          // slot of the bar; 0 is a new one
+    int DragEmployee = 0;     // whose bar it is, wherever the row is scrolled or sorted to meanwhile
     Twips LastMouseX = 0;     // of the last mouse event, grid twips
     bool IgnoreMouse = false; // after a refused press, until the next
     bool EditBusy = false;    // while a gesture is being committed
