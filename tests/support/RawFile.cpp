@@ -58,6 +58,7 @@ std::string FieldText(sqlite3_stmt* statement, int column) {
 RawFile::RawFile(const std::filesystem::path& path) {
     if (sqlite3_open(path.c_str(), &handle_) != SQLITE_OK) Fail(handle_, path.string());
     sqlite3_busy_timeout(handle_, 2000);
+    Run("PRAGMA synchronous = OFF"); // what a test writes need not outlive the machine
 }
 
 RawFile::~RawFile() {
