@@ -298,6 +298,14 @@ TEST_F(BarDragTest, the_pointer_is_a_cross_while_an_end_is_held) {
     Release(X(10));
 }
 
+TEST_F(BarDragTest, only_the_left_button_stretches) {
+    Press(X(36));
+    for (const MouseButton button : {MouseButton::Right, MouseButton::Other, MouseButton::None})
+        Move(X(60), 1, button);
+    Release(X(60));
+    EXPECT_EQ(Bars(), BarList{});
+}
+
 TEST_F(BarDragTest, a_narrow_bar_is_taken_by_its_left_end_first) {
     Set({{40, 41}}); // one quarter: every place is within 60 twips of an end
     Drag(X(40.5), X(36.5));

@@ -1,6 +1,7 @@
 #include "editor/LoadWeek.h"
 
 #include "editor/BarDrag.h"
+#include "editor/GridView.h"
 #include "editor/SaveWeek.h"
 #include "editor/Totals.h"
 #include "platform/dao/DaoError.h"
@@ -334,6 +335,19 @@ TEST_F(LoadWeekTest, ends_a_gesture_that_was_left_open) {
     Load();
     EXPECT_FALSE(drag.Settle());
     EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
+}
+
+TEST_F(LoadWeekTest, of_another_roster_knows_nothing_of_a_gesture_that_was_left_open) {
+    store.OpenWeek(Sunday);
+    BarDrag drag(g);
+    drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 240 + 100});
+    ASSERT_TRUE(g.drag.GestureOpen);
+    store.AddDepartment("Dairy");
+    store.AddEmployee({"Clark", "Cleo"});
+    store.OpenEditor();
+    EXPECT_EQ(g.roster.EmployeeCount, 1);
+    EXPECT_FALSE(drag.Settle());
+    EXPECT_FALSE(DragGhost(g).has_value());
 }
 
 TEST_F(LoadWeekTest, that_fails_leaves_the_week_that_was_open) {

@@ -200,10 +200,10 @@ std::string Squares(const RowValues& values, Colour marked) {
 
 TEST_F(RowValuesTest, squares_mark_the_days_on_which_time_begins) {
     const Colour bar = QBColor(g.roster.RosterBarColor[1]);
-    test::SetBars(g, 1, {{36, 68}, {190, 300}, {575, 577}, {680, 690}});
+    test::SetBars(g, 1, {{36, 68}, {190, 300}, {575, 577}, {671, 673}, {680, 690}});
     const RowValues values = Values(9);
     EXPECT_TRUE(values.squares);
-    EXPECT_EQ(Squares(values, bar), "XX...X.");
+    EXPECT_EQ(Squares(values, bar), "XX...XX");
     EXPECT_EQ(values.squareColours[3], Silver);
     test::SetBars(g, 1, {});
     EXPECT_EQ(Squares(Values(9), bar), ".......");

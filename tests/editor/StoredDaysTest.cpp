@@ -4,6 +4,7 @@
 #include "editor/SaveWeek.h"
 #include "editor/WeekModel.h"
 #include "platform/dao/TimeText.h"
+#include "shell/TVXMOD1.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
 
@@ -252,6 +253,32 @@ TEST_F(ReadStoredWeekTest, reads_the_same_row_by_row_and_in_one_scan) {
     store.OpenEditor();
     ASSERT_EQ(store.g.roster.EmployeeCount, 60);
     EXPECT_EQ(Read(Sunday), scanned);
+}
+
+TEST_F(ReadStoredWeekTest, passes_over_rows_that_a_damaged_file_holds_out_of_their_place) {
+    store.AddDepartment("Bakery");
+    store.AddEmployee({"Adams", "Anna"});
+    const int brown = store.AddEmployee({"Brown", "Bob"});
+    store.OpenEditor();
+    for (DaySerial day = Sunday; day < Sunday + 8; ++day) store.PutDay(day, brown, "", "X");
+    CloseDatabase(store.g.store, store.prompt());
+    std::string content = test::ReadFile(store.folder / "TVX.MDB");
+    const auto key = [&](DaySerial day) {
+        return std::string{'\0', static_cast<char>(day >> 8), static_cast<char>(day),
+                           static_cast<char>(brown)};
+    };
+    // The sixth of eight rows says that it belongs nine days before the first.
+    const std::size_t at = content.find(key(Sunday + 5));
+    ASSERT_NE(at, std::string::npos);
+    test::WriteFile(store.folder / "TVX.MDB", content.replace(at, 4, key(Sunday - 9)));
+    store.g.store.Db = store.g.store.Engine.OpenDatabase(store.folder / "TVX.MDB");
+    std::vector<std::string> expected;
+    for (const int d : {1, 2, 3, 4, 5, 7, 8}) expected.push_back(Line(2, d, "X  0 0 1"));
+    // How much of the damaged part is found is the engine's affair; what is found is right.
+    const std::vector<std::string> found = Read(Sunday);
+    EXPECT_FALSE(found.empty());
+    for (const std::string& line : found)
+        EXPECT_NE(std::find(expected.begin(), expected.end(), line), expected.end()) << line;
 }
 
 // --- any bytes in the file --------------------------------------------------------------------------------
