@@ -149,6 +149,7 @@ TEST_F(BarDragTest, a_bar_goes_to_the_employee_of_its_row) {
 }
 
 TEST_F(BarDragTest, a_bar_goes_to_the_scrolled_row) {
+    Make(60, 0); // ten more than there is room for
     g.grid.TopRow = 3;
     Drag(X(36), X(68), 2);
     EXPECT_EQ(Bars(5), (BarList{{36, 68}}));
@@ -704,13 +705,14 @@ TEST_F(BarDragTest, a_bar_in_hand_stays_with_its_employee_when_another_row_gets_
 }
 
 TEST_F(BarDragTest, a_bar_in_hand_stays_with_its_employee_when_the_rows_scroll_or_are_sorted) {
+    Make(60, 0);
     Set({{36, 68}});
     Press(X(50));
     g.grid.TopRow = 3;
     Move(X(54));
     Release(X(54));
     EXPECT_EQ(Bars(1), (BarList{{40, 72}}));
-    for (int e = 2; e <= 6; ++e) EXPECT_EQ(Bars(e), BarList{});
+    for (int e = 2; e <= 60; ++e) EXPECT_EQ(Bars(e), BarList{});
     g.grid.TopRow = 0;
     Press(X(50));
     std::swap(g.roster.RowOrder[1], g.roster.RowOrder[6]);
