@@ -117,9 +117,9 @@ class DamagedDatabaseTest : public testing::Test {
 
 // --- no database at all -----------------------------------------------------------------------------------
 
-TEST_F(DamagedDatabaseTest, an_empty_file_is_of_the_wrong_version) {
+TEST_F(DamagedDatabaseTest, an_empty_file_is_a_damaged_one) {
     test::WriteFile(File(), "");
-    ExpectEnd(WrongVersion, "0 bytes");
+    ExpectEnd(Damaged, "0 bytes");
 }
 
 TEST_F(DamagedDatabaseTest, a_file_of_another_kind_is_a_damaged_one) {

@@ -64,13 +64,29 @@ TEST(DecodeFirstWeekday, takes_apart_the_weekday_and_the_cut_off) {
     };
     constexpr int AsItWas = 20;
     const Case cases[] = {
-        {-32768, 1, 0},  {-1, 1, 0},       {0, 1, 0},      {1, 1, AsItWas}, {2, 2, AsItWas},
-        {7, 7, AsItWas}, {8, 1, AsItWas},                                // no such weekday
-        {9, 1, AsItWas}, {10, 1, AsItWas}, {11, 1, 11},                  // weekday 0
-        {99, 1, 99},     {100, 1, 0},      {101, 1, 1},    {150, 1, 50}, // beyond what the screen offers,
-                                                                         // kept
-        {205, 2, 5},     {305, 3, 5},      {732, 7, 32},   {799, 7, 99},    {800, 1, 0},
-        {832, 1, 32},    {999, 1, 99},     {32767, 1, 67},
+        {-32768, 1, 0},
+        {-1, 1, 0},
+        {0, 1, 0},
+        {1, 1, AsItWas},
+        {2, 2, AsItWas},
+        {7, 7, AsItWas},
+        {8, 1, AsItWas}, // no such weekday
+        {9, 1, AsItWas},
+        {10, 1, AsItWas},
+        {11, 1, 11}, // weekday 0
+        {99, 1, 99},
+        {100, 1, 0},
+        {101, 1, 1},
+        {150, 1, 50}, // beyond what the screen offers,
+                      // kept
+        {205, 2, 5},
+        {305, 3, 5},
+        {732, 7, 32},
+        {799, 7, 99},
+        {800, 1, 0},
+        {832, 1, 32},
+        {999, 1, 99},
+        {32767, 1, 67},
     };
     for (const Case& c : cases) {
         int weekday = 5;

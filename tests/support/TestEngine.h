@@ -13,7 +13,7 @@ namespace tvx::test {
 inline dao::EngineOptions TestOptions(int busyMilliseconds = 300) {
     dao::EngineOptions options;
     options.busyMilliseconds = busyMilliseconds;
-    options.reverseUnorderedSelects = std::getenv("TVX_REVERSE_SELECTS") != nullptr;
+    options.reverseUnorderedSelects = std::getenv("TVX_TEST_REVERSED_ROWS") != nullptr;
     return options;
 }
 

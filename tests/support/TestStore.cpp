@@ -9,11 +9,11 @@
 #include "shell/RosterBuilder.h"
 #include "shell/TVXMOD1.h"
 #include "store/Schema.h"
+#include "support/TestEngine.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
 #include <random>
 
 namespace tvx::test {
@@ -47,10 +47,7 @@ std::vector<std::pair<int, int>> RandomPeriods(std::mt19937& random) {
 } // namespace
 
 dao::EngineOptions TestEngineOptions() {
-    dao::EngineOptions options;
-    options.busyMilliseconds = 200;
-    options.reverseUnorderedSelects = std::getenv("TVX_TEST_REVERSED_ROWS") != nullptr;
-    return options;
+    return TestOptions(200);
 }
 
 TestStore::TestStore() {
