@@ -320,7 +320,7 @@ void MainEditorForm::OpenLineMenu() {
     shifts->setEnabled(offered.PasteShift);
     int index = 0;
     for (const std::string& name : offered.ShiftNaam) {
-        QAction* action = shifts->addAction(ToQString(name).replace(QLatin1Char('&'), QLatin1String("&&")));
+        QAction* action = shifts->addAction(PlainCaption(name));
         action->setObjectName(QStringLiteral("ShiftNaam(%1)").arg(++index));
         On(*action, &QAction::triggered, [this, index] { PasteStoredShift(index); });
     }

@@ -15,8 +15,20 @@
 #include <QStyleOptionFocusRect>
 
 #include <algorithm>
+#include <utility>
 
 namespace tvx::qt {
+namespace {
+
+bool IsControl(char32_t code) {
+    return code < U' ' || code == 0x7F;
+}
+
+} // namespace
+
+QString PlainCaption(const std::string& text) {
+    return ToQString(text).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
 
 // ---- Label ----
 
@@ -159,15 +171,25 @@ void TextBox::SetText(const std::string& text) {
     if (wanted != this->text()) setText(wanted);
 }
 
-QString TextBox::Filtered(const QString& text) const {
+std::string TextBox::TextSoFar() const {
+    QString before = text();
+    if (hasSelectedText()) before.remove(selectionStart(), selectionLength());
+    return FromQString(before + arriving_);
+}
+
+/// The characters of a text that the filter lets through, as many as there is room for.
+QString TextBox::Filtered(const QString& text) {
     const std::function<int(int)>& filter = pasteFilter ? pasteFilter : keyFilter;
-    if (!filter) return text;
-    QString kept;
+    const qsizetype room = Room();
     for (const auto c : text.toUcs4()) {
-        const auto code = static_cast<char32_t>(c == U'\r' || c == U'\n' ? 0 : filter(static_cast<int>(c)));
-        if (code >= U' ') kept += QString::fromUcs4(&code, 1);
+        const int asked = static_cast<int>(c);
+        const auto code = static_cast<char32_t>(filter && !IsControl(c) ? filter(asked) : asked);
+        if (IsControl(code)) continue;
+        const QString character = QString::fromUcs4(&code, 1);
+        if (arriving_.size() + character.size() > room) break;
+        arriving_ += character;
     }
-    return kept;
+    return std::exchange(arriving_, QString());
 }
 
 /// Characters that can still be entered; what is selected makes room.
@@ -177,7 +199,7 @@ int TextBox::Room() const {
 }
 
 void TextBox::Paste(const QString& text) {
-    insert(Filtered(text).left(Room()));
+    insert(Filtered(text));
     if (onKeyUp) onKeyUp();
 }
 
@@ -204,7 +226,7 @@ bool TextBox::HandleCommandKey(QKeyEvent& event) {
 void TextBox::TypeCharacter(QKeyEvent& event) {
     const auto typed = event.text().toUcs4();
     const bool command = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
-    if (command || typed.size() != 1 || typed[0] < 32 || typed[0] == 127) {
+    if (command || typed.size() != 1 || IsControl(static_cast<char32_t>(typed[0]))) {
         QLineEdit::keyPressEvent(&event);
         return;
     }
@@ -271,7 +293,7 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event) {
         return;
     }
     QInputMethodEvent filtered(event->preeditString(), event->attributes());
-    filtered.setCommitString(Filtered(event->commitString()).left(Room()), event->replacementStart(),
+    filtered.setCommitString(Filtered(event->commitString()), event->replacementStart(),
                              event->replacementLength());
     QLineEdit::inputMethodEvent(&filtered);
     if (onKeyUp) onKeyUp();
@@ -285,18 +307,6 @@ void TextBox::contextMenuEvent(QContextMenuEvent* event) {
             connect(action, &QAction::triggered, this, [this] { Paste(QApplication::clipboard()->text()); });
         }
     menu->exec(event->globalPos());
-}
-
-// ---- Frame ----
-
-void Frame::enterEvent(QEnterEvent* event) {
-    if (onHover) onHover(true);
-    QGroupBox::enterEvent(event);
-}
-
-void Frame::leaveEvent(QEvent* event) {
-    if (onHover) onHover(false);
-    QGroupBox::leaveEvent(event);
 }
 
 // ---- ListBox ----

@@ -20,6 +20,9 @@
 
 namespace tvx::qt {
 
+/// The caption of a button, menu or frame that shows a text as it stands, ampersands included.
+QString PlainCaption(const std::string& text);
+
 /// Controls that share a designer name and differ by an index, which need not begin at 0.
 template <typename T>
 class ControlArray {
@@ -112,8 +115,9 @@ class TextBox : public QLineEdit {
     void SetFocusColours(Colour focused, Colour resting);
     void SetText(const std::string& text);
     std::string Text() const { return FromQString(text()); }
-    /// The text as the paste filter lets it through.
-    QString Filtered(const QString& text) const;
+    /// What the next character comes to, for filters that look at the whole: the text but for its selection,
+    /// with what of a paste has been let through so far.
+    std::string TextSoFar() const;
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -128,29 +132,24 @@ class TextBox : public QLineEdit {
 
   private:
     void Paste(const QString& text);
+    QString Filtered(const QString& text);
     bool HandleCommandKey(QKeyEvent& event);
     void TypeCharacter(QKeyEvent& event);
     void ShowGround(bool focused);
     int Room() const;
 
     int typingLimit_ = 0;
+    QString arriving_; // of a paste, while its characters are asked for
     std::optional<Colour> focused_;
     std::optional<Colour> resting_;
 };
 
-/// A titled frame that knows when the mouse is over it.
+/// A titled frame.
 class Frame : public QGroupBox {
     Q_OBJECT
   public:
     explicit Frame(QWidget* parent = nullptr) : QGroupBox(parent) {}
-    void SetTitle(const std::string& title) { setTitle(ToQString(title)); }
-
-    /// The mouse came (true) or went (false).
-    std::function<void(bool)> onHover;
-
-  protected:
-    void enterEvent(QEnterEvent* event) override;
-    void leaveEvent(QEvent* event) override;
+    void SetTitle(const std::string& title) { setTitle(PlainCaption(title)); }
 };
 
 /// A list of texts with a number each. A click and Enter both choose a row.

@@ -1,9 +1,9 @@
 #include "platform/qt/Form.h"
 
 #include <QAbstractButton>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QEventLoop>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QScreen>
@@ -20,7 +20,10 @@ Form::Form(Ports& ports, const char* designerName, Form* owner)
     column->addWidget(face_, 1);
 }
 
-Form::~Form() = default;
+Form::~Form() {
+    // The controls go later than this part of the form, and the focus moves as they go.
+    QObject::disconnect(focusMoves_);
+}
 
 QMenuBar& Form::Menus() {
     if (menus_ == nullptr) {
@@ -87,15 +90,43 @@ void Form::hideEvent(QHideEvent* event) {
     loop->quit();
 }
 
+/// The button in focus, or else the default one.
+QAbstractButton* Form::ButtonOfEnter() const {
+    auto* focused = qobject_cast<QPushButton*>(focusWidget());
+    return focused != nullptr ? focused : defaultButton_;
+}
+
 void Form::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    QAbstractButton* button = enter                            ? defaultButton_
+    QAbstractButton* button = enter                            ? ButtonOfEnter()
                               : event->key() == Qt::Key_Escape ? cancelButton_
                                                                : nullptr;
     if (button != nullptr && button->isEnabled() && button->isVisible())
         button->click();
     else
         QWidget::keyPressEvent(event);
+}
+
+void Form::SetHint(QWidget& control, const std::string& hint) {
+    if (hints_.empty())
+        focusMoves_ = connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* now) {
+            if (now != nullptr && isAncestorOf(now)) ShowHint(HintOf(now));
+        });
+    hints_[&control] = hint;
+    control.installEventFilter(this);
+}
+
+/// The hint of a control, or of the nearest one that it stands on.
+std::string Form::HintOf(const QObject* control) const {
+    for (; control != nullptr && control != this; control = control->parent())
+        if (const auto hint = hints_.find(control); hint != hints_.end()) return hint->second;
+    return "";
+}
+
+bool Form::eventFilter(QObject* object, QEvent* event) {
+    if (event->type() == QEvent::Enter) ShowHint(HintOf(object));
+    if (event->type() == QEvent::Leave) ShowHint(HintOf(object->parent()));
+    return QWidget::eventFilter(object, event);
 }
 
 void Form::TellTrouble(const std::exception& trouble) {

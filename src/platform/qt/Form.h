@@ -76,9 +76,15 @@ class Form : public QWidget {
     /// Places a control on its parent, in twips.
     static void Place(QWidget& control, Twips left, Twips top, Twips width, Twips height);
 
-    /// The button that Enter and the one that Escape presses, unless the control in focus takes the key.
+    /// The button that Enter and the one that Escape presses, unless the control in focus takes the key. A
+    /// button in focus takes Enter.
     void SetDefaultButton(QAbstractButton& button) { defaultButton_ = &button; }
     void SetCancelButton(QAbstractButton& button) { cancelButton_ = &button; }
+
+    /// Gives a control, and what stands on it, a line that tells what it is for.
+    void SetHint(QWidget& control, const std::string& hint);
+    /// The line of the control that the mouse or the keyboard has come to; "" when that has none.
+    virtual void ShowHint(const std::string& hint) { static_cast<void>(hint); }
 
     /// Wraps an event handler: an error that it lets through is shown, and ends this action only.
     template <typename Handler>
@@ -105,11 +111,14 @@ class Form : public QWidget {
     void closeEvent(QCloseEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
     static void Name(QWidget& control, const char* name, const std::string& accessible);
     void TellTrouble(const std::exception& trouble);
     void Activate();
+    QAbstractButton* ButtonOfEnter() const;
+    std::string HintOf(const QObject* control) const;
 
     Form* owner_;
     QWidget* face_;
@@ -117,6 +126,8 @@ class Form : public QWidget {
     QEventLoop* modalLoop_ = nullptr;
     QAbstractButton* defaultButton_ = nullptr;
     QAbstractButton* cancelButton_ = nullptr;
+    std::map<const QObject*, std::string> hints_;
+    QMetaObject::Connection focusMoves_;
     bool unloading_ = false;
 };
 
