@@ -15,6 +15,10 @@ std::string Folded(const std::string& name) {
     return UpperCase(Trim(name));
 }
 
+[[noreturn]] void FailGone() {
+    throw dao::DaoError(dao::error::NoCurrentRecord, "No current record.");
+}
+
 /// Walks to the department of a name; false when there is none.
 bool WalkTo(dao::Recordset& rs, const std::string& name) {
     if (rs.BOF() && rs.AtEnd()) return false;
@@ -78,8 +82,7 @@ bool WriteProfile(GlobalState& g, const DepartmentProfile& profile, bool adding)
         rs.AddNew();
         WriteSettings(rs, profile);
     } else {
-        if (!WalkTo(rs, g.department.CurrentDepName))
-            throw dao::DaoError(dao::error::NoCurrentRecord, "No current record.");
+        if (!WalkTo(rs, g.department.CurrentDepName)) FailGone();
         rs.Edit();
         WriteSettings(rs, profile);
         WriteWords(rs, profile);
@@ -110,17 +113,20 @@ std::vector<std::int64_t> DeleteEmployees(GlobalState& g) {
     return keys;
 }
 
-} // namespace
+void TellDatabaseError(Prompt& prompt, const dao::DaoError& trouble) {
+    prompt.MousePointer(Pointer::Default);
+    prompt.MsgBox("Database error, try again.." + std::to_string(trouble.Number()) + " " + trouble.what(),
+                  box::Ok, "Database error...");
+}
 
 DepartmentProfile ReadProfile(GlobalState& g) {
     dao::Recordset& rs = g.store.DepartmentRs;
-    rs = g.store.Db->OpenRecordset("Department");
-    if (!WalkTo(rs, g.department.CurrentDepName))
-        throw dao::DaoError(dao::error::NoCurrentRecord, "No current record.");
+    if (!WalkTo(rs, g.department.CurrentDepName)) FailGone();
     DepartmentProfile profile;
     profile.name = Trim(g.department.CurrentDepName);
     profile.cutoffQuarters = g.department.DayCutoffQuarters;
-    if (rs.Fields("First weekday").IsNull())
+    profile.weekKnown = !rs.Fields("First weekday").IsNull();
+    if (!profile.weekKnown)
         profile.cutoffQuarters = 0;
     else
         DecodeFirstWeekday(rs.Fields("First weekday").Long(), profile.firstWeekday, profile.cutoffQuarters);
@@ -135,6 +141,18 @@ DepartmentProfile ReadProfile(GlobalState& g) {
     return profile;
 }
 
+} // namespace
+
+std::optional<DepartmentProfile> OpenProfile(GlobalState& g, Prompt& prompt) {
+    try {
+        g.store.DepartmentRs = g.store.Db->OpenRecordset("Department");
+        return g.application.FormCommand == "Add" ? DepartmentProfile() : ReadProfile(g);
+    } catch (const dao::DaoError& trouble) {
+        TellDatabaseError(prompt, trouble);
+        return std::nullopt;
+    }
+}
+
 bool CheckDepartmentNameInUse(dao::Recordset& departments, const std::string& name) {
     return WalkTo(departments, name);
 }
@@ -145,8 +163,7 @@ ProfileResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& 
     try {
         g.store.DepartmentRs = g.store.Db->OpenRecordset("Department");
     } catch (const dao::DaoError& trouble) {
-        prompt.MsgBox("Database error, try again.." + std::to_string(trouble.Number()) + " " + trouble.what(),
-                      box::Ok, "Database error...");
+        TellDatabaseError(prompt, trouble);
         return ProfileResult::Refused;
     }
     const std::string typed = profile.name;
@@ -180,6 +197,7 @@ void DeleteDepartment(GlobalState& g) {
         found = found || first;
         return first;
     });
+    if (!found) FailGone();
     const std::vector<std::int64_t> keys = DeleteEmployees(g);
     // Only the first one's schedule goes; the rows of the others are cleared with the old weeks.
     if (!keys.empty())

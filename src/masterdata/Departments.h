@@ -5,6 +5,7 @@
 #include "shell/TVXGLOB.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 namespace tvx {
@@ -17,6 +18,7 @@ struct DepartmentProfile {
     int editorOrder = 1;    // 1 to 6
     int firstWeekday = 1;   // 1 Sunday to 7 Saturday
     int cutoffQuarters = 0; // 0 to 32
+    bool weekKnown = true;  // false when the stored department names no first weekday
     int weekMethod = 3;     // 0 to 3
     std::string employeeNameSingle = "Employee";
     std::string employeeNamePlural = "Employees";
@@ -26,9 +28,10 @@ struct DepartmentProfile {
     friend bool operator==(const DepartmentProfile&, const DepartmentProfile&) = default;
 };
 
-/// The stored profile of the current department, found by its name. A cut-off that the list of times does not
-/// offer shows as the last one. Throws DaoError; 3021 when the department is gone.
-DepartmentProfile ReadProfile(GlobalState& g);
+/// The profile to begin with, as `FormCommand` "Add" or "Change" says: the usual one, or that of the current
+/// department, found by its name. A cut-off that the list of times does not offer shows as the last one.
+/// Nothing, and its box is shown, when the table cannot be read or the department is gone.
+std::optional<DepartmentProfile> OpenProfile(GlobalState& g, Prompt& prompt);
 
 enum class ProfileResult {
     Saved,
@@ -46,7 +49,8 @@ ProfileResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& 
 bool CheckDepartmentNameInUse(dao::Recordset& departments, const std::string& name);
 
 /// Deletes the current department with its employees, daytypes and days; of its people's schedule rows only
-/// those of the first one. Throws DaoError; what was deleted before stays deleted.
+/// those of the first one. Its side files stay. Throws DaoError; what was deleted before stays deleted, which
+/// is nothing when the department itself is gone (3021).
 void DeleteDepartment(GlobalState& g);
 
 /// DeleteDepartment after its question. True when it was deleted.

@@ -413,6 +413,7 @@ void RefreshDepartments(GlobalState& g, Ports& ports, ConsoleFace& face) {
         SetMenuCaptions(g.department, face);
     } else {
         g.department = {};
+        face.cmdScheduleCaption.clear();
     }
     ShowDepartmentChoice(g, face, current);
     g.departments.MultipleDepartments = face.menus["FixConflics"].visible;

@@ -5,6 +5,7 @@
 #include <QVBoxLayout>
 
 #include <array>
+#include <utility>
 
 namespace tvx::qt {
 namespace {
@@ -49,7 +50,7 @@ DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, Form* owner)
     Label4->SetColours(QBColor(1), std::nullopt);
     column->addWidget(Label4);
     BuildButtons(*column);
-    ShowProfile(adding ? DepartmentProfile() : ReadProfile(g_));
+    ShowProfile(DepartmentProfile());
     setFixedWidth(Pixels(9000));
     adjustSize();
     setFixedSize(size());
@@ -57,10 +58,19 @@ DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, Form* owner)
     Text1->setFocus();
 }
 
+void DepartmentForm::Activated() {
+    ports_.prompt.MousePointer(Pointer::Default);
+    if (std::exchange(opened_, true)) return;
+    const auto profile = OpenProfile(g_, ports_.prompt);
+    if (!profile) return Unload();
+    ShowProfile(*profile);
+    Text1->selectAll();
+}
+
 Frame& DepartmentForm::AddFrame(const char* name, const std::string& title, const std::string& hint) {
     auto& frame = Add<Frame>(name, title);
     frame.SetTitle(title);
-    frame.onHover = [=, this](bool over) { Label4->SetText(over ? hint : ""); };
+    SetHint(frame, hint);
     return frame;
 }
 
@@ -93,7 +103,7 @@ void DepartmentForm::BuildWeek(QVBoxLayout& column) {
     line->addWidget(Label1);
     line->addWidget(Label2);
     line->addStretch();
-    Label1->setMinimumWidth(Label1->fontMetrics().horizontalAdvance(QStringLiteral("and 10:45am  ")));
+    Label1->setMinimumWidth(Label1->fontMetrics().horizontalAdvance(QStringLiteral("and 10:45am ")));
     row->addWidget(&cutoff, 2);
     column.addLayout(row);
     On(*Combo2, &QComboBox::currentIndexChanged, [this](int) { ShowCutoff(); });
@@ -178,8 +188,13 @@ void DepartmentForm::ShowProfile(const DepartmentProfile& profile) {
     Combo1->setCurrentIndex(profile.firstWeekday - 1);
     Combo2->setCurrentIndex(profile.cutoffQuarters);
     ShowCutoff();
+    if (!profile.weekKnown) Label1->SetText("and Midn.");
     SSOption1[profile.weekMethod].setChecked(true);
     SSOption2[profile.editorOrder].setChecked(true);
+    ShowWords(profile);
+}
+
+void DepartmentForm::ShowWords(const DepartmentProfile& profile) {
     txtGenEmployee->SetText(profile.employeeNameSingle);
     txtGenEmployees->SetText(profile.employeeNamePlural);
     txtDayOff->SetText(profile.dayOffNameSingle);
@@ -203,14 +218,15 @@ DepartmentProfile DepartmentForm::Profile() const {
 }
 
 void DepartmentForm::ShowCutoff() {
-    const QString time = Combo2->currentText().trimmed();
-    Label1->SetText("and " + FromQString(time));
+    Label1->SetText("and " + FromQString(Combo2->currentText()));
     Label2->setVisible(Combo2->currentIndex() > 0);
 }
 
 void DepartmentForm::Save() {
     DepartmentProfile profile = Profile();
-    switch (SaveDepartment(g_, ports_.prompt, profile)) {
+    const ProfileResult result = SaveDepartment(g_, ports_.prompt, profile);
+    ShowWords(profile); // an empty one has become the usual one
+    switch (result) {
     case ProfileResult::Saved:
         saved_ = true;
         Unload();

@@ -20,6 +20,10 @@ class DepartmentForm : public Form {
     /// True when the profile was stored.
     bool Saved() const { return saved_; }
 
+  protected:
+    void Activated() override;
+    void ShowHint(const std::string& hint) override { Label4->SetText(hint); }
+
   private:
     Frame& AddFrame(const char* name, const std::string& title, const std::string& hint);
     void BuildName(QVBoxLayout& column);
@@ -29,11 +33,13 @@ class DepartmentForm : public Form {
     void BuildButtons(QVBoxLayout& column);
     TextBox& AddWord(Frame& frame, const char* name, const char* label);
     void ShowProfile(const DepartmentProfile& profile);
+    void ShowWords(const DepartmentProfile& profile);
     DepartmentProfile Profile() const;
     void ShowCutoff();
     void Save();
 
     GlobalState& g_;
+    bool opened_ = false;
     bool saved_ = false;
 
     TextBox* Text1 = nullptr;             // name

@@ -6,6 +6,7 @@
 #include "masterdata/screens/EmployeeForm.h"
 #include "masterdata/screens/EmployeeSearchForm.h"
 #include "masterdata/screens/ShiftsForm.h"
+#include "platform/dao/DaoError.h"
 #include "reports/screens/QtPrinter.h"
 #include "reports/screens/ScheduleForm.h"
 #include "shell/Passwords.h"
@@ -176,16 +177,27 @@ void ConsoleForm::Choose(const std::string& entry) {
 void ConsoleForm::EditDepartment(const char* command) {
     g_.application.FormCommand = command;
     g_.departments.PreviousDepNumber = g_.department.CurrentDepNumber;
+    ports_.prompt.MousePointer(Pointer::Hourglass); // until the form has come to the front
     DepartmentForm form(g_, ports_, this);
     form.ShowModal();
     // Without a new department the one that was current stays so.
     if (!form.Saved()) g_.application.FormCommand = "Change";
-    RefreshDepartments(g_, ports_, model_);
-    ShowFace();
+    ShowDepartments();
 }
 
 void ConsoleForm::DeleteDepartment() {
-    if (!AskAndDeleteDepartment(g_, ports_.prompt)) return;
+    g_.departments.PreviousDepNumber = g_.department.CurrentDepNumber;
+    try {
+        if (!AskAndDeleteDepartment(g_, ports_.prompt)) return;
+    } catch (const dao::DaoError&) {
+        g_.application.FormCommand = "Change";
+        ShowDepartments(); // as they stand now: another workstation may have been faster
+        throw;
+    }
+    ShowDepartments();
+}
+
+void ConsoleForm::ShowDepartments() {
     RefreshDepartments(g_, ports_, model_);
     ShowFace();
 }

@@ -37,6 +37,7 @@ class ConsoleForm : public Form {
     void Schedule();
     void EditDepartment(const char* command);
     void DeleteDepartment();
+    void ShowDepartments();
     void AddEmployee();
     void ChangeEmployee();
     void DeleteEmployee();
