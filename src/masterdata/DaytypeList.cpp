@@ -3,6 +3,7 @@
 #include "editor/DaytypeBox.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
+#include "shell/Conversions.h"
 #include "shell/TVXMOD1.h"
 
 namespace tvx {
@@ -58,6 +59,10 @@ dao::Recordset& SeekDayType(GlobalState& g, const std::string& symbol) {
     return rs;
 }
 
+void ReadAgain(GlobalState& g) {
+    Quietly([&] { LoadDayTypes(g.store, g.department.CurrentDepNumber, g.daytypes); });
+}
+
 void Write(dao::Recordset& rs, const GlobalState& g, const std::string& symbol,
            const std::string& explanation) {
     rs.Fields("Dep number") = g.department.CurrentDepNumber;
@@ -108,7 +113,7 @@ DaytypeResult AddDaytype(GlobalState& g, Prompt& prompt, const std::string& symb
         rs.AddNew();
         Write(rs, g, Trim(symbol), Trim(explanation));
     });
-    g.store.DayTypesRs.Close();
+    ReadAgain(g);
     return DaytypeResult::Done;
 }
 
@@ -126,7 +131,7 @@ DaytypeResult ChangeDaytype(GlobalState& g, Prompt& prompt, int index, const std
         rs.Edit();
         Write(rs, g, Trim(symbol), name);
     });
-    g.store.DayTypesRs.Close();
+    ReadAgain(g);
     return DaytypeResult::Done;
 }
 
@@ -135,11 +140,26 @@ void DeleteDaytype(GlobalState& g, int index) {
         dao::Recordset& rs = SeekDayType(g, g.daytypes.DayTypeSymbols[index]);
         if (!rs.NoMatch()) rs.Delete();
     });
-    Quietly([&] { LoadDayTypes(g.store, g.department.CurrentDepNumber, g.daytypes); });
+    ReadAgain(g);
 }
 
-void DropDaytype(GlobalState& g, int index, int day) {
-    std::string& cell = g.week.DayTypeText[day][g.week.CurrentEmployee];
+int DayOfDrop(const GlobalState& g) {
+    return g.listDialog.DayTypeCaller == "Week" ? g.listDialog.DayTypeColumn : g.week.CurrentDay;
+}
+
+std::string DropDateText(const GlobalState& g, const Region& region) {
+    const DaySerial date = g.week.WeekStartJulian + DayOfDrop(g) - 1;
+    return region.Names().weekdays[Weekday(date)] + ", " +
+           DateText(date, g.application.DateFormatSetting, region);
+}
+
+std::string DropTitle(const GlobalState& g) {
+    const int e = g.week.CurrentEmployee;
+    return g.department.CurrentDepName + ": " + g.roster.RosterName1[e] + " " + g.roster.RosterName2[e];
+}
+
+void DropDaytype(GlobalState& g, int index) {
+    std::string& cell = g.week.DayTypeText[DayOfDrop(g)][g.week.CurrentEmployee];
     const std::string symbol = Trim(g.daytypes.DayTypeSymbols[index]);
     if (symbol != Trim(cell)) g.week.WeekChanged = true;
     cell = symbol;

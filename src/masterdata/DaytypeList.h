@@ -33,16 +33,24 @@ enum class DaytypeResult {
     InUse,      // told: the symbol's box is emptied and takes the focus
 };
 
-/// Adds a daytype to the current department. What the store refuses goes by without a word.
+/// Adds a daytype to the current department and reads the list anew. What the store refuses goes by without a
+/// word.
 DaytypeResult AddDaytype(GlobalState& g, Prompt& prompt, const std::string& symbol,
                          const std::string& explanation);
-/// Changes the daytype at an index. Days that carry the old symbol keep it.
+/// Changes the daytype at an index and reads the list anew. Days that carry the old symbol keep it.
 DaytypeResult ChangeDaytype(GlobalState& g, Prompt& prompt, int index, const std::string& symbol,
                             const std::string& explanation);
-/// Deletes the daytype at an index. Days that carry its symbol keep it.
+/// Deletes the daytype at an index and reads the list anew. Days that carry its symbol keep it.
 void DeleteDaytype(GlobalState& g, int index);
 
-/// Puts the daytype at an index on the current employee's day, 1 to 7.
-void DropDaytype(GlobalState& g, int index, int day);
+/// The day of the current employee that a picked daytype is for, 1 to 7: the current one, or, when the week
+/// of one employee asked, the one of `DayTypeColumn`.
+int DayOfDrop(const GlobalState& g);
+/// "Monday, 2-Mar-2026" of that day.
+std::string DropDateText(const GlobalState& g, const Region& region);
+/// "Bakery: Adams Anna".
+std::string DropTitle(const GlobalState& g);
+/// Puts the daytype at an index on that day. The week has changed when it held another one.
+void DropDaytype(GlobalState& g, int index);
 
 } // namespace tvx

@@ -1,9 +1,5 @@
 #include "masterdata/screens/DaytypesForm.h"
 
-#include "platform/basic/Text.h"
-#include "shell/Conversions.h"
-#include "shell/TVXMOD1.h"
-
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -26,7 +22,7 @@ DaytypesForm::DaytypesForm(GlobalState& g, Ports& ports, Form* owner) : Form(por
     column->addWidget(Label4);
     List1 = &Add<ListBox>("List1", "Daytypes");
     List1->onChoose = Guarded([this](int index) { TakeRow(index); });
-    column->addWidget(List1, 1);
+    column->addWidget(List1, 1000); // all the room while it shows
     BuildEditFrame(*column);
     BuildMenuFrame(*column);
     BuildButtons(*column);
@@ -46,8 +42,18 @@ void DaytypesForm::BuildEditFrame(QVBoxLayout& column) {
     grid->addWidget(Label6, 0, 0, 1, 2);
     caption("Symbol", 1);
     Text1 = &Add<TextBox>("Text1", "Symbol", Frame3D1);
-    Text1->SetTypingLimit(SymbolLength);
     Text1->setMaximumWidth(Pixels(900));
+    grid->addWidget(Text1, 1, 1, Qt::AlignLeft);
+    caption("Explanation", 2);
+    Text2 = &Add<TextBox>("Text2", "Explanation", Frame3D1);
+    grid->addWidget(Text2, 2, 1);
+    column.addWidget(Frame3D1);
+    ConnectSymbol();
+    ConnectName();
+}
+
+void DaytypesForm::ConnectSymbol() {
+    Text1->SetTypingLimit(SymbolLength);
     Text1->keyFilter = Guarded([this](int code) {
         if (code == key::Enter) return 0;
         const int taken = FilterSymbolKey(code, ports_.prompt);
@@ -58,25 +64,19 @@ void DaytypesForm::BuildEditFrame(QVBoxLayout& column) {
     On(*Text1, &QLineEdit::textEdited, [this](const QString& text) {
         if (text.size() >= SymbolLength) Text2->setFocus();
     });
-    grid->addWidget(Text1, 1, 1, Qt::AlignLeft);
-    caption("Explanation", 2);
-    Text2 = &Add<TextBox>("Text2", "Explanation", Frame3D1);
+}
+
+void DaytypesForm::ConnectName() {
     Text2->SetTypingLimit(NameLength);
     Text2->keyFilter = [this](int code) { return FilterName(code); };
-    Text2->pasteFilter = [](int code) { return code; };
     Text2->onEnter = [this] { Text1->setFocus(); };
     Text2->onLeave = [this] { Text2->SetText(NormalizedExplanation(Text2->Text())); };
-    grid->addWidget(Text2, 2, 1);
-    column.addWidget(Frame3D1);
 }
 
 void DaytypesForm::BuildMenuFrame(QVBoxLayout& column) {
     Frame3D2 = &Add<Frame>("Frame3D2", "Other Daytype activity");
     Frame3D2->SetTitle("Other Daytype activity");
-    auto* lines = new QVBoxLayout(Frame3D2);
-    Label5 = &Add<Label>("Label5", "", Frame3D2);
-    lines->addWidget(Label5);
-    auto* row = new QHBoxLayout;
+    auto* row = new QHBoxLayout(Frame3D2);
     const auto add = [&](const char* name, const char* text, Mode mode) {
         auto& button = Add<QPushButton>(name, "", Frame3D2);
         button.setText(QLatin1String(text));
@@ -87,8 +87,11 @@ void DaytypesForm::BuildMenuFrame(QVBoxLayout& column) {
     cmdAdd = add("cmdAdd", "&Add", Mode::Add);
     cmdChange = add("cmdChange", "C&hange", Mode::Change);
     cmdDelete = add("cmdDelete", "&Delete", Mode::Delete);
-    lines->addLayout(row);
     column.addWidget(Frame3D2);
+    column.addStretch();
+    Label5 = &Add<Label>("Label5", "");
+    Label5->SetColours(QBColor(1), std::nullopt);
+    column.addWidget(Label5);
 }
 
 void DaytypesForm::BuildButtons(QVBoxLayout& column) {
@@ -126,67 +129,71 @@ void DaytypesForm::Activated() {
     ShowMenuPage();
 }
 
-/// "Monday, 2-Mar-2026" of the cell that is to be filled.
-std::string DaytypesForm::CellText() const {
-    const DaySerial date = g_.week.WeekStartJulian + g_.week.CurrentDay - 1;
-    return ports_.region.Names().weekdays[Weekday(date)] + ", " +
-           DateText(date, g_.application.DateFormatSetting, ports_.region);
-}
-
 void DaytypesForm::Enter(Mode mode) {
     mode_ = mode;
     selected_ = 0;
     EmptyBoxes();
     Frame3D2->hide();
-    const bool list = mode != Mode::Add;
-    List1->setVisible(list);
-    if (list) ShowList();
+    Command3D4->show();
     ShowBoxes(mode == Mode::Add);
-    Command3D4->setVisible(mode == Mode::Drop);
+    List1->setVisible(mode != Mode::Add);
+    Label5->setVisible(mode != Mode::Drop);
     Command3D2->setText(mode == Mode::Delete ? QStringLiteral("&Delete") : QStringLiteral("&Save"));
     Label6->SetText("");
+    setWindowTitle(mode == Mode::Drop ? ToQString(DropTitle(g_)) : QStringLiteral(" Daytypes"));
+    Label4->SetText(Task(mode));
+    if (mode == Mode::Add)
+        EnterAdd();
+    else
+        ShowList();
+}
+
+/// What is to be done, over the list or the boxes.
+std::string DaytypesForm::Task(Mode mode) const {
     switch (mode) {
-    case Mode::Add:
-        Frame3D1->SetTitle("Add a Daytype ");
-        Label4->SetText("Current number of Daytypes= " + std::to_string(g_.daytypes.DayTypeCount));
-        Text1->setFocus();
-        break;
     case Mode::Change:
-        Label4->SetText("Select the Daytype to change");
-        break;
+        return "Select the Daytype to change";
     case Mode::Delete:
-        Label4->SetText("Delete the Daytype");
-        break;
-    case Mode::Drop: {
-        const int e = g_.week.CurrentEmployee;
-        setWindowTitle(ToQString(g_.department.CurrentDepName + ": " + g_.roster.RosterName1[e] + " " +
-                                 g_.roster.RosterName2[e]));
-        Label4->SetText("Select Daytype for " + CellText());
-        break;
+        return "Delete the Daytype";
+    case Mode::Drop:
+        return "Select Daytype for " + DropDateText(g_, ports_.region);
+    default:
+        return "";
     }
-    case Mode::None:
-        break;
-    }
-    if (list) List1->setFocus();
+}
+
+void DaytypesForm::EnterAdd() {
+    Frame3D1->SetTitle("Add a Daytype ");
+    ShowCount();
+    Text1->setFocus();
 }
 
 void DaytypesForm::ShowMenuPage() {
     mode_ = Mode::None;
+    setWindowTitle(QStringLiteral(" Daytypes"));
     ShowBoxes(false);
     List1->hide();
     Command3D4->hide();
     Frame3D2->show();
-    Label5->SetText("The current number of Daytypes is:" + std::to_string(g_.daytypes.DayTypeCount));
-    Label4->SetText("Current number of Daytypes= " + std::to_string(g_.daytypes.DayTypeCount));
+    Label5->show();
+    Label4->SetText("The current number of Daytypes is:" + std::to_string(g_.daytypes.DayTypeCount));
+    ShowCount();
     cmdAdd->setEnabled(g_.daytypes.DayTypeCount < DaytypesOffered);
     cmdChange->setEnabled(g_.daytypes.DayTypeCount != 0);
     cmdDelete->setEnabled(g_.daytypes.DayTypeCount != 0);
-    cmdAdd->setFocus();
+    (cmdAdd->isEnabled() ? cmdAdd : cmdChange)->setFocus();
+}
+
+/// The count as it stands on the face of the form.
+void DaytypesForm::ShowCount() {
+    Label5->SetText("Current number of Daytypes= " + std::to_string(g_.daytypes.DayTypeCount));
 }
 
 void DaytypesForm::ShowList() {
+    ShowCount();
     List1->Fill(DaytypeRows(g_.daytypes));
     if (List1->count() > 0) List1->setCurrentRow(0);
+    List1->setFocus();
 }
 
 void DaytypesForm::ShowBoxes(bool shown) {
@@ -202,7 +209,7 @@ void DaytypesForm::EmptyBoxes() {
 void DaytypesForm::TakeRow(int index) {
     if (mode_ == Mode::Drop) {
         g_.listDialog.SelectedDayType = index;
-        DropDaytype(g_, index, g_.week.CurrentDay);
+        DropDaytype(g_, index);
         Unload();
         return;
     }
@@ -223,7 +230,8 @@ void DaytypesForm::TakeRow(int index) {
 
 int DaytypesForm::FilterName(int code) const {
     if (code == key::Enter || code == key::Backspace) return code;
-    const int width = Text2->fontMetrics().horizontalAdvance(Text2->text().trimmed());
+    const QString soFar = ToQString(Text2->TextSoFar()).trimmed();
+    const int width = Text2->fontMetrics().horizontalAdvance(soFar);
     return ToTwips(width) >= WidestName ? 0 : code;
 }
 
@@ -250,13 +258,12 @@ void DaytypesForm::Follow(DaytypeResult result) {
         Text1->setFocus();
         return;
     }
-    LoadDayTypes(g_.store, g_.department.CurrentDepNumber, g_.daytypes);
     if (mode_ == Mode::Change || g_.daytypes.DayTypeCount > DaytypesOffered) {
         Unload();
         return;
     }
     EmptyBoxes();
-    Label4->SetText("Current number of Daytypes= " + std::to_string(g_.daytypes.DayTypeCount));
+    ShowCount();
     Text1->setFocus();
 }
 

@@ -11,7 +11,8 @@ namespace tvx::qt {
 class DaytypesForm : public Form {
     Q_OBJECT
   public:
-    /// `DayTypeRequest` says what for; for "drop" the current employee and day say which cell.
+    /// `DayTypeRequest` says what for. To put a daytype on a day, the current employee and the day say which
+    /// cell, by `DayTypeCaller`.
     DaytypesForm(GlobalState& g, Ports& ports, Form* owner);
 
   protected:
@@ -21,10 +22,15 @@ class DaytypesForm : public Form {
     enum class Mode { None, Add, Change, Delete, Drop };
 
     void BuildEditFrame(QVBoxLayout& column);
+    void ConnectSymbol();
+    void ConnectName();
     void BuildMenuFrame(QVBoxLayout& column);
     void BuildButtons(QVBoxLayout& column);
     void Enter(Mode mode);
+    void EnterAdd();
+    std::string Task(Mode mode) const;
     void ShowMenuPage();
+    void ShowCount();
     void ShowList();
     void ShowBoxes(bool shown);
     void TakeRow(int index);
@@ -32,7 +38,6 @@ class DaytypesForm : public Form {
     void Follow(DaytypeResult result);
     void EmptyBoxes();
     int FilterName(int code) const;
-    std::string CellText() const;
 
     GlobalState& g_;
     Mode mode_ = Mode::None;
@@ -44,7 +49,7 @@ class DaytypesForm : public Form {
     TextBox* Text1 = nullptr;          // symbol
     TextBox* Text2 = nullptr;          // explanation
     Label* Label4 = nullptr;           // what to do
-    Label* Label5 = nullptr;           // number of daytypes, on the page that chooses
+    Label* Label5 = nullptr;           // number of daytypes
     Label* Label6 = nullptr;           // what the boxes hold
     QPushButton* Command3D1 = nullptr; // close
     QPushButton* Command3D2 = nullptr; // save, or delete

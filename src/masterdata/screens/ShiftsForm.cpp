@@ -1,7 +1,5 @@
 #include "masterdata/screens/ShiftsForm.h"
 
-#include "shell/Conversions.h"
-
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -22,7 +20,7 @@ ShiftsForm::ShiftsForm(GlobalState& g, Ports& ports, Form* owner) : Form(ports, 
     column->addWidget(Label1);
     List1 = &Add<ListBox>("List1", "Stored shifts");
     List1->onChoose = Guarded([this](int index) { TakeRow(index); });
-    column->addWidget(List1, 1);
+    column->addWidget(List1, 1000); // all the room while it shows
     BuildNameFrame(*column);
     BuildOtherFrame(*column);
     column->addStretch();
@@ -97,13 +95,6 @@ void ShiftsForm::Activated() {
     }
 }
 
-/// "Monday, 2-Mar-2026" of the day that is to be filled.
-std::string ShiftsForm::CellText() const {
-    const DaySerial date = g_.week.WeekStartJulian + g_.week.CurrentDay - 1;
-    return ports_.region.Names().weekdays[Weekday(date)] + ", " +
-           DateText(date, g_.application.DateFormatSetting, ports_.region);
-}
-
 void ShiftsForm::Enter(Mode mode) {
     mode_ = mode;
     Text1->clear();
@@ -120,10 +111,8 @@ void ShiftsForm::Enter(Mode mode) {
     case Mode::Drop:
         break;
     }
-    const int e = g_.week.CurrentEmployee;
-    EnterList("Select the shift to enter", "Select Shift name for " + CellText());
-    setWindowTitle(ToQString(g_.department.CurrentDepName + ": " + g_.roster.RosterName1[e] + " " +
-                             g_.roster.RosterName2[e]));
+    EnterList("Select the shift to enter", "Select Shift name for " + DropDateText(g_, ports_.region));
+    setWindowTitle(ToQString(DropTitle(g_)));
 }
 
 void ShiftsForm::EnterAdd() {
@@ -139,6 +128,7 @@ void ShiftsForm::EnterAdd() {
 
 void ShiftsForm::EnterList(const char* title, const std::string& label) {
     setWindowTitle(QLatin1String(title));
+    List1->setAccessibleName(QLatin1String(title));
     Label1->SetText(label);
     Label1->show();
     Frame1->hide();

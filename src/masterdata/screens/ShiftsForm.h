@@ -33,7 +33,6 @@ class ShiftsForm : public Form {
     void SaveOrDelete();
     void Follow(ShiftResult result);
     void Leave();
-    std::string CellText() const;
 
     GlobalState& g_;
     Mode mode_ = Mode::Add;
