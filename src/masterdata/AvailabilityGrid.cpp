@@ -12,6 +12,7 @@ constexpr int Days = 7;
 constexpr int SlotsStored = 4;
 constexpr int SlotsKept = 3;
 constexpr Twips GrabTolerance = 60;
+constexpr Twips MarkerOffset = 140; // the mark that follows the mouse is centred on it
 constexpr std::size_t TextLength = Days * SlotsStored;
 
 int CodeAt(std::string_view text, int day, int slot) {
@@ -92,8 +93,13 @@ std::string EncodeStops(const Absence& absence) {
 }
 
 void AvailabilityGrid::SetBars(const Absence& bars) {
-    *this = AvailabilityGrid();
-    bars_ = bars;
+    AvailabilityGrid fresh;
+    fresh.bars_ = bars;
+    fresh.clipboardFull_ = clipboardFull_;
+    fresh.bars_.AvailCount[0] = bars_.AvailCount[0];
+    fresh.bars_.AvailStart[0] = bars_.AvailStart[0];
+    fresh.bars_.AvailStop[0] = bars_.AvailStop[0];
+    *this = fresh;
 }
 
 bool AvailabilityGrid::InBand(Twips y) const {
@@ -171,15 +177,20 @@ void AvailabilityGrid::EndAt(Twips x) {
     state_ = State::Idle;
 }
 
-AbsenceChange AvailabilityGrid::Move(const AbsenceMouse& mouse) {
+AbsenceChange AvailabilityGrid::Hover(const AbsenceMouse& mouse) {
     AbsenceChange change;
-    if (state_ == State::Idle) {
-        if (mouse.button != AbsenceMouse::Button::None) return change;
-        change.hoverRow = RowAt(mouse.y);
-        change.markerMoved = true;
-        change.markerX = mouse.x - 140;
-        return change;
-    }
+    leftDown_ = false;
+    change.row = change.pointer = Settle();
+    change.hoverRow = RowAt(mouse.y);
+    change.markerMoved = true;
+    change.markerX = mouse.x - MarkerOffset;
+    return change;
+}
+
+AbsenceChange AvailabilityGrid::Move(const AbsenceMouse& mouse) {
+    if (mouse.button == AbsenceMouse::Button::None) return Hover(mouse);
+    AbsenceChange change;
+    if (state_ == State::Idle) return change;
     const Twips travelled = mouse.x - dragAnchor_;
     dragAnchor_ = mouse.x;
     bandStop_ += travelled;
@@ -203,7 +214,7 @@ AbsenceChange AvailabilityGrid::Release(const AbsenceMouse& mouse) {
     change.row = true;
     change.pointer = true;
     change.markerMoved = true;
-    change.markerX = mouse.x - 140;
+    change.markerX = mouse.x - MarkerOffset;
     return change;
 }
 

@@ -37,6 +37,7 @@ constexpr Twips RightEnd = 8670; // the last place that the mouse can reach; sna
 constexpr Twips RowHeight = 240;
 constexpr Twips BandTop = 50; // of the painted band inside a row
 constexpr Twips BandBottom = 170;
+constexpr Twips SeparatorTop = 230; // of the line that ends a row
 } // namespace absence
 
 /// A mouse event on the grid.
@@ -62,10 +63,11 @@ struct AbsenceChange {
 class AvailabilityGrid {
   public:
     const Absence& Bars() const { return bars_; }
-    /// Replaces all bars and forgets a gesture and the clipboard.
+    /// Replaces the bars of all days and forgets a gesture. The clipboard stays.
     void SetBars(const Absence& bars);
 
     AbsenceChange Press(const AbsenceMouse& mouse);
+    /// A move with no button held tells that the release of a gesture was lost: the gesture is committed.
     AbsenceChange Move(const AbsenceMouse& mouse);
     /// Commits the gesture: snaps, merges, keeps the three earliest bars of the day.
     AbsenceChange Release(const AbsenceMouse& mouse);
@@ -91,6 +93,7 @@ class AvailabilityGrid {
 
     bool TakeSlot(Twips x);
     void BeginDrag(const AbsenceMouse& mouse, AbsenceChange& change);
+    AbsenceChange Hover(const AbsenceMouse& mouse);
     bool InBand(Twips y) const;
     void EndAt(Twips x);
     void Commit();

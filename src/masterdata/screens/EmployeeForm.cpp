@@ -1,6 +1,7 @@
 #include "masterdata/screens/EmployeeForm.h"
 
 #include "platform/basic/Text.h"
+#include "platform/dao/DaoError.h"
 #include "platform/qt/FloodGauge.h"
 #include "shell/Conversions.h"
 #include "shell/TVXMOD1.h"
@@ -17,14 +18,12 @@ EmployeeForm::EmployeeForm(GlobalState& g, Ports& ports, Form* owner) : Form(por
     BuildGrid();
     BuildFrames();
     BuildColours();
+    BuildComments();
     BuildFoot();
+    BuildButtons();
     HidePay();
     ConnectGrid();
-    if (g_.application.FormCommand != "Add") {
-        employeeKeys_ = EmployeeKeys(g_);
-        const auto found = std::find(employeeKeys_.begin(), employeeKeys_.end(), g_.SelectedEmployee);
-        position_ = found == employeeKeys_.end() ? 0 : static_cast<int>(found - employeeKeys_.begin());
-    }
+    if (g_.application.FormCommand != "Add") ReadKeys();
     LoadRecord();
     CenterForm();
 }
@@ -34,23 +33,30 @@ EmployeeForm::~EmployeeForm() = default;
 void EmployeeForm::Activated() {
     const std::string& one = g_.department.EmployeeNameSingle;
     Label2->SetText("Editor time bar color for this " + one);
-    Command2->setText(ToQString("Previous " + one));
-    Command3->setText(ToQString("Next " + one));
+    Command2->setText(QLatin1String("&Previous ") + PlainCaption(one));
+    Command3->setText(QLatin1String("&Next ") + PlainCaption(one));
     g_.week.WeekChanged = false;
     FocusBox(box_of::LastName);
 }
 
 // ---- the record ----
 
+void EmployeeForm::ReadKeys() {
+    employeeKeys_ = EmployeeKeys(g_);
+    const auto found = std::find(employeeKeys_.begin(), employeeKeys_.end(), g_.SelectedEmployee);
+    position_ = found == employeeKeys_.end() ? 0 : static_cast<int>(found - employeeKeys_.begin());
+}
+
 void EmployeeForm::LoadRecord() {
     const bool adding = g_.application.FormCommand == "Add";
+    const EmployeeRecord record = adding ? NewEmployeeRecord(g_.application)
+                                         : LoadEmployeeRecord(g_, ports_.region, g_.SelectedEmployee);
     setWindowTitle(ToQString(EmployeeTitle(g_)));
     Command2->setVisible(!adding);
     Command3->setVisible(!adding);
     Command2->setEnabled(position_ > 0);
     Command3->setEnabled(position_ + 1 < static_cast<int>(employeeKeys_.size()));
-    ShowRecord(adding ? NewEmployeeRecord(g_.application)
-                      : LoadEmployeeRecord(g_, ports_.region, g_.SelectedEmployee));
+    ShowRecord(record);
     ShowUnderAgeNotice();
     g_.week.WeekChanged = false;
     FocusBox(box_of::LastName);
@@ -68,6 +74,7 @@ void EmployeeForm::ShowRecord(const EmployeeRecord& record) {
         option->setAutoExclusive(true);
     }
     currentBarColor_ = record.barColor;
+    ShowChosen(lblColor, record.barColor);
     grid_.SetBars(record.absence);
     Label6->hide();
     for (PictureBox* surface : {Picture1, Picture2, Picture3}) surface->update();
@@ -93,20 +100,32 @@ bool EmployeeForm::Save() {
     const EmployeeResult result = SaveEmployeeRecord(g_, ports_, Record());
     if (result == EmployeeResult::NameMissing) FocusBox(box_of::LastName);
     if (result != EmployeeResult::Saved) return false;
+    // Before the flood lets events run: what is typed meanwhile is a change again.
     g_.week.WeekChanged = false;
-    gauge_->Flood(0);
-    gauge_->Show(true);
-    FloodTwentySteps(ports_.clock, ports_.prompt, [this](int percent) { gauge_->Flood(percent); });
-    gauge_->Show(false);
+    if (g_.application.FormCommand == "Add") MakeReadyForNext();
+    ShowSaved();
     return true;
 }
 
 void EmployeeForm::SaveFromButton() {
-    // A date that is still being typed is looked at first, as when its box is left.
-    if (auto* box = qobject_cast<TextBox*>(QApplication::focusWidget()); box != nullptr && box->onLeave)
-        box->onLeave();
-    if (!Save() || g_.application.FormCommand != "Add") return;
-    LoadRecord(); // ready for the next one
+    if (LeaveFocusedBox()) Save();
+}
+
+/// Empties the screen for the next new employee, who is likely to be of the same kind.
+void EmployeeForm::MakeReadyForNext() {
+    EmployeeRecord next = NewEmployeeRecord(g_.application);
+    next.hourly = Option3D2[1].isChecked();
+    next.laborOption = Record().laborOption;
+    next.barColor = currentBarColor_;
+    ShowRecord(next);
+    FocusBox(box_of::LastName);
+}
+
+void EmployeeForm::ShowSaved() {
+    gauge_->Flood(0);
+    gauge_->Show(true);
+    FloodTwentySteps(ports_.clock, ports_.prompt, [this](int percent) { gauge_->Flood(percent); });
+    gauge_->Show(false);
 }
 
 bool EmployeeForm::MayLeaveRecord() {
@@ -125,15 +144,30 @@ bool EmployeeForm::MayLeaveRecord() {
 void EmployeeForm::MoveTo(int direction) {
     if (direction < 0) g_.application.FormCommand = "Move";
     Label6->hide();
-    if (!MayLeaveRecord()) return;
-    position_ = std::clamp(position_ + direction, 0, std::max(0, static_cast<int>(employeeKeys_.size()) - 1));
-    if (!employeeKeys_.empty()) g_.SelectedEmployee = employeeKeys_[static_cast<std::size_t>(position_)];
-    LoadRecord();
+    if (LeaveFocusedBox() && MayLeaveRecord()) LoadNeighbour(direction);
+}
+
+void EmployeeForm::LoadNeighbour(int direction) {
+    const int next = position_ + direction;
+    const int before = g_.SelectedEmployee;
+    if (next >= 0 && next < static_cast<int>(employeeKeys_.size())) {
+        position_ = next;
+        g_.SelectedEmployee = employeeKeys_[static_cast<std::size_t>(next)];
+    }
+    try {
+        LoadRecord();
+    } catch (const dao::DaoError&) {
+        // Another workstation deleted that one: stay, and go by the people who are there now.
+        g_.SelectedEmployee = before;
+        ReadKeys();
+        LoadRecord();
+        throw;
+    }
 }
 
 bool EmployeeForm::MayUnload() {
     // What is typed while adding goes without a word.
-    return g_.application.FormCommand == "Add" || MayLeaveRecord();
+    return g_.application.FormCommand == "Add" || (LeaveFocusedBox() && MayLeaveRecord());
 }
 
 void EmployeeForm::Leave() {
@@ -152,27 +186,36 @@ void EmployeeForm::FocusBox(int index) {
     Text2[index].setFocus(Qt::OtherFocusReason);
 }
 
-void EmployeeForm::ShowHint(const std::string& text) {
-    Label3->SetText(text);
-}
-
-void EmployeeForm::LeaveBox(int index) {
+/// Brings a box into its resting form. False when it held what is no date, which is told and erased.
+bool EmployeeForm::LeaveBox(int index) {
     if (index == box_of::Pay) Text2[index].SetText(NormalizedPay(Text2[index].Text()));
-    if (index == box_of::HireDate || index == box_of::BirthDate) LeaveDate(index);
+    return (index != box_of::HireDate && index != box_of::BirthDate) || LeaveDate(index);
 }
 
-void EmployeeForm::LeaveDate(int index) {
-    if (leavingDate_) return;
+bool EmployeeForm::LeaveDate(int index) {
+    if (leavingDate_) return false;
     const auto normal = NormalizedDate(Text2[index].Text(), g_, ports_);
     if (normal) {
         Text2[index].SetText(*normal);
-        return;
+        return true;
     }
     leavingDate_ = true; // the box itself takes the focus away
     Text2[index].clear();
     ShowDateHelp(ports_.prompt, g_.application.DateFormatSetting, ports_.region, ports_.clock.Today());
     FocusBox(index);
     leavingDate_ = false;
+    return false;
+}
+
+/// A command that is chosen by key does not take the focus out of a box.
+bool EmployeeForm::LeaveFocusedBox() {
+    for (const auto& [index, box] : Text2)
+        if (box == focusWidget()) return LeaveBox(index);
+    return true;
+}
+
+void EmployeeForm::ShowHint(const std::string& hint) {
+    Label3->SetText(hint);
 }
 
 void EmployeeForm::ShowUnderAgeNotice() {
@@ -184,21 +227,19 @@ void EmployeeForm::ShowUnderAgeNotice() {
 void EmployeeForm::ConnectBox(int index) {
     TextBox& box = Text2[index];
     box.keyFilter = [=, this](int code) {
-        const int taken = FilterEmployeeKey(index, code, Text2[index].Text());
-        if (taken != 0 && taken != key::Enter) Changed();
-        return taken;
+        Changed();
+        return FilterEmployeeKey(index, code, Text2[index].TextSoFar());
     };
-    box.pasteFilter = [=, this](int code) { return FilterEmployeeKey(index, code, Text2[index].Text()); };
+    box.pasteFilter = [=, this](int code) {
+        return FilterEmployeeKey(index, code, Text2[index].TextSoFar());
+    };
     box.onEnter = [=, this] { FocusBox(BoxAfterEnter(index, g_.rights.HideWages)); };
     box.onVerticalArrow = [=, this](int direction) {
+        Changed();
         FocusBox(BoxAfterArrow(index, direction, g_.rights.HideWages));
     };
-    box.onFocus = [=, this] {
-        Text2[index].SetText(TrimRight(Text2[index].Text()));
-        ShowHint(FromQString(Text2[index].toolTip()));
-    };
+    box.onFocus = [=, this] { Text2[index].SetText(TrimRight(Text2[index].Text())); };
     box.onLeave = Guarded([=, this] { LeaveBox(index); });
-    box.onHover = [=, this] { ShowHint(FromQString(Text2[index].toolTip())); };
     On(box, &QLineEdit::textEdited, [this](const QString&) { Changed(); });
 }
 

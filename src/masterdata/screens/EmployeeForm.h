@@ -3,6 +3,7 @@
 
 #include "masterdata/AvailabilityGrid.h"
 #include "masterdata/EmployeeRecord.h"
+#include "masterdata/screens/ColourSwatch.h"
 #include "platform/ports/Gauge.h"
 #include "platform/qt/Form.h"
 
@@ -24,6 +25,7 @@ class EmployeeForm : public Form {
   protected:
     void Activated() override;
     bool MayUnload() override;
+    void ShowHint(const std::string& hint) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
@@ -33,35 +35,43 @@ class EmployeeForm : public Form {
     void BuildGrid();
     void BuildFrames();
     void BuildColours();
+    void BuildComments();
     void BuildFoot();
+    void BuildButtons();
     void HidePay();
     void ConnectBox(int index);
     void ConnectGrid();
-    QRadioButton& AddOption(ControlArray<QRadioButton>& array, const char* name, int index,
-                            const char* caption, Frame& frame, Twips left, Twips top);
+    Frame& AddFrame(const char* name, const char* title, Twips left, Twips width, const std::string& hint);
+    void AddOption(ControlArray<QRadioButton>& array, const char* name, int index, const char* caption,
+                   const char* tip, Frame& frame);
 
     // the record
     void ShowRecord(const EmployeeRecord& record);
     EmployeeRecord Record() const;
+    void ReadKeys();
     void LoadRecord();
     bool Save();
     void SaveFromButton();
+    void MakeReadyForNext();
+    void ShowSaved();
     void MoveTo(int direction);
+    void LoadNeighbour(int direction);
     bool MayLeaveRecord();
     void Leave();
     void Changed();
 
     // boxes
-    void LeaveBox(int index);
-    void LeaveDate(int index);
+    bool LeaveBox(int index);
+    bool LeaveDate(int index);
+    bool LeaveFocusedBox();
     void ShowUnderAgeNotice();
-    void ShowHint(const std::string& text);
     void FocusBox(int index);
 
     // the grid
     void Follow(const AbsenceChange& change);
     void OpenGridMenu();
     void PaintGrid(QPainter& painter) const;
+    void PaintTicks(QPainter& painter, Twips top) const;
     void PaintStrip(QPainter& painter) const;
     void PaintSample(QPainter& painter) const;
     void PaintHours(QPainter& painter) const;
@@ -91,7 +101,7 @@ class EmployeeForm : public Form {
     ControlArray<QRadioButton> Option3D1;    // 1 active, 2 inactive
     ControlArray<QRadioButton> Option3D2;    // 1 hourly, 2 weekly
     ControlArray<QRadioButton> optLaborType; // [0..3]
-    ControlArray<LabelButton> lblColor;      // [1..14]
+    ControlArray<ColourSwatch> lblColor;     // [1..14]
     PictureBox* Picture1 = nullptr;          // hours of absence
     PictureBox* Picture2 = nullptr;          // strip that shows where the band lies
     PictureBox* Picture3 = nullptr;          // a bar in the chosen colour

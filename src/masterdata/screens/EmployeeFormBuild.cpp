@@ -11,16 +11,26 @@ namespace tvx::qt {
 namespace {
 
 constexpr Twips FormWidth = 10200;
-constexpr Twips FormHeight = 7560;
+constexpr Twips FormHeight = 7500;
+constexpr Twips Margin = 120;
 constexpr Twips GridLeft = 990;
 constexpr Twips GridTop = 2230;
 constexpr Twips StripTop = 2050;
 constexpr Twips HoursTop = 3920;
+constexpr Twips HoursRight = 1170; // right edge of the text of hour 0
 constexpr Twips RulerTop = 4130;
+constexpr Twips RulerRight = 9660;
 constexpr Twips HourWidth = 4 * absence::QuarterWidth;
 constexpr Twips BoxHeight = 300;
 constexpr Twips CaptionHeight = 210;
-constexpr Twips LowerTop = 4500;
+constexpr Twips FirstRow = 60; // tops of the rows of boxes above the grid
+constexpr Twips SecondRow = 630;
+constexpr Twips ThirdRow = 1200;
+constexpr Twips LowerTop = 4380; // below the grid
+constexpr Twips FramesTop = LowerTop + 660;
+constexpr Twips FrameHeight = 960;
+constexpr Twips RightColumn = 6900; // left edge of colours and comments
+constexpr Twips RightWidth = FormWidth - RightColumn - Margin;
 
 struct Spot {
     int index;
@@ -29,36 +39,36 @@ struct Spot {
     Twips width;
 };
 
-/// Where the boxes stand: name and address above the grid, the rest below it.
+/// Where the boxes stand: in the order of their indexes, in which the keys go through them.
 constexpr std::array<Spot, box_of::Last> Spots{{
-    {box_of::LastName, 120, 90, 2700},
-    {box_of::FirstName, 2940, 90, 1500},
-    {box_of::Id, 4560, 90, 1100},
-    {box_of::Assignment, 5780, 90, 1300},
-    {box_of::Street, 120, 690, 3900},
-    {box_of::City, 4140, 690, 2820},
-    {box_of::State, 7080, 690, 700},
-    {box_of::Zip, 7900, 690, 1500},
-    {box_of::Phone, 120, 1290, 2100},
-    {box_of::EmergencyPhone, 2340, 1290, 2100},
-    {box_of::CellPhone, 4560, 1290, 2100},
-    {box_of::Email, 6780, 1290, 3300},
-    {box_of::HireDate, 120, LowerTop, 1700},
-    {box_of::BirthDate, 1940, LowerTop, 1700},
-    {box_of::SocSecNumber, 3760, LowerTop, 1700},
-    {box_of::Pay, 5700, LowerTop, 1100},
+    {box_of::LastName, 120, FirstRow, 2700},
+    {box_of::FirstName, 2940, FirstRow, 1500},
+    {box_of::Id, 4560, FirstRow, 1100},
+    {box_of::Assignment, 5780, FirstRow, 1300},
+    {box_of::Pay, 7200, FirstRow, 1100},
+    {box_of::Street, 120, SecondRow, 3900},
+    {box_of::City, 4140, SecondRow, 2820},
+    {box_of::State, 7080, SecondRow, 700},
+    {box_of::Zip, 7900, SecondRow, 1500},
+    {box_of::HireDate, 120, ThirdRow, 1300},
+    {box_of::BirthDate, 1540, ThirdRow, 1300},
+    {box_of::Phone, 2960, ThirdRow, 1700},
+    {box_of::EmergencyPhone, 4780, ThirdRow, 1700},
+    {box_of::CellPhone, 6600, ThirdRow, 1700},
+    {box_of::SocSecNumber, 8420, ThirdRow, 1660},
+    {box_of::Email, 120, LowerTop, 3900},
 }};
 
 } // namespace
 
 void EmployeeForm::BuildBoxes() {
     setFixedSize(Pixels(FormWidth), Pixels(FormHeight));
-    for (int index = 1; index <= box_of::Last; ++index)
-        for (const Spot& spot : Spots)
-            if (spot.index == index) BuildBox(index, spot.left, spot.top, spot.width);
-    const QString hint = ToQString(DateHint(g_, ports_));
-    Text2[box_of::HireDate].setToolTip(hint);
-    Text2[box_of::BirthDate].setToolTip(hint);
+    for (const Spot& spot : Spots) BuildBox(spot.index, spot.left, spot.top, spot.width);
+    const std::string hint = DateHint(g_, ports_);
+    for (const int date : {box_of::HireDate, box_of::BirthDate}) {
+        Text2[date].setToolTip(ToQString(hint));
+        SetHint(Text2[date], hint);
+    }
 }
 
 void EmployeeForm::BuildBox(int index, Twips left, Twips top, Twips width) {
@@ -88,94 +98,104 @@ void EmployeeForm::BuildGrid() {
     }
 }
 
-QRadioButton& EmployeeForm::AddOption(ControlArray<QRadioButton>& array, const char* name, int index,
-                                      const char* caption, Frame& frame, Twips left, Twips top) {
+Frame& EmployeeForm::AddFrame(const char* name, const char* title, Twips left, Twips width,
+                              const std::string& hint) {
+    auto& frame = Add<Frame>(name, title);
+    frame.SetTitle(title);
+    Place(frame, left, FramesTop, width, FrameHeight);
+    SetHint(frame, hint);
+    return frame;
+}
+
+/// Adds an option to its frame, two in a column.
+void EmployeeForm::AddOption(ControlArray<QRadioButton>& array, const char* name, int index,
+                             const char* caption, const char* tip, Frame& frame) {
+    const auto place = static_cast<int>(array.Count());
     auto& option = Add(array, name, index, caption, &frame);
     option.setText(QString::fromLatin1(caption).trimmed());
-    Place(option, left, top, 1500, 240);
+    option.setToolTip(QLatin1String(tip));
+    SetHint(option, tip);
+    Place(option, 150 + place / 2 * 1500, 330 + place % 2 * 300, 1500, 240);
     On(option, &QRadioButton::clicked, [this] { Changed(); });
-    return option;
 }
 
 void EmployeeForm::BuildFrames() {
-    const auto frame = [&](const char* name, const char* title, Twips left, Twips width,
-                           const std::string& hint) {
-        auto& made = Add<Frame>(name, title);
-        made.SetTitle(title);
-        Place(made, left, LowerTop + 600, width, 1140);
-        made.onHover = [=, this](bool over) { ShowHint(over ? hint : ""); };
-        return &made;
-    };
-    Frame3D1 = frame("Frame3D1", "Pay rate", 120, 1900, "");
-    AddOption(Option3D2, "Option3D2", 1, " Hourly rate", *Frame3D1, 150, 330);
-    AddOption(Option3D2, "Option3D2", 2, " Weekly salary", *Frame3D1, 150, 630);
-    Frame* status = frame("Frame3D2(0)", "Status", 2140, 1500,
-                          "Only Active " + g_.department.EmployeeNamePlural +
-                              " will listed in the Editors for scheduling.");
-    AddOption(Option3D1, "Option3D1", 1, "Active", *status, 150, 330);
-    AddOption(Option3D1, "Option3D1", 2, "Inactive", *status, 150, 630);
-    Frame* labor = frame("Frame3D2(1)", "Labor type", 3760, 3040, "");
-    constexpr std::array<const char*, 4> types{"Full- time", "Part- time", "Student", "Other"};
-    for (int i = 0; i < 4; ++i)
-        AddOption(optLaborType, "optLaborType", i, types[static_cast<std::size_t>(i)], *labor,
-                  150 + i / 2 * 1500, 330 + i % 2 * 300);
+    Frame3D1 = &AddFrame("Frame3D1", "Pay rate", Margin, 1900, "");
+    AddOption(Option3D2, "Option3D2", 1, " Hourly rate", "Pay is for one hour", *Frame3D1);
+    AddOption(Option3D2, "Option3D2", 2, " Weekly salary", "Pay is for a whole week", *Frame3D1);
+    Frame& status = AddFrame("Frame3D2(0)", "Status", 2140, 1500,
+                             "Only Active " + g_.department.EmployeeNamePlural +
+                                 " will listed in the Editors for scheduling.");
+    AddOption(Option3D1, "Option3D1", 1, "Active", "Listed in the Editors", status);
+    AddOption(Option3D1, "Option3D1", 2, "Inactive", "Kept, but not listed in the Editors", status);
+    Frame& labor = AddFrame("Frame3D2(1)", "Labor type", 3760, 3040, "");
+    AddOption(optLaborType, "optLaborType", 0, "Full- time", "Listed as Full time", labor);
+    AddOption(optLaborType, "optLaborType", 1, "Part- time", "Listed as Part time", labor);
+    AddOption(optLaborType, "optLaborType", 2, "Student", "Listed as Student", labor);
+    AddOption(optLaborType, "optLaborType", 3, "Other", "Listed as Other", labor);
 }
 
 void EmployeeForm::BuildColours() {
     Label2 = &Add<Label>("Label2", "");
-    Place(*Label2, 6900, LowerTop, 3200, CaptionHeight);
+    Label2->setWordWrap(true); // a department's own word may be long
+    Label2->SetAlignment(Qt::AlignLeft | Qt::AlignBottom);
+    Place(*Label2, RightColumn, LowerTop, RightWidth, 2 * CaptionHeight);
     auto& colours = Add<QWidget>("Colors", "Time bar color");
-    Place(colours, 6900, LowerTop + CaptionHeight, 2700, 300);
+    Place(colours, RightColumn - 302, LowerTop + 2 * CaptionHeight, 2700, 270);
     constexpr std::array<const char*, 15> names{"",           "Blue",           "Green",        "Cyan",
                                                 "Red",        "Magenta",        "Brown",        "Light grey",
                                                 "Grey",       "Bright blue",    "Bright green", "Bright cyan",
                                                 "Bright red", "Bright magenta", "Yellow"};
     for (int i = 1; i <= 14; ++i) {
         auto& colour = Add(lblColor, "lblColor", i, names[static_cast<std::size_t>(i)], &colours);
-        colour.SetColours(QBColor(0), QBColor(i));
-        Place(colour, i * 162 + 140, 30, 162, 240);
-        On(colour, &QPushButton::clicked, [=, this] { ChooseColour(i); });
+        colour.SetColour(QBColor(i));
+        Place(colour, i * 162 + 140, 0, 162, 255);
+        On(colour, &QAbstractButton::clicked, [=, this] { ChooseColour(i); });
     }
     Picture3 = &Add<PictureBox>("Picture3", "Sample of the time bar");
-    Place(*Picture3, 6900, LowerTop + 540, 3180, 240);
-    Picture3->setToolTip(
-        ToQString("The time bar of this " + g_.department.EmployeeNameSingle + " in the Editors"));
+    Place(*Picture3, RightColumn, LowerTop + 735, RightWidth, 240);
+    const std::string tip = "The time bar of this " + g_.department.EmployeeNameSingle + " in the Editors";
+    Picture3->setToolTip(ToQString(tip));
+    SetHint(*Picture3, tip);
     Picture3->onPaint = [this](QPainter& painter, const QRegion&) { PaintSample(painter); };
-    Picture3->onMouseMove = [this](Qt::MouseButtons, TwipsPoint) {
-        ShowHint(FromQString(Picture3->toolTip()));
-    };
+}
+
+void EmployeeForm::BuildComments() {
+    constexpr Twips Top = LowerTop + 1035;
+    auto& caption = Add<Label>("Label4", "");
+    caption.SetText("Comments");
+    Place(caption, RightColumn, Top, RightWidth, CaptionHeight);
+    Text1 = &Add<QPlainTextEdit>("Text1", "Comments");
+    Text1->setTabChangesFocus(true);
+    SetHint(*Text1, "Add any comments you wish for this " + g_.department.EmployeeNameSingle + "...");
+    Place(*Text1, RightColumn, Top + CaptionHeight, RightWidth, 870);
+    On(*Text1, &QPlainTextEdit::textChanged, [this] { Changed(); });
 }
 
 void EmployeeForm::BuildFoot() {
-    auto& caption = Add<Label>("Label4", "");
-    caption.SetText("Comments");
-    Place(caption, 6900, LowerTop + 840, 3180, CaptionHeight);
-    Text1 = &Add<QPlainTextEdit>("Text1", "Comments");
-    Text1->setTabChangesFocus(true);
-    Text1->setToolTip(
-        ToQString("Add any comments you wish for this " + g_.department.EmployeeNameSingle + "..."));
-    Place(*Text1, 6900, LowerTop + 840 + CaptionHeight, 3180, 690);
-    On(*Text1, &QPlainTextEdit::textChanged, [this] { Changed(); });
     Label6 = &Add<Label>("Label6", "Age");
     Label6->SetColours(QBColor(12), std::nullopt);
-    Place(*Label6, 120, LowerTop + 1830, 6600, 270);
+    Place(*Label6, Margin, FramesTop + FrameHeight + 90, 6600, CaptionHeight);
     Label3 = &Add<Label>("Label3", "Hint");
     Label3->SetColours(QBColor(1), std::nullopt);
-    Place(*Label3, 120, FormHeight - 990, FormWidth - 240, 270);
+    Place(*Label3, Margin, FormHeight - 900, FormWidth - 2 * Margin, CaptionHeight);
     Panel3D2 = &Add<FloodPanel>("Panel3D2", "Saving");
-    Place(*Panel3D2, 120, LowerTop + 2130, 6600, 210);
+    Place(*Panel3D2, Margin, FormHeight - 900, 6600, CaptionHeight);
     gauge_ = std::make_unique<FloodGauge>(*Panel3D2);
+}
+
+void EmployeeForm::BuildButtons() {
     const auto button = [&](const char* name, const char* text, Twips left, Twips width) {
         auto& made = Add<QPushButton>(name, "");
         made.setText(QLatin1String(text));
-        Place(made, left, FormHeight - 600, width, 420);
+        Place(made, left, FormHeight - 570, width, 420);
         return &made;
     };
-    Command2 = button("Command2", "&Previous", 120, 2300);
-    Command3 = button("Command3", "&Next", 2520, 2300);
-    QPushButton* helpButton = button("Command3D3", "&Help", FormWidth - 4140, 1260);
-    QPushButton* ok = button("Command3D1", "&OK", FormWidth - 2760, 1260);
-    QPushButton* close = button("cmdExit", "&Close", FormWidth - 1380, 1260);
+    Command2 = button("Command2", "&Previous", Margin, 2700);
+    Command3 = button("Command3", "&Next", 2940, 2700);
+    QPushButton* helpButton = button("Command3D3", "&Help", FormWidth - 4020, 1220);
+    QPushButton* ok = button("Command3D1", "&OK", FormWidth - 2680, 1220);
+    QPushButton* close = button("cmdExit", "&Close", FormWidth - 1340, 1220);
     On(*Command2, &QPushButton::clicked, [this] { MoveTo(-1); });
     On(*Command3, &QPushButton::clicked, [this] { MoveTo(1); });
     On(*helpButton, &QPushButton::clicked, [this] { ports_.help.ShowTopic(help::EmployeeRecord); });
@@ -197,24 +217,32 @@ void EmployeeForm::HidePay() {
 
 void EmployeeForm::PaintGrid(QPainter& painter) const {
     const QPaintDevice& device = *painter.device();
-    painter.fillRect(Picture1->rect(), ToColor(Silver));
-    const auto line = [&](Twips x, Twips top, Twips bottom, Colour colour) {
-        painter.fillRect(SharpRect({x, top, x + 15, bottom}, device), ToColor(colour));
+    const auto fill = [&](const TwipsBox& box, const QColor& colour) {
+        painter.fillRect(SharpRect(box, device), colour);
     };
-    const Twips height = 7 * absence::RowHeight;
-    for (Twips x = 0; x <= absence::RightEnd; x += absence::QuarterWidth) line(x, 0, height, QBColor(0));
-    for (Twips x = 0; x <= absence::RightEnd; x += HourWidth) line(x, 0, height, QBColor(12));
-    for (int row = 1; row <= 7; ++row)
+    painter.fillRect(Picture1->rect(), ToColor(Silver));
+    for (int row = 1; row <= 7; ++row) {
+        const Twips top = (row - 1) * absence::RowHeight;
+        PaintTicks(painter, top);
         for (const AbsenceBox& box : DrawAvailabilityRow(grid_.Bars(), row))
-            painter.fillRect(SharpRect({box.left, box.top, box.right, box.bottom}, device),
-                             ToColor(box.bar ? Red : QBColor(15)));
-    for (Twips y = 230; y < height; y += absence::RowHeight)
-        painter.fillRect(SharpRect({0, y, absence::RightEnd, y + 15}, device), Qt::black);
+            fill({box.left, box.top, box.right, box.bottom}, ToColor(box.bar ? Red : QBColor(15)));
+        fill({0, top + absence::SeparatorTop, absence::RightEnd, top + absence::SeparatorTop + 15},
+             Qt::black);
+    }
     const auto [left, right] = grid_.Band();
     const Twips top = (grid_.Row() - 1) * absence::RowHeight;
     if (left < right)
-        painter.fillRect(SharpRect({left, top + absence::BandTop, right, top + absence::BandBottom}, device),
-                         ToColor(QBColor(12)));
+        fill({left, top + absence::BandTop, right, top + absence::BandBottom}, ToColor(QBColor(12)));
+}
+
+/// The ticks of a row stand between its band and the line that ends it, those of the hours a little taller.
+void EmployeeForm::PaintTicks(QPainter& painter, Twips top) const {
+    for (Twips x = 0; x <= absence::RightEnd; x += absence::QuarterWidth) {
+        const bool hour = x % HourWidth == 0;
+        const Twips from = hour ? absence::BandTop - 20 : absence::BandBottom + 30;
+        painter.fillRect(SharpRect({x, top + from, x + 15, top + absence::SeparatorTop}, *painter.device()),
+                         ToColor(hour ? QBColor(12) : QBColor(0)));
+    }
 }
 
 void EmployeeForm::PaintStrip(QPainter& painter) const {
@@ -250,8 +278,7 @@ void EmployeeForm::PaintHours(QPainter& painter) const {
         else if (twelve && hour != 12)
             text = hour < 12 ? text + "a" : std::to_string(hour - 12) + "p";
         painter.setPen(named ? ToColor(QBColor(9)) : palette().color(QPalette::WindowText));
-        // Right edges stand half an hour behind the tick, so that two characters are centred on it.
-        const int right = Pixels(1170 + HourWidth * hour) - Pixels(60);
+        const int right = Pixels(HoursRight + HourWidth * hour);
         painter.drawText(right - metrics.horizontalAdvance(ToQString(text)),
                          Pixels(HoursTop) + metrics.ascent(), ToQString(text));
     }
@@ -259,9 +286,9 @@ void EmployeeForm::PaintHours(QPainter& painter) const {
         painter.fillRect(SharpRect({x, RulerTop, x + 15, RulerTop + length}, *painter.device()),
                          ToColor(colour));
     };
-    for (Twips x = 990; x <= 9660; x += absence::QuarterWidth) tick(x, 60, QBColor(0));
-    for (Twips x = 1170; x <= 9660; x += HourWidth) tick(x, 105, QBColor(0));
-    for (Twips x = 990; x <= 9660; x += HourWidth) tick(x, 105, QBColor(12));
+    for (Twips x = GridLeft; x <= RulerRight; x += absence::QuarterWidth) tick(x, 60, QBColor(0));
+    for (Twips x = HoursRight; x <= RulerRight; x += HourWidth) tick(x, 90, QBColor(0));
+    for (Twips x = GridLeft; x <= RulerRight; x += HourWidth) tick(x, 120, QBColor(12));
 }
 
 void EmployeeForm::PaintHeading(QPainter& painter) const {

@@ -91,7 +91,7 @@ void EmployeeSearchForm::Build() {
     On(*Text1, &QLineEdit::textChanged, [this](const QString&) { Search(); });
     Text1->onEnter = Guarded([this] { Pick(); });
     Text1->onVerticalArrow = [this](int direction) { Select(List1->currentIndex().row() + direction); };
-    On(*List1, &QListView::activated, [this](const QModelIndex&) { Pick(); });
+    On(*List1, &QListView::doubleClicked, [this](const QModelIndex&) { Pick(); });
     On(*Command3D1, &QPushButton::clicked, [this] { Pick(); });
     On(cancel, &QPushButton::clicked, [this] { Unload(); });
     SetCancelButton(cancel);
