@@ -106,6 +106,7 @@ void WhenShown(const std::string& window, std::function<void(QWidget&)> deed) {
 void TakePicture(QWidget& form, const std::string& name) {
     const std::filesystem::path folder = std::filesystem::path(TVX_BINARY_DIR) / "pictures";
     std::filesystem::create_directories(folder);
+    QApplication::processEvents(); // what has changed is laid out
     for (const int scale : {1, 2}) {
         QImage image(form.size() * scale, QImage::Format_RGB32);
         image.setDevicePixelRatio(scale);

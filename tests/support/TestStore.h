@@ -28,8 +28,7 @@ struct TestEmployee {
     std::string availStop{};
 };
 
-/// The options under which tests open files. The program of tests runs a second time with
-/// TVX_TEST_REVERSED_ROWS set, which hands out rows without a stated order backwards.
+/// The options under which tests open files.
 dao::EngineOptions TestEngineOptions();
 
 /// A program folder with an open database of the present schema, whose one row of options is filled with the
