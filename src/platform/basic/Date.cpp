@@ -101,14 +101,17 @@ bool IsYear(const DateWord& word) {
     return word.isNumber && (word.digits >= 3 || word.value > 31);
 }
 
-std::optional<DaySerial> WithMonthName(const std::vector<DateWord>& words, std::size_t name,
+std::optional<DaySerial> WithMonthName(const std::vector<DateWord>& words, std::size_t name, DateOrder order,
                                        int presentYear) {
     std::vector<DateWord> numbers;
     for (std::size_t i = 0; i < words.size(); ++i)
         if (i != name) numbers.push_back(words[i]);
     const int month = words[name].value;
     if (numbers.size() == 1) return Build(presentYear, month, numbers[0].value);
-    if (IsYear(numbers[0])) return Build(numbers[0].value, month, numbers[1].value);
+    // "26-Apr-12" is of 2026 where people put the year first; nobody writes a year in one digit.
+    const bool yearInFront = order == DateOrder::YearMonthDay && name == 1 && numbers[0].digits >= 2;
+    if (IsYear(numbers[0]) || (yearInFront && !IsYear(numbers[1])))
+        return Build(numbers[0].value, month, numbers[1].value);
     return Build(numbers[1].value, month, numbers[0].value);
 }
 
@@ -206,7 +209,7 @@ std::optional<DaySerial> ParseDate(std::string_view text, DateOrder order, const
     const auto name = std::find_if(words->begin(), words->end(), isName);
     if (name == words->end()) return AllNumbers(*words, order, presentYear);
     if (std::count_if(words->begin(), words->end(), isName) > 1) return std::nullopt;
-    return WithMonthName(*words, static_cast<std::size_t>(name - words->begin()), presentYear);
+    return WithMonthName(*words, static_cast<std::size_t>(name - words->begin()), order, presentYear);
 }
 
 std::string FormatDate(DaySerial serial, std::string_view pattern, const CalendarNames& names) {

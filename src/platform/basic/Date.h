@@ -62,8 +62,8 @@ const CalendarNames& EnglishNames();
 /// Reads a date as a person types it: three parts, or two for a date of `today`'s year, parted by blanks,
 /// "-", "/", "." or ",", with the month as a number or a name of `names` (a full name, or its first three or
 /// more letters, case ignored). Numeric parts follow `order`; an order that cannot be is tried with day and
-/// month the other way round; a first part of three or more digits is a year. Nothing for other texts, a
-/// bare number included.
+/// month the other way round; a first part of three or more digits is a year, and so is one of two digits
+/// before the name of a month where the year comes first. Nothing for other texts, a bare number included.
 std::optional<DaySerial> ParseDate(std::string_view text, DateOrder order, const CalendarNames& names,
                                    DaySerial today);
 

@@ -259,6 +259,14 @@ TEST(ParseDate, follows_the_order_of_the_country) {
     EXPECT_EQ(Read("4/5", DateOrder::DayMonthYear), "2026-05-04");
 }
 
+TEST(ParseDate, takes_two_digits_before_a_month_for_the_year_where_the_year_comes_first) {
+    EXPECT_EQ(Read("26-Apr-12", DateOrder::YearMonthDay), "2026-04-12");
+    EXPECT_EQ(Read("26-Apr-12", DateOrder::MonthDayYear), "2012-04-26");
+    EXPECT_EQ(Read("2-Apr-12", DateOrder::YearMonthDay), "2012-04-02");
+    EXPECT_EQ(Read("12-Apr-2026", DateOrder::YearMonthDay), "2026-04-12");
+    EXPECT_EQ(Read("Apr-12-26", DateOrder::YearMonthDay), "2026-04-12");
+}
+
 TEST(ParseDate, finds_no_date_in_other_texts) {
     constexpr const char* texts[] = {
         "",
