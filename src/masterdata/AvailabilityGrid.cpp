@@ -264,6 +264,7 @@ std::pair<Twips, Twips> AvailabilityGrid::Band() const {
 }
 
 void AvailabilityGrid::CopyLine() {
+    Settle();
     CopyRow(bars_, row_, 0);
     clipboardFull_ = true;
 }
@@ -274,6 +275,7 @@ void AvailabilityGrid::CutLine() {
 }
 
 bool AvailabilityGrid::PasteLine() {
+    Settle();
     if (bars_.AvailCount[row_] != 0) return false;
     CopyRow(bars_, 0, row_);
     return true;

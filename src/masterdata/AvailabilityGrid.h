@@ -80,7 +80,7 @@ class AvailabilityGrid {
     /// The band under the mouse, grid twips, left to right; both 0 when there is none.
     std::pair<Twips, Twips> Band() const;
 
-    // The menu works on the row of the last press.
+    // The menu works on the row of the last press. Its commands commit an open gesture first.
     bool CanCut() const { return bars_.AvailCount[row_] > 0; }
     bool CanPaste() const { return bars_.AvailCount[row_] == 0 && clipboardFull_; }
     void CopyLine();
