@@ -1,0 +1,604 @@
+#include "masterdata/EmployeeRecord.h"
+
+#include "platform/dao/DaoError.h"
+#include "shell/Conversions.h"
+#include "support/OtherWorkstation.h"
+#include "support/Rows.h"
+#include "support/TestStore.h"
+
+#include <gtest/gtest.h>
+
+namespace tvx {
+namespace {
+
+using test::FieldOf;
+using test::RowsOf;
+
+constexpr DaySerial Today = 46086; // 5 March 2026
+
+class EmployeeRecordTest : public testing::Test {
+  protected:
+    test::OtherWorkstation other;
+    test::TestStore store;
+    GlobalState& g = store.g;
+    int adams = 0;
+
+    void SetUp() override {
+        store.AddDepartment("Bakery");
+        adams = store.AddEmployee({"Adams", "Anna", "7.25"});
+        store.AddEmployee({"Brown", "Bob", "700", false});
+        other.Open(store.folder / "TVX.MDB");
+    }
+    EmployeeRecord Load(int key) { return LoadEmployeeRecord(g, store.script.region, key); }
+    EmployeeResult Save(const std::string& command, const EmployeeRecord& record) {
+        g.application.FormCommand = command;
+        return SaveEmployeeRecord(g, store.ports(), record);
+    }
+    EmployeeRecord Named(const std::string& lastName) {
+        EmployeeRecord record = NewEmployeeRecord(g.application);
+        record.Text2[box_of::LastName] = lastName;
+        return record;
+    }
+    dao::Value Stored(int key, const std::string& field) {
+        return FieldOf(store.db(), "Employee", "Employee", key, field);
+    }
+    std::string StoredText(int key, const std::string& field) {
+        return dao::ToText(Stored(key, field), "(null)");
+    }
+    void Put(int key, const std::string& field, const dao::Value& value) {
+        test::PutField(store.db(), "Employee", "Employee", key, field, value);
+    }
+    void ExpectLocked(int number, const std::string& word = "Employee") {
+        store.prompt().Expect("Could not save this " + word +
+                                  ",\nthis page is locked by another user, try again..\n\n(" +
+                                  std::to_string(number) + ")",
+                              0, "Locked page...");
+    }
+};
+
+/// Something in every box, as long as it can be.
+EmployeeRecord FullRecord() {
+    EmployeeRecord record;
+    record.Text2 = {"",
+                    "Anderson-Lindqvist",
+                    "Elisabeth",
+                    "A1-007",
+                    "Cashier",
+                    "1234.50",
+                    "12345 Upper Riverside Avenue W",
+                    "Llanfairpwllgwyngyll",
+                    "OHX",
+                    "44101-1234",
+                    "2-Mar-1998",
+                    "29-Feb-1972",
+                    "+1 440 555 0101",
+                    "+1 440 555 0161",
+                    "+1 440 555 0171",
+                    "000-00-0101",
+                    "elisabeth.anderson-lindqvist@example.com"};
+    record.comments = "Keys to the safe.\n\"Quoted\", with commas; and a second line.";
+    record.hourly = false;
+    record.active = false;
+    record.laborOption = 3;
+    record.barColor = 14;
+    record.absence = DecodeAbsence(std::string(28, ' '), "\x80" + std::string(27, ' '));
+    return record;
+}
+
+// ---- what the boxes are ----
+
+TEST(EmployeeBoxes, take_as_many_characters_as_their_fields) {
+    const std::array<int, 17> limits{0, 18, 9, 6, 7, 7, 30, 20, 3, 10, 12, 12, 15, 15, 15, 11, 40};
+    for (int i = 1; i <= box_of::Last; ++i)
+        EXPECT_EQ(EmployeeBoxes()[i].maxLength, limits[i]) << EmployeeBoxes()[i].label;
+}
+
+TEST(EmployeeBoxes, are_called_as_on_paper) {
+    const std::array<const char*, 17> labels{
+        "",       "Last name",    "First name", "I.D.",          "Assignmt.", "Pay ",
+        "Street", "City",         "State",      "Zip",           "Hire date", "Birth date",
+        "Phone",  "Emerg. Phone", "Cell phone", "Soc. Sec. Nbr", "Email"};
+    for (int i = 1; i <= box_of::Last; ++i) EXPECT_STREQ(EmployeeBoxes()[i].label, labels[i]);
+}
+
+// ---- keys ----
+
+TEST(FilterEmployeeKey, refuses_the_double_quote_in_every_box) {
+    for (int box = 1; box <= box_of::Last; ++box) EXPECT_EQ(FilterEmployeeKey(box, '"', ""), 0) << box;
+}
+
+TEST(FilterEmployeeKey, passes_every_other_character_in_a_free_box) {
+    for (const int code : {8, 13, 32, 39, 65, 97, 124, 126, 0xE9, 0x1F950})
+        EXPECT_EQ(FilterEmployeeKey(box_of::LastName, code, ""), code);
+}
+
+TEST(FilterEmployeeKey, takes_digits_and_one_point_as_pay) {
+    for (int code = 1; code < 300; ++code) {
+        const bool passes = code == 8 || code == 13 || (code >= '0' && code <= '9') || code == '.';
+        EXPECT_EQ(FilterEmployeeKey(box_of::Pay, code, "7"), passes ? code : 0) << code;
+    }
+    EXPECT_EQ(FilterEmployeeKey(box_of::Pay, '.', "7.2"), 0);
+    EXPECT_EQ(FilterEmployeeKey(box_of::Pay, '.', "."), 0);
+}
+
+TEST(FilterEmployeeKey, makes_capitals_of_the_letters_of_a_state_alone) {
+    EXPECT_EQ(FilterEmployeeKey(box_of::State, 'a', ""), 'A');
+    EXPECT_EQ(FilterEmployeeKey(box_of::State, 'z', ""), 'Z');
+    EXPECT_EQ(FilterEmployeeKey(box_of::State, '`', ""), '`');
+    EXPECT_EQ(FilterEmployeeKey(box_of::State, '{', ""), '{');
+    EXPECT_EQ(FilterEmployeeKey(box_of::State, 'Q', ""), 'Q');
+    EXPECT_EQ(FilterEmployeeKey(box_of::City, 'a', ""), 'a');
+}
+
+TEST(BoxAfterEnter, goes_on_and_from_the_last_to_the_first) {
+    for (int box = 1; box < box_of::Last; ++box) EXPECT_EQ(BoxAfterEnter(box, false), box + 1);
+    EXPECT_EQ(BoxAfterEnter(16, false), 1);
+    EXPECT_EQ(BoxAfterEnter(4, true), 6) << "pay is hidden";
+    EXPECT_EQ(BoxAfterEnter(3, true), 4);
+    EXPECT_EQ(BoxAfterEnter(16, true), 1);
+}
+
+TEST(BoxAfterArrow, goes_up_from_the_second_and_down_to_the_fifteenth) {
+    EXPECT_EQ(BoxAfterArrow(1, -1, false), 1);
+    for (int box = 2; box <= box_of::Last; ++box) EXPECT_EQ(BoxAfterArrow(box, -1, false), box - 1);
+    for (int box = 1; box < 15; ++box) EXPECT_EQ(BoxAfterArrow(box, 1, false), box + 1);
+    EXPECT_EQ(BoxAfterArrow(15, 1, false), 15);
+    EXPECT_EQ(BoxAfterArrow(16, 1, false), 16);
+    EXPECT_EQ(BoxAfterArrow(6, -1, true), 4) << "pay is hidden";
+    EXPECT_EQ(BoxAfterArrow(4, 1, true), 6);
+    EXPECT_EQ(BoxAfterArrow(7, -1, true), 6);
+}
+
+// ---- leaving a box ----
+
+TEST(NormalizedPay, is_the_leading_number_with_two_decimals) {
+    for (const auto& [typed, shown] :
+         std::vector<std::pair<const char*, const char*>>{{"7", "7.00"},
+                                                          {"", ".00"},
+                                                          {".", ".00"},
+                                                          {".5", ".50"},
+                                                          {"7.", "7.00"},
+                                                          {"7.255", "7.26"},
+                                                          {"7.254", "7.25"},
+                                                          {"0007", "7.00"},
+                                                          {"1234567", "1234567.00"},
+                                                          {"12 Euro", "12.00"},
+                                                          {"Euro", ".00"},
+                                                          {"61.625", "61.63"}})
+        EXPECT_EQ(NormalizedPay(typed), shown) << typed;
+}
+
+struct TypedDate {
+    const char* typed;
+    const char* shown; // nullptr: refused
+};
+
+void ExpectDates(DateOrder order, const std::string& setting, const std::vector<TypedDate>& table) {
+    test::TestStore store;
+    test::ScriptedRegion region(order);
+    Ports ports{store.prompt(),    store.script.clock,  region,
+                store.script.help, store.script.screen, store.script.instance};
+    store.g.application.DateFormatSetting = setting;
+    for (const TypedDate& date : table) {
+        const auto normal = NormalizedDate(date.typed, store.g, ports);
+        EXPECT_EQ(normal.has_value(), date.shown != nullptr) << date.typed;
+        if (normal && date.shown != nullptr) {
+            EXPECT_EQ(*normal, date.shown) << date.typed;
+        }
+    }
+}
+
+const std::vector<TypedDate> Nonsense{
+    {"hello", nullptr},
+    {"-", nullptr},
+    {"0", nullptr},
+    {"31-Feb-2026", nullptr},
+    {"99/99/9999", nullptr},
+    {"1234567", nullptr},
+    {"2-Mar", "2-Mar-2026"},
+    {"Mar", nullptr},
+    {"'; --", nullptr},
+    {"1-2-3-4-5", nullptr},
+    {"\xF0\x9F\xA5\x90", nullptr},
+    {"", ""},
+    {"   ", ""},
+    {"2-Mxr-2026", nullptr},
+};
+
+TEST(NormalizedDate, takes_every_accepted_form_where_the_month_comes_first) {
+    ExpectDates(DateOrder::MonthDayYear, "MM-DD-YYYY",
+                {{"2-Mar-2026", "2-Mar-2026"},
+                 {"2-Jan-2026", "2-Jan-2026"},
+                 {"Apr-12-26", "12-Apr-2026"},
+                 {"Aug-12-2026", "12-Aug-2026"},
+                 {"12-23-2026", "23-Dec-2026"},
+                 {"12/23/2026", "23-Dec-2026"},
+                 {"23/12/2026", "23-Dec-2026"},
+                 {"2/3/2026", "3-Feb-2026"},
+                 {" 2-mar-26 ", "2-Mar-2026"},
+                 {"2-March-1998", "2-Mar-1998"},
+                 {"2/3/29", "3-Feb-2029"},
+                 {"2/3/30", "3-Feb-1930"},
+                 {"2026-12-23", "23-Dec-2026"},
+                 {"29-Feb-2024", "29-Feb-2024"},
+                 {"29-Feb-2026", nullptr},
+                 {"36526", "1-Jan-2000"},
+                 {"123456", "3-Jan-2238"}});
+    ExpectDates(DateOrder::MonthDayYear, "MM-DD-YYYY", Nonsense);
+}
+
+TEST(NormalizedDate, takes_every_accepted_form_where_the_day_comes_first) {
+    ExpectDates(DateOrder::DayMonthYear, "DD-MM-YYYY",
+                {{"2-Mar-2026", "2-Mar-2026"},
+                 {"Aug-12-2026", "12-Aug-2026"},
+                 {"23-12-2026", "23-Dec-2026"},
+                 {"23/12/2026", "23-Dec-2026"},
+                 {"12/23/2026", "23-Dec-2026"},
+                 {"2.3.2026", "2-Mar-2026"},
+                 {"36526", "1-Jan-2000"}});
+    ExpectDates(DateOrder::DayMonthYear, "DD-MM-YYYY", Nonsense);
+}
+
+TEST(NormalizedDate, takes_every_accepted_form_where_the_year_comes_first) {
+    ExpectDates(DateOrder::YearMonthDay, "YYYY-MM-DD",
+                {{"Mar-12-2026", "2026-Mar-12"},
+                 {"2026-Aug-12", "2026-Aug-12"},
+                 {"2026-12-23", "2026-Dec-23"},
+                 {"2026/12/23", "2026-Dec-23"},
+                 {"26-12-23", "2026-Dec-23"},
+                 {"Jan-12-26", "2026-Jan-12"},
+                 {"26-Apr-12", "2026-Apr-12"},
+                 {"36526", "2000-Jan-1"},
+                 {"", ""},
+                 {"hello", nullptr}});
+}
+
+TEST_F(EmployeeRecordTest, a_date_stays_the_same_when_its_shown_form_is_read_again) {
+    for (DaySerial day = 20000; day < 50000; day += 37) {
+        const std::string shown = DateText(day, "MM-DD-YYYY", store.script.region);
+        EXPECT_EQ(NormalizedDate(shown, g, store.ports()), shown);
+    }
+}
+
+// ---- adding ----
+
+TEST_F(EmployeeRecordTest, a_new_one_is_hourly_active_and_of_the_options_colour) {
+    g.application.Settings[setting::BarColor] = "6";
+    const EmployeeRecord record = NewEmployeeRecord(g.application);
+    EXPECT_TRUE(record.hourly && record.active);
+    EXPECT_EQ(record.laborOption, 0);
+    EXPECT_EQ(record.barColor, 6);
+    EXPECT_EQ(record.absence, Absence());
+    g.application.Settings[setting::BarColor] = "15";
+    EXPECT_EQ(NewEmployeeRecord(g.application).barColor, 2);
+}
+
+TEST_F(EmployeeRecordTest, every_field_is_stored_and_comes_back) {
+    const EmployeeRecord record = FullRecord();
+    ASSERT_EQ(Save("Add", record), EmployeeResult::Saved);
+    EXPECT_EQ(Load(3), record);
+    EXPECT_EQ(RowsOf(store.db(), "Employee",
+                     {"Last name",
+                      "First name",
+                      "ID",
+                      "Assignment",
+                      "Pay",
+                      "Wage or Sal",
+                      "Active",
+                      "Street",
+                      "City",
+                      "State",
+                      "Zip",
+                      "Hire Date",
+                      "Birth date",
+                      "Phone",
+                      "Emergency phone",
+                      "Page/Cell phone",
+                      "Soc Sec number",
+                      "Dep number",
+                      "Labor type",
+                      "EbarColor",
+                      "Email"})
+                  .back(),
+              "Anderson-Lindqvist|Elisabeth|A1-007|Cashier|1234.50|0|0|12345 Upper Riverside Avenue W|"
+              "Llanfairpwllgwyngyll|OHX|44101-1234|35856|26358|+1 440 555 0101|+1 440 555 0161|"
+              "+1 440 555 0171|000-00-0101|1|4|14|elisabeth.anderson-lindqvist@example.com");
+}
+
+TEST_F(EmployeeRecordTest, empty_boxes_are_stored_by_their_rules) {
+    ASSERT_EQ(Save("Add", Named("Clark")), EmployeeResult::Saved);
+    EXPECT_EQ(StoredText(3, "Pay"), "0") << "the box never had the focus";
+    EXPECT_EQ(StoredText(3, "Email"), " ");
+    EXPECT_EQ(StoredText(3, "Hire Date"), "(null)");
+    EXPECT_EQ(StoredText(3, "Birth date"), "(null)");
+    EXPECT_EQ(StoredText(3, "Street"), "");
+    EXPECT_EQ(StoredText(3, "Comments"), "");
+    EXPECT_EQ(StoredText(3, "Avail start"), std::string(28, ' '));
+    EXPECT_EQ(StoredText(3, "Avail stop"), std::string(28, ' '));
+    EXPECT_EQ(dao::ToLong(Stored(3, "Wage or Sal")), -1);
+    EXPECT_EQ(dao::ToLong(Stored(3, "Active")), -1);
+}
+
+TEST_F(EmployeeRecordTest, pay_is_stored_as_its_box_shows_it) {
+    EmployeeRecord record = Named("Clark");
+    for (const char* pay : {".00", "7.00", "7", "7.5", "1234567"}) {
+        record.Text2[box_of::Pay] = pay;
+        ASSERT_EQ(Save("Add", record), EmployeeResult::Saved);
+        EXPECT_EQ(RowsOf(store.db(), "Employee", {"Pay"}).back(), pay);
+    }
+}
+
+TEST_F(EmployeeRecordTest, a_last_name_is_needed) {
+    for (const char* name : {"", "   "}) {
+        store.prompt().Expect("Last name must be filled out.", 0, "Last Name is blank");
+        EXPECT_EQ(Save("Add", Named(name)), EmployeeResult::NameMissing);
+    }
+    EXPECT_EQ(store.prompt().Beeps(), 2);
+    EXPECT_EQ(RowsOf(store.db(), "Employee", {"Employee"}).size(), 2U);
+}
+
+TEST_F(EmployeeRecordTest, equal_ids_are_taken) {
+    EmployeeRecord record = Named("Clark");
+    record.Text2[box_of::Id] = "7";
+    EXPECT_EQ(Save("Add", record), EmployeeResult::Saved);
+    EXPECT_EQ(Save("Add", record), EmployeeResult::Saved);
+}
+
+TEST_F(EmployeeRecordTest, each_labor_type_has_its_code) {
+    EmployeeRecord record = Named("Clark");
+    for (const auto& [option, code] : {std::pair{0, 0}, {1, 1}, {2, 2}, {3, 4}, {-1, 0}}) {
+        record.laborOption = option;
+        ASSERT_EQ(Save("Add", record), EmployeeResult::Saved);
+        EXPECT_EQ(RowsOf(store.db(), "Employee", {"Labor type"}).back(), std::to_string(code));
+    }
+}
+
+// ---- loading ----
+
+TEST_F(EmployeeRecordTest, missing_fields_leave_their_boxes_empty) {
+    for (const char* field : {"First name", "Email", "Comments", "Avail start", "Avail stop", "Hire Date"})
+        Put(adams, field, dao::Null{});
+    const EmployeeRecord record = Load(adams);
+    EXPECT_EQ(record.Text2[box_of::LastName], "Adams");
+    EXPECT_EQ(record.Text2[box_of::FirstName], "");
+    EXPECT_EQ(record.Text2[box_of::Email], "");
+    EXPECT_EQ(record.Text2[box_of::HireDate], "");
+    EXPECT_EQ(record.comments, "");
+    EXPECT_EQ(record.absence, Absence());
+}
+
+TEST_F(EmployeeRecordTest, stored_labor_types_without_an_option_choose_none) {
+    for (const auto& [code, option] : std::vector<std::pair<dao::Value, int>>{{std::int64_t{0}, 0},
+                                                                              {std::int64_t{1}, 1},
+                                                                              {std::int64_t{2}, 2},
+                                                                              {std::int64_t{3}, -1},
+                                                                              {std::int64_t{4}, 3},
+                                                                              {std::int64_t{5}, -1},
+                                                                              {std::int64_t{-1}, -1},
+                                                                              {dao::Null{}, 0}}) {
+        Put(adams, "Labor type", code);
+        EXPECT_EQ(Load(adams).laborOption, option) << dao::ToText(code, "Null");
+    }
+}
+
+TEST_F(EmployeeRecordTest, stored_colours_beyond_the_palette_become_green) {
+    g.application.Settings[setting::BarColor] = "5";
+    for (const auto& [stored, shown] : std::vector<std::pair<dao::Value, int>>{{std::int64_t{1}, 1},
+                                                                               {std::int64_t{14}, 14},
+                                                                               {std::int64_t{15}, 2},
+                                                                               {std::int64_t{99}, 2},
+                                                                               {std::int64_t{-1}, 2},
+                                                                               {std::int64_t{0}, 0},
+                                                                               {dao::Null{}, 5}}) {
+        Put(adams, "EbarColor", stored);
+        EXPECT_EQ(Load(adams).barColor, shown) << dao::ToText(stored, "Null");
+    }
+}
+
+TEST_F(EmployeeRecordTest, pay_shows_as_an_amount_whatever_is_stored) {
+    for (const auto& [stored, shown] : std::vector<std::pair<const char*, const char*>>{
+             {"7.25", "7.25"}, {"7", "7.00"}, {"", ".00"}, {"abc", ".00"}}) {
+        Put(adams, "Pay", std::string(stored));
+        EXPECT_EQ(Load(adams).Text2[box_of::Pay], shown);
+    }
+    Put(adams, "Pay", dao::Null{});
+    EXPECT_EQ(Load(adams).Text2[box_of::Pay], ".00");
+}
+
+TEST_F(EmployeeRecordTest, dates_show_in_the_form_of_the_country) {
+    Put(adams, "Hire Date", std::int64_t{Today});
+    Put(adams, "Birth date", 36526.75);
+    EXPECT_EQ(Load(adams).Text2[box_of::HireDate], "5-Mar-2026");
+    EXPECT_EQ(Load(adams).Text2[box_of::BirthDate], "1-Jan-2000");
+    g.application.DateFormatSetting = "YYYY-MM-DD";
+    EXPECT_EQ(Load(adams).Text2[box_of::HireDate], "2026-Mar-5");
+}
+
+TEST_F(EmployeeRecordTest, of_nobody_cannot_be_loaded) {
+    EXPECT_THROW(Load(99), dao::DaoError);
+}
+
+TEST_F(EmployeeRecordTest, keys_come_in_the_order_of_the_last_names_with_inactive_people) {
+    test::TestEmployee aaron;
+    aaron.lastName = "aaron";
+    aaron.active = false;
+    store.AddEmployee(aaron);
+    store.AddDepartment("Stores");
+    store.AddEmployee({"Aardvark"});
+    g.department.CurrentDepNumber = 1;
+    EXPECT_EQ(EmployeeKeys(g), (std::vector<int>{3, 1, 2}));
+}
+
+// ---- changing ----
+
+TEST_F(EmployeeRecordTest, a_change_is_written_to_the_record_that_was_loaded) {
+    for (const char* command : {"Change", "Move"}) {
+        EmployeeRecord record = Load(adams);
+        record.Text2[box_of::Phone] = command;
+        EXPECT_EQ(Save(command, record), EmployeeResult::Saved);
+        EXPECT_EQ(StoredText(adams, "Phone"), command);
+    }
+    EXPECT_EQ(RowsOf(store.db(), "Employee", {"Last name"}), (std::vector<std::string>{"Adams", "Brown"}));
+}
+
+TEST_F(EmployeeRecordTest, an_untouched_one_is_stored_as_it_was) {
+    ASSERT_EQ(Save("Add", FullRecord()), EmployeeResult::Saved);
+    const auto before =
+        RowsOf(store.db(), "Employee", {"Last name", "Pay", "Hire Date", "Avail stop", "Email"});
+    const EmployeeRecord record = Load(3);
+    EXPECT_EQ(Save("Change", record), EmployeeResult::Saved);
+    EXPECT_EQ(RowsOf(store.db(), "Employee", {"Last name", "Pay", "Hire Date", "Avail stop", "Email"}),
+              before);
+}
+
+TEST_F(EmployeeRecordTest, longer_texts_of_another_program_stay_while_nobody_touches_them) {
+    const std::string wide(60, 'w');
+    for (int i = 1; i <= box_of::Last; ++i) {
+        const std::string field = EmployeeBoxes()[i].field;
+        if (i == box_of::Pay || i == box_of::HireDate || i == box_of::BirthDate) continue;
+        test::RunAsAnotherProgram(store.db(), "UPDATE Employee SET [" + field + "] = '" + wide + "'");
+    }
+    EmployeeRecord record = Load(adams);
+    record.comments = "only this";
+    EXPECT_EQ(Save("Change", record), EmployeeResult::Saved);
+    EXPECT_EQ(StoredText(adams, "Comments"), "only this");
+    EXPECT_EQ(StoredText(adams, "Last name"), wide);
+    EXPECT_EQ(StoredText(adams, "Email"), wide);
+}
+
+TEST_F(EmployeeRecordTest, the_last_quarter_of_a_day_survives_byte_for_byte) {
+    const std::string stop = "\x80" + std::string(26, ' ') + "\x80";
+    const std::string start = std::string(27, ' ') + "P";
+    EmployeeRecord record = Named("Clark");
+    record.absence = DecodeAbsence(start, stop);
+    record.absence.AvailStart[7][4] = 48;
+    record.absence.AvailStop[7][4] = 96;
+    ASSERT_EQ(Save("Add", record), EmployeeResult::Saved);
+    for (int round = 0; round < 3; ++round) {
+        EXPECT_EQ(StoredText(3, "Avail stop"), stop);
+        EXPECT_EQ(StoredText(3, "Avail start"), start);
+        ASSERT_EQ(Save("Change", Load(3)), EmployeeResult::Saved);
+    }
+}
+
+TEST_F(EmployeeRecordTest, texts_in_any_script_come_back) {
+    EmployeeRecord record = Named("Łukasiewicz 🥐");
+    record.Text2[box_of::FirstName] = "𝒜𝓃𝓃𝒶";
+    record.Text2[box_of::City] = "北京";
+    record.Text2[box_of::Street] = "O'Brien's [Lane]; DROP TABLE";
+    record.comments = "👩‍🍳 bakes";
+    ASSERT_EQ(Save("Add", record), EmployeeResult::Saved);
+    const EmployeeRecord again = Load(3);
+    EXPECT_EQ(again.Text2[box_of::LastName], "Łukasiewicz 🥐");
+    EXPECT_EQ(again.Text2[box_of::FirstName], "𝒜𝓃𝓃𝒶");
+    EXPECT_EQ(again.Text2[box_of::City], "北京");
+    EXPECT_EQ(again.Text2[box_of::Street], "O'Brien's [Lane]; DROP TABLE");
+    EXPECT_EQ(again.comments, "👩‍🍳 bakes");
+}
+
+// ---- two workstations ----
+
+TEST_F(EmployeeRecordTest, a_save_beside_another_one_tells_the_lock_and_the_second_try_works) {
+    EmployeeRecord record = Load(adams);
+    record.Text2[box_of::Phone] = "555-0101";
+    other.Hold();
+    g.department.EmployeeNameSingle = "Associate";
+    ExpectLocked(3260, "Associate");
+    EXPECT_EQ(Save("Change", record), EmployeeResult::Refused);
+    EXPECT_FALSE(store.db().InTransaction());
+    EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
+    other.LetGo();
+    EXPECT_EQ(Save("Change", record), EmployeeResult::Saved);
+    EXPECT_EQ(StoredText(adams, "Phone"), "555-0101");
+}
+
+TEST_F(EmployeeRecordTest, an_addition_beside_another_save_is_made_once) {
+    other.Hold();
+    ExpectLocked(3260);
+    EXPECT_EQ(Save("Add", Named("Clark")), EmployeeResult::Refused);
+    other.LetGo();
+    EXPECT_EQ(Save("Add", Named("Clark")), EmployeeResult::Saved);
+    EXPECT_EQ(RowsOf(store.db(), "Employee", {"Last name"}),
+              (std::vector<std::string>{"Adams", "Brown", "Clark"}));
+}
+
+TEST_F(EmployeeRecordTest, of_two_workstations_the_last_save_wins) {
+    EmployeeRecord record = Load(adams);
+    other.Change("Employee", "Employee", "1", "Phone", "555-9999");
+    record.Text2[box_of::Street] = "Mill Lane";
+    EXPECT_EQ(Save("Change", record), EmployeeResult::Saved);
+    EXPECT_EQ(StoredText(adams, "Phone"), "");
+    EXPECT_EQ(StoredText(adams, "Street"), "Mill Lane");
+}
+
+TEST_F(EmployeeRecordTest, one_that_another_workstation_deleted_is_not_saved) {
+    const EmployeeRecord record = Load(adams);
+    other.Delete("Employee", "Employee", "1");
+    ExpectLocked(3167);
+    EXPECT_EQ(Save("Change", record), EmployeeResult::Refused);
+    EXPECT_FALSE(store.db().InTransaction());
+}
+
+TEST_F(EmployeeRecordTest, a_text_that_does_not_fit_is_refused_whole) {
+    EmployeeRecord record = Load(adams);
+    record.Text2[box_of::FirstName] = std::string(10, 'x');
+    record.Text2[box_of::Phone] = "555";
+    ExpectLocked(3163);
+    EXPECT_EQ(Save("Change", record), EmployeeResult::Refused);
+    EXPECT_EQ(StoredText(adams, "Phone"), "(null)");
+    EXPECT_EQ(StoredText(adams, "First name"), "Anna");
+}
+
+// ---- notices and titles ----
+
+TEST_F(EmployeeRecordTest, somebody_is_under_age_until_the_day_before_the_birthday) {
+    g.application.Settings[setting::UnderAge] = "16";
+    g.department.EmployeeNameSingle = "Associate";
+    const auto notice = [&](const std::string& birth) { return UnderAgeNotice(birth, g, store.ports()); };
+    EXPECT_EQ(notice("6-Mar-2010"), "Associate is under the age of 16.");
+    EXPECT_EQ(notice("5-Mar-2010"), "") << "on the birthday itself";
+    EXPECT_EQ(notice("4-Mar-2010"), "");
+    EXPECT_EQ(notice("1-Jan-2026"), "Associate is under the age of 16.");
+    EXPECT_EQ(notice(""), "");
+    EXPECT_EQ(notice("nonsense"), "");
+}
+
+TEST_F(EmployeeRecordTest, somebody_born_on_29_February_comes_of_age_on_that_day_or_the_next) {
+    g.application.Settings[setting::UnderAge] = "17";
+    store.script.clock.Set(SerialFromParts(2025, 2, 28));
+    EXPECT_NE(UnderAgeNotice("29-Feb-2008", g, store.ports()), "");
+    store.script.clock.Set(SerialFromParts(2025, 3, 1));
+    EXPECT_EQ(UnderAgeNotice("29-Feb-2008", g, store.ports()), "");
+    store.script.clock.Set(SerialFromParts(2028, 2, 29));
+    EXPECT_EQ(UnderAgeNotice("1-Mar-2011", g, store.ports()), "") << "17 years before 29 February is 1 March";
+}
+
+TEST_F(EmployeeRecordTest, an_age_that_is_no_number_is_0) {
+    for (const char* age : {"", "abc", "-3"}) {
+        g.application.Settings[setting::UnderAge] = age;
+        EXPECT_EQ(UnderAgeNotice("1-Jan-2020", g, store.ports()), "") << age;
+    }
+}
+
+TEST_F(EmployeeRecordTest, the_hint_of_the_dates_follows_the_country) {
+    store.script.clock.Set(Today);
+    for (const char* setting : {"MM-DD-YYYY", "DD-MM-YYYY"}) {
+        g.application.DateFormatSetting = setting;
+        EXPECT_EQ(DateHint(g, store.ports()), "Use format like 2-Jan-2026 or Apr-12-26");
+    }
+    g.application.DateFormatSetting = "YYYY-MM-DD";
+    EXPECT_EQ(DateHint(g, store.ports()), "Use format like Jan-12-26 or 26-Apr-12");
+}
+
+TEST_F(EmployeeRecordTest, the_title_tells_department_and_task) {
+    g.department.EmployeeNameSingle = "Associate";
+    g.application.FormCommand = "Add";
+    EXPECT_EQ(EmployeeTitle(g), "Bakery: Add new Associate");
+    for (const char* command : {"Change", "Move"}) {
+        g.application.FormCommand = command;
+        EXPECT_EQ(EmployeeTitle(g), "Bakery: Change Associate record");
+    }
+}
+
+} // namespace
+} // namespace tvx

@@ -1,0 +1,57 @@
+#include "support/Rows.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+#include <stdexcept>
+
+namespace tvx::test {
+namespace {
+
+bool WalkTo(dao::Recordset& rows, const std::string& key, std::int64_t is) {
+    for (; !rows.AtEnd(); rows.MoveNext())
+        if (rows.Fields(key).Long() == is) return true;
+    ADD_FAILURE() << "no row with " << key << " " << is;
+    return false;
+}
+
+} // namespace
+
+std::vector<std::string> RowsOf(dao::Database& db, const std::string& table,
+                                std::initializer_list<const char*> fields) {
+    std::vector<std::string> found;
+    for (dao::Recordset rows = db.OpenRecordset(table); !rows.AtEnd(); rows.MoveNext()) {
+        std::string row;
+        for (const char* field : fields)
+            row += (row.empty() && field == *fields.begin() ? "" : "|") +
+                   dao::ToText(rows.Fields(field).Value(), "(null)");
+        found.push_back(row);
+    }
+    return found;
+}
+
+dao::Value FieldOf(dao::Database& db, const std::string& table, const std::string& key, std::int64_t is,
+                   const std::string& field) {
+    dao::Recordset rows = db.OpenRecordset(table);
+    return WalkTo(rows, key, is) ? rows.Fields(field).Value() : dao::Value();
+}
+
+void PutField(dao::Database& db, const std::string& table, const std::string& key, std::int64_t is,
+              const std::string& field, const dao::Value& value) {
+    dao::Recordset rows = db.OpenRecordset(table);
+    if (!WalkTo(rows, key, is)) return;
+    rows.Edit();
+    rows.Fields(field) = value;
+    rows.Update();
+}
+
+void RunAsAnotherProgram(const dao::Database& db, const std::string& sql) {
+    sqlite3* file = nullptr;
+    sqlite3_open(db.Path().c_str(), &file);
+    const bool done = sqlite3_exec(file, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
+    const std::string trouble = sqlite3_errmsg(file);
+    sqlite3_close(file);
+    if (!done) throw std::runtime_error(sql + ": " + trouble);
+}
+
+} // namespace tvx::test
