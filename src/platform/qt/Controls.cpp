@@ -199,6 +199,7 @@ int TextBox::Room() const {
 }
 
 void TextBox::Paste(const QString& text) {
+    if (isReadOnly()) return;
     insert(Filtered(text));
     if (onKeyUp) onKeyUp();
 }
@@ -239,7 +240,9 @@ void TextBox::TypeCharacter(QKeyEvent& event) {
 }
 
 void TextBox::keyPressEvent(QKeyEvent* event) {
-    if (HandleCommandKey(*event))
+    if (isReadOnly())
+        QLineEdit::keyPressEvent(event);
+    else if (HandleCommandKey(*event))
         event->accept();
     else
         TypeCharacter(*event);
@@ -271,7 +274,7 @@ void TextBox::mouseMoveEvent(QMouseEvent* event) {
 
 void TextBox::mouseReleaseEvent(QMouseEvent* event) {
     const QClipboard* clipboard = QApplication::clipboard();
-    if (event->button() == Qt::MiddleButton && clipboard->supportsSelection() && !isReadOnly()) {
+    if (event->button() == Qt::MiddleButton && clipboard->supportsSelection()) {
         deselect();
         setCursorPosition(cursorPositionAt(event->pos()));
         Paste(clipboard->text(QClipboard::Selection));
@@ -281,14 +284,14 @@ void TextBox::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 void TextBox::dropEvent(QDropEvent* event) {
-    if (!event->mimeData()->hasText() || isReadOnly()) return;
+    if (!event->mimeData()->hasText()) return;
     setCursorPosition(cursorPositionAt(event->position().toPoint()));
     Paste(event->mimeData()->text());
     event->acceptProposedAction();
 }
 
 void TextBox::inputMethodEvent(QInputMethodEvent* event) {
-    if (event->commitString().isEmpty()) {
+    if (event->commitString().isEmpty() || isReadOnly()) {
         QLineEdit::inputMethodEvent(event);
         return;
     }
