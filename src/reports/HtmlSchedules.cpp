@@ -154,14 +154,12 @@ class ShortHtml : private HtmlSchedule {
             cells.push_back(
                 Stacked("Hours " + QuartersToText(g_.reports.totals.DayTotalQuarters[d], TimeStyle()),
                         "Wages " + Format(g_.reports.totals.DayTotalWages[d], ".00")));
+        vp_.TableBorder(TableBorders::BoxColumns);
         TouchedUp(Figures, cells, QBColor(9), QBColor(1));
     }
 
     void ProductivityBlock() {
         const Productivity& p = g_.productivity;
-        const auto word = [](const char* what, bool on) {
-            return std::string(what) + (on ? " = Yes" : " = No");
-        };
         vp_.TableBorder(TableBorders::None);
         vp_.TextColor(QBColor(0));
         vp_.FontBold(true);
@@ -170,10 +168,11 @@ class ShortHtml : private HtmlSchedule {
         vp_.TextColor(QBColor(4));
         vp_.AddTable("<~25%|>~15%|>~20%|>~60% &;",
                      {"Sales includes\nTransactions include\nLabor% includes",
-                      word("Wages time", p.SalesWageHours) + "\n" + word("Wages time", p.TransWageHours) +
-                          "\n" + word("Wages", p.LaborWages),
-                      word("Salaried time", p.SalesSalaryHours) + "\n" +
-                          word("Salaried time", p.TransSalaryHours) + "\n" + word("Salaries", p.LaborSalary),
+                      YesNo("Wages time", p.SalesWageHours) + "\n" + YesNo("Wages time", p.TransWageHours) +
+                          "\n" + YesNo("Wages", p.LaborWages),
+                      YesNo("Salaried time", p.SalesSalaryHours) + "\n" +
+                          YesNo("Salaried time", p.TransSalaryHours) + "\n" +
+                          YesNo("Salaries", p.LaborSalary),
                       ""});
         ProductivityRows();
     }
@@ -226,8 +225,7 @@ class ShortHtml : private HtmlSchedule {
             if (!g_.week.DayMemoFlag[d]) continue;
             vp_.FontBold(true);
             vp_.TextColor(QBColor(0));
-            Line("<~100%;", "Day comments: " + ports_.region.Names().weekdays[WeekdayOf(g_, d)] + " " +
-                                g_.week.WeekDateTexts[d]);
+            Line("<~100%;", DayCommentHeading(g_, ports_, d));
             vp_.FontBold(false);
             vp_.TextColor(QBColor(3));
             Line("<100%;", g_.week.DayMemoText[d]);
@@ -276,14 +274,14 @@ class LongHtml : private HtmlSchedule {
     }
 
     std::string Suffix(int e) {
-        const int option = g_.reports.options.NameOption;
-        return option >= 1 && option <= 4 ? ", " + NameDetail(g_, e) : "";
+        const std::string detail = NameDetail(g_, e);
+        return detail.empty() ? "" : ", " + detail;
     }
 
     void NameLine(int e) {
         const std::string& second = g_.roster.RosterName2[e];
         vp_.FontBold(true);
-        Line("<~100%;", g_.roster.RosterName1[e] + (second.empty() ? "" : ", ") + second + Suffix(e));
+        Line("<~100%;", g_.roster.RosterName1[e] + (Trim(second).empty() ? "" : ", ") + second + Suffix(e));
         vp_.FontBold(false);
     }
 

@@ -3,14 +3,17 @@
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
+#include "reports/ReportText.h"
 #include "shell/Conversions.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tvx {
 namespace {
 
 constexpr int UnitsAcross = 80;
+constexpr double LeftEdge = 0.1; // of names, weekdays and notes
 constexpr double DateEdge = 9.8;
 constexpr double FirstSlotBase = 10;
 constexpr double SlotWidth = 11;
@@ -25,7 +28,7 @@ class LongSchedule {
   public:
     LongSchedule(GlobalState& g, Ports& ports, const ScheduleRequest& request, Vp& vp)
         : g_(g), ports_(ports), request_(request), vp_(vp), unit_(vp.PageWidth() / UnitsAcross),
-          lineHeight_(vp.TextHeight("V") * 1.1),
+          lineHeight_(std::max<Twips>(1, vp.TextHeight("V")) * 1.1),
           capacity_(static_cast<int>(vp.PageHeight() / lineHeight_) - (PrintsTotals(g) ? 12 : 11)) {}
 
     void PrintRoster() {
@@ -82,8 +85,8 @@ class LongSchedule {
     void PickedNote() {
         if (g_.department.DayCutoffQuarters <= 0 || !PrintsTotals(g_)) return;
         const std::string time = CutoffText(g_);
-        TextAt(vp_, X(1), Y(++line_), "Note:");
-        TextAt(vp_, X(1), Y(++line_),
+        TextAt(vp_, X(LeftEdge), Y(++line_), "Note:");
+        TextAt(vp_, X(LeftEdge), Y(++line_),
                "Time and Wage statistics are between the hours of:" + time + " and" + time +
                    " the following day.");
     }
@@ -91,14 +94,14 @@ class LongSchedule {
     void NameLine(int e) {
         ++line_;
         const std::string& second = g_.roster.RosterName2[e];
-        const std::string name = g_.roster.RosterName1[e] + (second.empty() ? "" : ", ") + second;
+        const std::string name = g_.roster.RosterName1[e] + (Trim(second).empty() ? "" : ", ") + second;
         vp_.FontBold(true);
-        TextAt(vp_, X(0.3), Y(line_), name);
-        const Twips behind = X(0.3) + vp_.TextWidth(name);
+        TextAt(vp_, X(LeftEdge), Y(line_), name);
+        const Twips behind = X(LeftEdge) + vp_.TextWidth(name);
         vp_.FontBold(false);
-        const int option = g_.reports.options.NameOption;
-        if (option >= 1 && option <= 4)
-            TextAt(vp_, behind, Y(line_), (option <= 2 ? ", " : " ") + NameDetail(g_, e));
+        const std::string detail = NameDetail(g_, e);
+        if (detail.empty()) return;
+        TextAt(vp_, behind, Y(line_), (g_.reports.options.NameOption <= 2 ? ", " : " ") + detail);
     }
 
     void Days(int e) {
@@ -127,16 +130,24 @@ class LongSchedule {
     void Day(int e, int d) {
         dayLine_ = line_;
         slot_ = 0;
-        TextAt(vp_, X(0.3), Y(line_), ports_.region.Names().shortWeekdays[WeekdayOf(g_, d)]);
-        TextEndingAt(vp_, X(DateEdge), Y(line_), ports_.region.MediumDate(g_.week.WeekStartJulian + d - 1));
+        Date(d);
         const std::string label = DayLabel(g_, e, d);
         if (!label.empty()) {
             vp_.FontBold(IsDayOffLabel(g_, label));
-            InNextSlot(label);
+            InNextSlot(Fitted(vp_, label, X(SlotWidth)));
             vp_.FontBold(false);
         }
         for (int r = 1; r <= g_.reports.print.PrintRangeCount[d]; ++r)
             InNextSlot(RangeText(g_, request_, d, r, false));
+    }
+
+    /// The weekday and the date; a large font leaves less of the weekday, never of the date.
+    void Date(int d) {
+        const std::string date = ports_.region.MediumDate(g_.week.WeekStartJulian + d - 1);
+        const std::string& weekday = ports_.region.Names().shortWeekdays[WeekdayOf(g_, d)];
+        TextAt(vp_, X(LeftEdge), Y(line_),
+               Fitted(vp_, weekday, X(DateEdge) - vp_.TextWidth(date) - X(LeftEdge)));
+        TextEndingAt(vp_, X(DateEdge), Y(line_), date);
     }
 
     /// Writes into the next of the four slots; behind the last one a further line begins.
@@ -178,6 +189,7 @@ class LongSchedule {
         const bool hours = g_.reports.options.PrintTotalHours != 0;
         const bool wages = g_.reports.options.PrintTotalWages != 0;
         ++line_;
+        const double dashes = line_;
         if (hours) TextEndingAt(vp_, X(HoursEdge), Y(line_), "------");
         if (wages) TextEndingAt(vp_, X(MoneyEdge), Y(line_), "------");
         if (hours) {
@@ -190,17 +202,17 @@ class LongSchedule {
             MoneyLine("Department total salaries:", g_.TotalSalaries);
             MoneyLine("Department total compensation:", sums_.PrintTotalWagesSum + g_.TotalSalaries);
         }
-        Note();
+        Note(std::max(line_ - 3, dashes));
     }
 
-    /// At the left of the totals, from three lines above the last one down.
-    void Note() {
+    /// At the left of the totals, from three lines above the last one down; where the totals are so short
+    /// that this would run into the last employee's days, from their first line down.
+    void Note(double line) {
         if (g_.department.DayCutoffQuarters <= 0) return;
         const std::string time = CutoffText(g_);
-        double line = line_ - 3;
-        TextAt(vp_, X(1), Y(line++), "Note:");
-        TextAt(vp_, X(1), Y(line++), "Time and Wage statistics are between the hours");
-        TextAt(vp_, X(1), Y(line), "of:" + time + " and" + time + " the following day.");
+        TextAt(vp_, X(LeftEdge), Y(line++), "Note:");
+        TextAt(vp_, X(LeftEdge), Y(line++), "Time and Wage statistics are between the hours");
+        TextAt(vp_, X(LeftEdge), Y(line), "of:" + time + " and" + time + " the following day.");
     }
 
     GlobalState& g_;

@@ -241,6 +241,15 @@ std::string TransactionsText(const GlobalState& g, int day) {
     return PlainNumber(day == 0 ? g.totals.TransactionsTotal : g.week.DailyTransactions[day]);
 }
 
+std::string YesNo(const std::string& what, bool on) {
+    return what + (on ? " = Yes" : " = No");
+}
+
+std::string DayCommentHeading(const GlobalState& g, const Ports& ports, int day) {
+    return "Day comments: " + ports.region.Names().weekdays[WeekdayOf(g, day)] + " " +
+           g.week.WeekDateTexts[day];
+}
+
 std::string CutoffText(const GlobalState& g) {
     return QuarterToClockText(g.department.DayCutoffQuarters, g.application.Settings[setting::ClockStyle]);
 }

@@ -79,6 +79,11 @@ std::string LaborPercent(const GlobalState& g, const ScheduleSums& sums, int day
 /// Figures of a day, or of the week for 0, as plain numbers; "" for 0.
 std::string SalesText(const GlobalState& g, int day);
 std::string TransactionsText(const GlobalState& g, int day);
+/// "Wages time = Yes" or "Wages time = No".
+std::string YesNo(const std::string& what, bool on);
+
+/// "Day comments: Sunday 1-Mar-2026".
+std::string DayCommentHeading(const GlobalState& g, const Ports& ports, int day);
 
 /// Time of the day's cut-off as the notes write it, untrimmed.
 std::string CutoffText(const GlobalState& g);
