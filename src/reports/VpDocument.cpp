@@ -23,7 +23,7 @@ ReportFont FontOf(ReportFont font, const TableBlockCell& cell) {
 } // namespace
 
 VpDocument::VpDocument(const FontMeasures& measures, const Paper& paper)
-    : measures_(measures), paper_(paper) {}
+    : measures_(measures), paper_(paper), wantedPaper_(paper) {}
 
 void VpDocument::Font(const ReportFont& font) {
     font_ = font;
@@ -31,15 +31,15 @@ void VpDocument::Font(const ReportFont& font) {
 }
 
 Twips VpDocument::PageWidth() const {
-    const Twips across = open_ ? (orientation_ == PageOrientation::Portrait ? paper_.width : paper_.height)
-                               : (wanted_ == PageOrientation::Portrait ? paper_.width : paper_.height);
-    return across - 2 * paper_.margin;
+    const Paper& paper = open_ ? paper_ : wantedPaper_;
+    const bool across = (open_ ? orientation_ : wanted_) == PageOrientation::Landscape;
+    return (across ? paper.height : paper.width) - 2 * paper.margin;
 }
 
 Twips VpDocument::PageHeight() const {
-    const Twips down = open_ ? (orientation_ == PageOrientation::Portrait ? paper_.height : paper_.width)
-                             : (wanted_ == PageOrientation::Portrait ? paper_.height : paper_.width);
-    return down - 2 * paper_.margin;
+    const Paper& paper = open_ ? paper_ : wantedPaper_;
+    const bool across = (open_ ? orientation_ : wanted_) == PageOrientation::Landscape;
+    return (across ? paper.width : paper.height) - 2 * paper.margin;
 }
 
 Twips VpDocument::TextWidth(std::string_view text) const {
@@ -64,11 +64,13 @@ void VpDocument::StartDoc() {
     touchedUp_.reset();
     touchingUp_ = false;
     orientation_ = wanted_;
+    paper_ = wantedPaper_;
     open_ = true;
     x_ = y_ = 0;
     textColor_ = penColor_ = 0;
     penStyle_ = PenStyles::Solid;
     penWidth_ = 0;
+    brushColor_ = QBColor(15);
     border_ = TableBorders::None;
 }
 
@@ -152,49 +154,62 @@ std::vector<std::string> VpDocument::LinesOf(const TableBlockCell& cell, const T
     return wrapped;
 }
 
+/// A row stays together where a page has room for it; one that is taller than a page goes on on the next.
 void VpDocument::LayOut(const TableBlock& block) {
     tables_.push_back(block);
-    const Twips textWidth = PageWidth();
-    std::vector<std::vector<std::string>> lines;
+    CellLines lines;
     std::size_t most = 1;
     for (std::size_t i = 0; i < block.cells.size(); ++i) {
         const ReportFont font = FontOf(FontAt(block.font), block.cells[i]);
         lines.push_back(LinesOf(block.cells[i], block.columns[i], font,
-                                WidthOf(block.columns[i], textWidth) - 2 * CellPadding));
+                                WidthOf(block.columns[i], PageWidth()) - 2 * CellPadding));
         most = std::max(most, lines.back().size());
     }
-    const Twips lineHeight = measures_.Height(FontAt(block.font));
-    const Twips height = static_cast<Twips>(most) * lineHeight + CellPadding;
-    // A row that is taller than a page is drawn where it falls.
-    if (y_ > 0 && y_ + height > PageHeight()) NewPage();
+    const auto linesThatFit = [&] {
+        const Twips room = PageHeight() - CellPadding - y_;
+        return static_cast<std::size_t>(
+            std::max(0, room / std::max(1, measures_.Height(FontAt(block.font)))));
+    };
+    if (y_ > 0 && most > linesThatFit()) NewPage();
     tables_.back().page = CurrentPage();
-    const Twips top = y_;
-    if (block.shade) Draw(DrawnPageBox{{0, top, textWidth, top + height}, *block.shade, false, 0});
-    Twips left = 0;
-    for (std::size_t i = 0; i < block.cells.size(); ++i) {
-        const Twips width = WidthOf(block.columns[i], textWidth);
-        DrawCell(lines[i], block.cells[i], block.columns[i], FontOf(FontAt(block.font), block.cells[i]), left,
-                 width);
-        left += width;
+    for (std::size_t first = 0; first < most;) {
+        if (first > 0) NewPage();
+        const std::size_t end = std::min(most, first + std::max<std::size_t>(1, linesThatFit()));
+        DrawPart(block, lines, {first, end});
+        first = end;
     }
-    DrawBorders(block, top, top + height);
-    y_ = top + height;
 }
 
-void VpDocument::DrawCell(const std::vector<std::string>& lines, const TableBlockCell& cell,
-                          const TableColumn& column, const ReportFont& font, Twips left, Twips width) {
+void VpDocument::DrawPart(const TableBlock& block, const CellLines& lines, LinePart part) {
+    const auto count = static_cast<Twips>(part.end - part.first);
+    const Twips top = y_;
+    const Twips bottom = top + count * measures_.Height(FontAt(block.font)) + CellPadding;
+    if (block.shade) Draw(DrawnPageBox{{0, top, PageWidth(), bottom}, *block.shade, false, 0});
+    Twips left = 0;
+    for (std::size_t i = 0; i < block.cells.size(); ++i) {
+        const Twips right = left + WidthOf(block.columns[i], PageWidth());
+        DrawCell(lines[i], part, block.cells[i], block.columns[i], FontOf(FontAt(block.font), block.cells[i]),
+                 {left, top, right, bottom});
+        left = right;
+    }
+    DrawBorders(block, top, bottom);
+    y_ = bottom;
+}
+
+void VpDocument::DrawCell(const std::vector<std::string>& lines, LinePart part, const TableBlockCell& cell,
+                          const TableColumn& column, const ReportFont& font, TwipsBox place) {
     const int fontIndex = FontIndex(font);
-    const Twips lineHeight = measures_.Height(font);
-    Twips y = y_ + CellPadding / 2;
-    for (const std::string& line : lines) {
+    Twips y = place.top + CellPadding / 2;
+    for (std::size_t i = part.first; i < std::min(part.end, lines.size()); ++i) {
+        const std::string& line = lines[i];
         if (!line.empty()) {
             const Twips textWidth = measures_.Width(font, line);
-            Twips x = left + CellPadding;
-            if (column.align == CellAlign::Centre) x = left + (width - textWidth) / 2;
-            if (column.align == CellAlign::Right) x = left + width - CellPadding - textWidth;
+            Twips x = place.left + CellPadding;
+            if (column.align == CellAlign::Centre) x = place.left + (place.Width() - textWidth) / 2;
+            if (column.align == CellAlign::Right) x = place.right - CellPadding - textWidth;
             Draw(DrawnPageText{x, y, line, fontIndex, cell.colour});
         }
-        y += lineHeight;
+        y += measures_.Height(font);
     }
 }
 

@@ -112,19 +112,31 @@ class VpDocument : public Vp {
     /// Of the document that was started last.
     PageOrientation Orientation() const { return orientation_; }
     const Paper& Sheet() const { return paper_; }
+    /// Another sheet; takes effect at the next StartDoc.
+    void Sheet(const Paper& paper) { wantedPaper_ = paper; }
 
   private:
+    /// The lines of a block's cells, [column][line].
+    using CellLines = std::vector<std::vector<std::string>>;
+    /// Some of these lines: as many as a page has room for.
+    struct LinePart {
+        std::size_t first = 0;
+        std::size_t end = 0;
+    };
+
     int FontIndex(const ReportFont& font);
     void Draw(PageOperation operation);
     void LayOut(const TableBlock& block);
+    void DrawPart(const TableBlock& block, const CellLines& lines, LinePart part);
     std::vector<std::string> LinesOf(const TableBlockCell& cell, const TableColumn& column,
                                      const ReportFont& font, Twips width) const;
-    void DrawCell(const std::vector<std::string>& lines, const TableBlockCell& cell,
-                  const TableColumn& column, const ReportFont& font, Twips left, Twips width);
+    void DrawCell(const std::vector<std::string>& lines, LinePart part, const TableBlockCell& cell,
+                  const TableColumn& column, const ReportFont& font, TwipsBox place);
     void DrawBorders(const TableBlock& block, Twips top, Twips bottom);
 
     const FontMeasures& measures_;
     Paper paper_;
+    Paper wantedPaper_;
     ReportFont font_;
     std::vector<ReportFont> fonts_;
     PageOrientation wanted_ = PageOrientation::Portrait;
