@@ -1,5 +1,6 @@
 #include "reports/HtmlDocument.h"
 
+#include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/files/WholeFile.h"
 
@@ -7,49 +8,92 @@
 #include <array>
 #include <cmath>
 #include <cstdio>
+#include <map>
 
 namespace tvx {
 namespace {
 
+// On a phone a row becomes a block: each cell stands on a line of its own behind the name of its column, or,
+// where the columns have no names, behind the cell before it. Empty cells go.
 constexpr std::string_view Style = R"(
 body{margin:1rem auto;padding:0 .5rem;max-width:75rem;background:#fff;color:#000}
 table{width:100%;border-collapse:collapse;table-layout:fixed}
-th,td{padding:.15rem .3rem;vertical-align:top;font-weight:inherit;overflow-wrap:anywhere;text-align:left}
-.box{border:1px solid #888}.columns,.columns th,.columns td{border:1px solid #888}
-.c{text-align:center}.r{text-align:right}.b{font-weight:bold}.n{font-weight:normal}
+th,td{padding:.15rem .3rem;vertical-align:top;font-weight:inherit;text-align:left;
+white-space:pre-wrap;overflow-wrap:anywhere}
+.box{border:1px solid #888}.columns th,.columns td{border:1px solid #888}
+.columns+.columns,.columns+.box,.box+.columns{margin-top:-1px}
+.c{text-align:center}.r{text-align:right}.b{font-weight:bold}
 .hidden{position:absolute;width:1px;height:1px;overflow:hidden;clip-path:inset(50%);white-space:nowrap}
-caption{height:0}
-@media (max-width:40rem){
-.grid,.grid tbody,.grid tr,.grid td,.grid th{display:block;width:auto;text-align:left}
-.grid{border-bottom:1px solid #888}.grid td:empty,.grid.head{display:none}
-.grid td[data-label]::before{content:attr(data-label) ": ";font-weight:bold}
-.grid br{display:none}.grid .line{display:block}
+@media screen and (max-width:40rem){
+body{font-size:.9rem}
+.grid,.grid tbody{display:block}.grid td:empty,.head{display:none}
+.grid tr{display:flex;flex-wrap:wrap;column-gap:.7rem}
+.grid th,.grid td{display:block;text-align:left}
+.push{margin-left:auto}
+.named,.rows{border-bottom:1px solid #888}
+.named tr,.rows tr{display:block}
+.columns th,.columns td{border:0}
+.named th{font-weight:bold}
+.named td[data-label]{position:relative;padding-left:11em}
+.named td[data-label]::before{content:attr(data-label);position:absolute;left:.3rem}
+.rows th{display:none}
+[data-row]::before{content:attr(data-row) " "}
 }
-@media print{body{margin:0;max-width:none}table{break-inside:avoid}}
+@media print{
+body{margin:0;max-width:none;-webkit-print-color-adjust:exact;print-color-adjust:exact}
+table{break-inside:avoid}
+}
 )";
 
+/// Characters that a page may hold: no control characters, no code points that are set aside.
+bool IsForPages(char32_t c) {
+    if (c < 0x20) return c == U'\t';
+    if (c >= 0x7F && c < 0xA0) return false;
+    return (c & 0xFFFE) != 0xFFFE && (c < 0xFDD0 || c > 0xFDEF);
+}
+
+/// Characters beyond ASCII, damaged ones as a mark of replacement.
+void AppendForeign(std::string& html, std::string_view bytes) {
+    for (const char32_t c : DecodeUtf8(bytes))
+        if (IsForPages(c)) AppendUtf8(html, c);
+}
+
+void AppendPlain(std::string& html, char c) {
+    switch (c) {
+    case '&':
+        html += "&amp;";
+        break;
+    case '<':
+        html += "&lt;";
+        break;
+    case '>':
+        html += "&gt;";
+        break;
+    case '"':
+        html += "&quot;";
+        break;
+    case '\'':
+        html += "&#39;";
+        break;
+    default:
+        if (IsForPages(static_cast<unsigned char>(c))) html += c;
+    }
+}
+
+bool IsAscii(char c) {
+    return static_cast<unsigned char>(c) < 0x80;
+}
+
 void AppendEscaped(std::string& html, std::string_view text) {
-    for (const char c : text) {
-        switch (c) {
-        case '&':
-            html += "&amp;";
-            break;
-        case '<':
-            html += "&lt;";
-            break;
-        case '>':
-            html += "&gt;";
-            break;
-        case '"':
-            html += "&quot;";
-            break;
-        case '\'':
-            html += "&#39;";
-            break;
-        default:
-            // Control characters have no place in a page.
-            if (static_cast<unsigned char>(c) >= 32 || c == '\t') html += c;
+    for (std::size_t i = 0; i < text.size();) {
+        if (IsAscii(text[i])) {
+            AppendPlain(html, text[i++]);
+            continue;
         }
+        std::size_t end = i;
+        while (end < text.size() && !IsAscii(text[end])) ++end;
+        AppendForeign(html, text.substr(i, end - i));
+        i = end;
     }
 }
 
@@ -79,7 +123,7 @@ double Luminance(Colour c) {
     return 0.2126 * Channel(RedOf(c)) + 0.7152 * Channel(GreenOf(c)) + 0.0722 * Channel(BlueOf(c));
 }
 
-const char* AlignClass(CellAlign align) {
+std::string_view AlignClass(CellAlign align) {
     switch (align) {
     case CellAlign::Centre:
         return "c";
@@ -91,7 +135,7 @@ const char* AlignClass(CellAlign align) {
     return "";
 }
 
-const char* BorderClass(TableBorders border) {
+std::string_view BorderClass(TableBorders border) {
     switch (border) {
     case TableBorders::Box:
         return " box";
@@ -103,9 +147,34 @@ const char* BorderClass(TableBorders border) {
     return "";
 }
 
+bool IsGrid(const TableBlock& block) {
+    return block.columns.size() > 1;
+}
+
 bool IsHead(const TableBlock& block) {
-    return block.columns.size() > 1 && std::any_of(block.columns.begin(), block.columns.end(),
-                                                   [](const TableColumn& column) { return column.head; });
+    return IsGrid(block) && std::any_of(block.columns.begin(), block.columns.end(),
+                                        [](const TableColumn& column) { return column.head; });
+}
+
+bool IsBlank(std::string_view text) {
+    return text.find_first_not_of(" \n") == std::string_view::npos;
+}
+
+std::string FirstLine(const std::string& text) {
+    return text.substr(0, text.find('\n'));
+}
+
+std::string OnOneLine(std::string text) {
+    std::replace(text.begin(), text.end(), '\n', ' ');
+    return Trim(text);
+}
+
+/// A font name as a style sheet may hold it between quotes.
+std::string SafeFontName(const std::string& name) {
+    std::string safe;
+    for (const char c : name)
+        if (c != '"' && c != '\\' && c != '<' && c != '>' && c != '\'' && c != '&') safe += c;
+    return Escaped(safe);
 }
 
 /// Writes the blocks of a document one after the other and remembers the heads that name the columns.
@@ -114,102 +183,169 @@ class PageWriter {
     explicit PageWriter(const VpDocument& document) : document_(document) {}
 
     std::string Write(const std::string& title, const std::string& language) {
-        html_ = "<!DOCTYPE html>\n<html lang=\"" + Escaped(language) +
-                "\">\n<head>\n<meta charset=\"utf-8\">\n" +
-                "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
-                Escaped(title) + "</title>\n<style>" + std::string(Style) + FontRule() +
-                "</style>\n</head>\n<body>\n<main>\n<h1 class=\"hidden\">" + Escaped(title) + "</h1>\n";
         for (const TableBlock& block : document_.Tables()) WriteBlock(block);
-        html_ += "</main>\n</body>\n</html>\n";
-        return std::move(html_);
+        const std::string safeTitle = Escaped(title);
+        return "<!DOCTYPE html>\n<html lang=\"" + Escaped(language) +
+               "\">\n<head>\n<meta charset=\"utf-8\">\n"
+               "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
+               safeTitle + "</title>\n<style>" + FontRule() + std::string(Style) + ColourRules() +
+               "</style>\n</head>\n<body>\n<main>\n<h1 class=\"hidden\">" + safeTitle + "</h1>\n" + html_ +
+               "</main>\n</body>\n</html>\n";
     }
 
   private:
+    // ---- the style ----
+
     std::string FontRule() const {
         if (document_.Tables().empty()) return "";
         const ReportFont& font = document_.FontAt(document_.Tables().front().font);
-        std::string name;
-        for (const char c : font.name)
-            if (c != '"' && c != '\\' && c != '<' && c != '>' && static_cast<unsigned char>(c) >= 32)
-                name += c;
-        return "body{font:" + std::string(font.italic ? "italic " : "") +
-               std::to_string(font.size).substr(0, 4) + "pt/1.35 \"" + name + "\",Arial,sans-serif}\n";
+        return "\nbody{font:" + std::string(font.italic ? "italic " : "") + TrimmedNumber(font.size) +
+               "pt/1.35 \"" + SafeFontName(font.name) + "\",Arial,sans-serif}";
     }
 
+    std::string ColourRules() const {
+        std::string rules;
+        for (const auto& [pair, number] : colours_)
+            rules +=
+                ".k" + std::to_string(number) + "{color:" + HexOf(Readable(pair.first, pair.second)) + "}\n";
+        return rules;
+    }
+
+    /// The class of a text colour on a ground.
+    int ColourClass(const TableBlockCell& cell, const TableBlock& block) {
+        const Colour ground = block.shade ? Plain(*block.shade) : QBColor(15);
+        const auto known = static_cast<int>(colours_.size());
+        return colours_.try_emplace({Plain(cell.colour), ground}, known).first->second;
+    }
+
+    // ---- a table for each block ----
+
     void WriteBlock(const TableBlock& block) {
-        const bool grid = block.columns.size() > 1;
-        const bool head = IsHead(block);
-        if (head) TakeHeads(block);
-        html_ += "<table class=\"" + std::string(grid ? "grid" : "line") + (head ? " head" : "") +
-                 BorderClass(block.border) + "\"" + (grid ? "" : " role=\"presentation\"") + ">";
-        if (grid) {
-            html_ += "<caption class=\"hidden\">";
-            AppendEscaped(html_, CaptionOf(block));
-            html_ += "</caption>";
-        }
+        TakeHeads(block);
+        const bool grid = IsGrid(block);
+        html_ += "<table class=\"";
+        html_ += grid ? "grid" : "line";
+        html_ += IsHead(block) ? " head" : IsNamed(block) ? " named" : HasRows(block) ? " rows" : "";
+        html_ += BorderClass(block.border);
+        html_ += grid ? "\">" : "\" role=\"presentation\">";
+        if (grid) WriteCaption(block);
         WriteColumns(block);
-        html_ += block.shade ? "<tbody><tr style=\"background:" + HexOf(*block.shade) + "\">" : "<tbody><tr>";
-        for (std::size_t i = 0; i < block.cells.size(); ++i) WriteCell(block, i, grid);
+        html_ += "<tbody>";
+        html_ += block.shade ? "<tr style=\"background:" + HexOf(*block.shade) + "\">" : "<tr>";
+        pushed_ = false;
+        for (std::size_t i = 0; i < block.cells.size(); ++i) WriteCell(block, i);
         html_ += "</tr></tbody></table>\n";
     }
 
+    /// The first of several head rows names the columns below them.
     void TakeHeads(const TableBlock& block) {
-        heads_.clear();
-        for (const TableBlockCell& cell : block.cells) heads_.push_back(FirstLine(cell.text));
+        const bool head = IsHead(block);
+        if (head && !afterHead_) {
+            heads_.clear();
+            for (const TableBlockCell& cell : block.cells) heads_.push_back(Escaped(OnOneLine(cell.text)));
+        }
+        afterHead_ = head;
     }
 
-    static std::string FirstLine(const std::string& text) { return text.substr(0, text.find('\n')); }
+    /// True for a row whose cells stand below named columns, with or without one more column of sums.
+    bool IsNamed(const TableBlock& block) const {
+        return heads_.size() > 1 &&
+               (block.columns.size() == heads_.size() || block.columns.size() == heads_.size() + 1);
+    }
 
-    static std::string CaptionOf(const TableBlock& block) {
-        for (const TableBlockCell& cell : block.cells)
-            if (!Trim(cell.text).empty()) return FirstLine(cell.text);
-        return "Schedule";
+    /// True when the lines of the first cell name the lines of the others.
+    bool HasRows(const TableBlock& block) const {
+        return IsGrid(block) && block.columns.size() != heads_.size() &&
+               block.cells.front().text.find('\n') != std::string::npos;
+    }
+
+    void WriteCaption(const TableBlock& block) {
+        html_ += "<caption class=\"hidden\">";
+        const auto first = std::find_if(block.cells.begin(), block.cells.end(),
+                                        [](const TableBlockCell& cell) { return !IsBlank(cell.text); });
+        AppendEscaped(html_, first == block.cells.end() ? "Schedule" : Trim(FirstLine(first->text)));
+        html_ += "</caption>";
     }
 
     void WriteColumns(const TableBlock& block) {
         html_ += "<colgroup>";
-        for (const TableColumn& column : block.columns) {
-            std::array<char, 40> width{};
-            std::snprintf(width.data(), width.size(), "<col style=\"width:%.4g%%\">", column.percent);
-            html_ += width.data();
-        }
+        for (const TableColumn& column : block.columns)
+            html_ += "<col style=\"width:" + TrimmedNumber(column.percent) + "%\">";
         html_ += "</colgroup>";
     }
 
-    void WriteCell(const TableBlock& block, std::size_t i, bool grid) {
+    // ---- cells ----
+
+    void WriteCell(const TableBlock& block, std::size_t i) {
         const TableBlockCell& cell = block.cells[i];
-        const bool head =
-            grid && (IsHead(block) ? !Trim(cell.text).empty() : i == 0 && !Trim(cell.text).empty());
-        const char* tag = head ? "th" : "td";
-        const Colour ground = block.shade ? *block.shade : QBColor(15);
-        html_ += std::string("<") + tag;
+        const bool head = IsGrid(block) && !IsBlank(cell.text) && (i == 0 || IsHead(block));
+        html_ += head ? "<th" : "<td";
         if (head) html_ += IsHead(block) ? " scope=\"col\"" : " scope=\"row\"";
-        const std::string classes = std::string(AlignClass(block.columns[i].align)) + (cell.bold ? " b" : "");
-        if (!classes.empty()) html_ += " class=\"" + classes + "\"";
-        html_ += " dir=\"auto\" style=\"color:" + HexOf(Readable(Plain(cell.colour), Plain(ground))) + "\"";
-        if (!head && grid && i < heads_.size() && heads_.size() == block.cells.size() &&
-            !Trim(heads_[i]).empty()) {
-            html_ += " data-label=\"";
-            AppendEscaped(html_, heads_[i]);
-            html_ += "\"";
-        }
+        WriteClasses(block, i);
+        // Only letters beyond ASCII can run from right to left.
+        if (!std::all_of(cell.text.begin(), cell.text.end(), IsAscii)) html_ += " dir=\"auto\"";
+        if (!head) WriteLabel(block, i);
         html_ += ">";
-        WriteLines(cell.text);
-        html_ += std::string("</") + tag + ">";
+        WriteLines(block, i);
+        html_ += head ? "</th>" : "</td>";
     }
 
-    void WriteLines(const std::string& text) {
-        bool first = true;
-        for (const std::string& line : Split(text, '\n')) {
-            if (!first) html_ += "<br>";
-            AppendEscaped(html_, first && Trim(text).empty() ? Trim(line) : line);
-            first = false;
+    void WriteClasses(const TableBlock& block, std::size_t i) {
+        const TableBlockCell& cell = block.cells[i];
+        html_ += " class=\"k" + std::to_string(ColourClass(cell, block));
+        const std::string_view align = AlignClass(block.columns[i].align);
+        if (!align.empty()) html_.append(" ").append(align);
+        if (cell.bold) html_ += " b";
+        if (IsPushed(block, i)) html_ += " push";
+        html_ += "\"";
+    }
+
+    /// True for the first figure behind the texts of a row, which a phone pushes to its right edge.
+    bool IsPushed(const TableBlock& block, std::size_t i) {
+        const std::size_t texts = IsBlank(block.cells.front().text) ? 1 : 2;
+        if (pushed_ || i < texts || block.columns[i].align != CellAlign::Right ||
+            IsBlank(block.cells[i].text))
+            return false;
+        return pushed_ = true;
+    }
+
+    void WriteLabel(const TableBlock& block, std::size_t i) {
+        if (IsHead(block) || !IsNamed(block)) return;
+        const std::size_t sums = block.columns.size() - heads_.size();
+        if (i <= sums || heads_[i - sums].empty()) return;
+        html_ += " data-label=\"" + heads_[i - sums] + "\"";
+    }
+
+    void WriteLines(const TableBlock& block, std::size_t i) {
+        const std::string& text = block.cells[i].text;
+        if (IsBlank(text)) {
+            if (!IsGrid(block)) html_ += "&nbsp;"; // a line that parts two others
+            return;
         }
+        const std::vector<std::string> lines = Split(text, '\n');
+        std::vector<std::string> names;
+        if (i > 0 && HasRows(block)) names = Split(block.cells.front().text, '\n');
+        for (std::size_t line = 0; line < lines.size(); ++line) {
+            if (line > 0) html_ += "<br>";
+            if (names.size() == lines.size() && !IsBlank(lines[line]))
+                WriteNamedLine(names[line], lines[line]);
+            else
+                AppendEscaped(html_, lines[line]);
+        }
+    }
+
+    void WriteNamedLine(const std::string& name, const std::string& line) {
+        html_ += "<span data-row=\"" + Escaped(name) + "\">";
+        AppendEscaped(html_, line);
+        html_ += "</span>";
     }
 
     const VpDocument& document_;
     std::string html_;
-    std::vector<std::string> heads_; // texts of the last head row
+    std::vector<std::string> heads_; // texts of the head row that is in force, escaped
+    bool afterHead_ = false;
+    bool pushed_ = false;                              // in the present row
+    std::map<std::pair<Colour, Colour>, int> colours_; // text, ground; number of the class
 };
 
 } // namespace
@@ -221,8 +357,10 @@ double ContrastOf(Colour a, Colour b) {
 
 Colour Readable(Colour text, Colour ground) {
     constexpr double Enough = 4.5;
-    for (int step = 0; step < 20 && ContrastOf(text, ground) < Enough; ++step)
-        text = RGB(RedOf(text) * 9 / 10, GreenOf(text) * 9 / 10, BlueOf(text) * 9 / 10);
+    const bool darker = ContrastOf(QBColor(0), ground) >= ContrastOf(QBColor(15), ground);
+    const auto step = [&](unsigned part) { return darker ? part * 9 / 10 : part + (264 - part) / 10; };
+    while (ContrastOf(text, ground) < Enough)
+        text = RGB(step(RedOf(text)), step(GreenOf(text)), step(BlueOf(text)));
     return text;
 }
 

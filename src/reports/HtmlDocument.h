@@ -9,8 +9,9 @@
 namespace tvx {
 
 /// The page: self-contained, valid HTML 5, readable on a phone and when printed. One table for each block,
-/// with the columns' alignment and shares; the row of day names is the head of the rows below it. Text
-/// colours that would be too faint on their ground are darkened until they can be read.
+/// with the columns' alignment and shares; a row of head cells names the columns of the rows below it, and on
+/// a phone each of their cells. Text colours that would be too faint on their ground are changed until they
+/// can be read. Characters that a page may not hold are left out, damaged ones marked.
 std::string HtmlOf(const VpDocument& document, const std::string& title, const std::string& language);
 
 /// Writes the page in one step. Throws FileError; an existing file is then as it was.
@@ -19,7 +20,7 @@ void WriteHtml(const VpDocument& document, const std::string& title, const std::
 
 /// The contrast of two colours as WCAG counts it, 1 to 21.
 double ContrastOf(Colour a, Colour b);
-/// The colour itself, or darker until its contrast to the ground is at least 4.5.
+/// The colour itself, or darker, on a dark ground lighter, until its contrast is at least 4.5.
 Colour Readable(Colour text, Colour ground);
 
 } // namespace tvx
