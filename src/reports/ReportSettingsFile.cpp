@@ -15,6 +15,7 @@ namespace tvx {
 namespace {
 
 constexpr int ReservedLines = 3;
+constexpr double LargestFont = 200; // points
 
 std::filesystem::path PathOf(const GlobalState& g, std::string_view extension) {
     return FilePath(g.paths.ProgramPath,
@@ -43,6 +44,9 @@ void ReadReportSettings(GlobalState& g, std::string_view extension) {
         [&] { s.ReportFontBold = WholeNumber(reader.value()) != 0; },
         [&] { s.ReportFontItalic = WholeNumber(reader.value()) != 0; },
         [&] { s.ReportOrientation = std::clamp(WholeNumber(reader.value()), 0, 1); },
+        [&] {
+            for (int i = 0; i < ReservedLines; ++i) WholeNumber(reader.value());
+        },
     };
     for (const auto& statement : statements) {
         try {
@@ -69,7 +73,9 @@ void WriteReportSettings(const GlobalState& g, std::string_view extension) {
 ReportFont FontOfSettings(const ReportSettings& settings) {
     ReportFont font;
     if (!Trim(settings.ReportFontName).empty()) font.name = settings.ReportFontName;
-    font.size = std::clamp(settings.ReportFontSize, 1.0, 200.0);
+    // A file can hold any number; one that cannot be a size of letters is not used as one.
+    const double size = settings.ReportFontSize;
+    font.size = size >= 1 && size <= LargestFont ? size : ReportFont().size;
     font.italic = settings.ReportFontItalic;
     return font;
 }
