@@ -5,13 +5,13 @@
 #include "platform/qt/Scale.h"
 
 #include <QBuffer>
-#include <QFontMetricsF>
 #include <QPageSize>
 #include <QPainter>
 #include <QPdfWriter>
 
-#include <map>
-#include <tuple>
+#include <algorithm>
+#include <numeric>
+#include <optional>
 
 namespace tvx::qt {
 namespace {
@@ -22,30 +22,21 @@ QString ToText(std::string_view text) {
     return QString::fromUtf8(text.data(), static_cast<int>(text.size()));
 }
 
-/// Metrics of a font, made once for each.
-const QFontMetricsF& MetricsOf(const ReportFont& font) {
-    using Key = std::tuple<std::string, double, bool, bool>;
-    static std::map<Key, QFontMetricsF> known;
-    const Key key{font.name, font.size, font.bold, font.italic};
-    auto found = known.find(key);
-    if (found == known.end()) found = known.emplace(key, QFontMetricsF(FontInTwips(font))).first;
-    return found->second;
-}
-
-/// Paints the operations of one page; fonts are made once.
-class PagePainter {
+/// Paints operations one after the other; each font is made once.
+class OperationPainter {
   public:
-    PagePainter(QPainter& painter, const VpDocument& document) : painter_(painter), document_(document) {}
+    OperationPainter(QPainter& painter, const VpDocument& document)
+        : painter_(painter), document_(document) {}
+
+    void Paint(int page) {
+        font_ = -1;
+        for (const PageOperation& operation : document_.Page(page)) std::visit(*this, operation);
+    }
 
     void operator()(const DrawnPageText& text) {
-        const ReportFont& font = document_.FontAt(text.font);
-        if (text.font != font_) {
-            font_ = text.font;
-            painter_.setFont(FontInTwips(font));
-            ascent_ = MetricsOf(font).ascent();
-        }
+        UseFont(text.font);
         painter_.setPen(ToColor(text.colour));
-        painter_.drawText(QPointF(text.x, text.y + ascent_), ToText(text.text));
+        painter_.drawText(QPointF(text.x, text.y + Font(text.font).ascent), ToText(text.text));
     }
 
     void operator()(const DrawnPageLine& line) {
@@ -63,16 +54,47 @@ class PagePainter {
     }
 
   private:
+    struct MadeFont {
+        QFont font;
+        double ascent = 0;
+    };
+
     static QPen PenOf(Colour colour, int width) {
         constexpr double Thin = 8; // twips; a hair on paper, a pixel on a screen
         return {ToColor(colour), Thin * (1 + width), Qt::SolidLine, Qt::FlatCap};
     }
 
+    const MadeFont& Font(int index) {
+        const auto place = static_cast<std::size_t>(index);
+        if (fonts_.size() <= place) fonts_.resize(place + 1);
+        if (!fonts_[place]) {
+            const QFont font = FontInTwips(document_.FontAt(index));
+            fonts_[place] = MadeFont{font, QFontMetricsF(font).ascent()};
+        }
+        return *fonts_[place];
+    }
+
+    void UseFont(int index) {
+        if (index == font_) return;
+        font_ = index;
+        painter_.setFont(Font(index).font);
+    }
+
     QPainter& painter_;
     const VpDocument& document_;
+    std::vector<std::optional<MadeFont>> fonts_; // by the document's index
     int font_ = -1;
-    double ascent_ = 0;
 };
+
+void SetUpSheets(QPdfWriter& writer, const VpDocument& document) {
+    const Paper& sheet = document.Sheet();
+    const QSizeF points(sheet.width / TwipsPerPoint, sheet.height / TwipsPerPoint);
+    const bool across = document.Orientation() == PageOrientation::Landscape;
+    writer.setPageLayout(QPageLayout(QPageSize(points, QPageSize::Point),
+                                     across ? QPageLayout::Landscape : QPageLayout::Portrait, QMarginsF()));
+    writer.setResolution(TwipsPerInch);
+    writer.setCreator(QStringLiteral("Tarvex"));
+}
 
 } // namespace
 
@@ -85,6 +107,13 @@ QFont FontInTwips(const ReportFont& font) {
     return made;
 }
 
+const QFontMetricsF& QtFontMeasures::MetricsOf(const ReportFont& font) const {
+    const auto found =
+        std::find_if(known_.begin(), known_.end(), [&](const auto& known) { return known.first == font; });
+    if (found != known_.end()) return found->second;
+    return known_.emplace_back(font, QFontMetricsF(FontInTwips(font))).second;
+}
+
 Twips QtFontMeasures::Width(const ReportFont& font, std::string_view text) const {
     return static_cast<Twips>(std::lround(MetricsOf(font).horizontalAdvance(ToText(text))));
 }
@@ -94,34 +123,42 @@ Twips QtFontMeasures::Height(const ReportFont& font) const {
 }
 
 void PaintPage(QPainter& painter, const VpDocument& document, int page) {
-    PagePainter paint(painter, document);
-    for (const PageOperation& operation : document.Page(page)) std::visit(paint, operation);
+    OperationPainter(painter, document).Paint(page);
 }
 
-void WritePdf(const VpDocument& document, const std::string& title, const std::filesystem::path& file) {
+void PaintPages(QPainter& painter, QPagedPaintDevice& device, const VpDocument& document,
+                const std::vector<int>& pages, double scale) {
+    OperationPainter paint(painter, document);
+    bool first = true;
+    for (const int page : pages) {
+        if (!first && !device.newPage()) return;
+        first = false;
+        painter.resetTransform();
+        painter.scale(scale, scale);
+        painter.translate(document.Sheet().margin, document.Sheet().margin);
+        paint.Paint(page);
+    }
+}
+
+void WritePdf(const VpDocument& document, const std::string& title, const std::filesystem::path& file,
+              const std::vector<int>& pages) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
     {
         QPdfWriter writer(&buffer);
-        const Paper& sheet = document.Sheet();
-        const QSizeF points(sheet.width / TwipsPerPoint, sheet.height / TwipsPerPoint);
-        const bool across = document.Orientation() == PageOrientation::Landscape;
-        writer.setPageLayout(QPageLayout(QPageSize(points, QPageSize::Point),
-                                         across ? QPageLayout::Landscape : QPageLayout::Portrait,
-                                         QMarginsF()));
-        writer.setResolution(TwipsPerInch);
+        SetUpSheets(writer, document);
         writer.setTitle(ToText(title));
-        writer.setCreator(QStringLiteral("Tarvex"));
         QPainter painter(&writer);
-        for (int page = 1; page <= document.PageCount(); ++page) {
-            if (page > 1) writer.newPage();
-            painter.resetTransform();
-            painter.translate(sheet.margin, sheet.margin);
-            PaintPage(painter, document, page);
-        }
+        PaintPages(painter, writer, document, pages, 1);
     }
     ReplaceWholeFile(file, std::string_view(bytes.constData(), static_cast<std::size_t>(bytes.size())));
+}
+
+void WritePdf(const VpDocument& document, const std::string& title, const std::filesystem::path& file) {
+    std::vector<int> all(static_cast<std::size_t>(document.PageCount()));
+    std::iota(all.begin(), all.end(), 1);
+    WritePdf(document, title, file, all);
 }
 
 } // namespace tvx::qt

@@ -85,13 +85,23 @@ void Preview::paintEvent(QPaintEvent*) {
 
 void Preview::mousePressEvent(QMouseEvent* event) {
     grabbed_ = event->position();
+    if (event->button() == Qt::LeftButton) setCursor(Qt::ClosedHandCursor);
     setFocus();
 }
 
 void Preview::mouseMoveEvent(QMouseEvent* event) {
     if ((event->buttons() & Qt::LeftButton) == 0) return;
-    offset_ += event->position() - grabbed_;
+    Move(event->position() - grabbed_);
     grabbed_ = event->position();
+}
+
+void Preview::mouseReleaseEvent(QMouseEvent*) {
+    setCursor(Qt::OpenHandCursor);
+}
+
+/// Moves the sheet, as far as it stays in sight.
+void Preview::Move(QPointF by) {
+    offset_ += by;
     KeepInside();
     update();
 }
@@ -111,48 +121,52 @@ void Preview::mouseDoubleClickEvent(QMouseEvent* event) {
 }
 
 void Preview::wheelEvent(QWheelEvent* event) {
-    if (!zoomed_) {
-        GoToPage(page_ + (event->angleDelta().y() < 0 ? 1 : -1));
-        return;
-    }
-    offset_ += QPointF(0, event->angleDelta().y());
-    KeepInside();
-    update();
+    constexpr int Notch = 120;
+    if (zoomed_) return Move(event->angleDelta());
+    turned_ += event->angleDelta().y();
+    const int pages = turned_ / Notch;
+    turned_ -= pages * Notch;
+    GoToPage(page_ - pages);
 }
 
 void Preview::keyPressEvent(QKeyEvent* event) {
+    if (!Key(event->key())) QWidget::keyPressEvent(event);
+}
+
+bool Preview::Key(int key) {
     constexpr double Step = 60;
-    switch (event->key()) {
+    switch (key) {
     case Qt::Key_PageDown:
-        return GoToPage(page_ + 1);
+        GoToPage(page_ + 1);
+        return true;
     case Qt::Key_PageUp:
-        return GoToPage(page_ - 1);
+        GoToPage(page_ - 1);
+        return true;
     case Qt::Key_Home:
-        return GoToPage(1);
+        GoToPage(1);
+        return true;
     case Qt::Key_End:
-        return GoToPage(document_ != nullptr ? document_->PageCount() : 1);
+        GoToPage(document_ != nullptr ? document_->PageCount() : 1);
+        return true;
     case Qt::Key_Plus:
     case Qt::Key_Minus:
-        if (zoomed_ != (event->key() == Qt::Key_Plus)) Zoom(rect().center());
-        return;
+        if (zoomed_ != (key == Qt::Key_Plus)) Zoom(rect().center());
+        return true;
     case Qt::Key_Up:
-        offset_ += QPointF(0, Step);
-        break;
+        Move({0, Step});
+        return true;
     case Qt::Key_Down:
-        offset_ -= QPointF(0, Step);
-        break;
+        Move({0, -Step});
+        return true;
     case Qt::Key_Left:
-        offset_ += QPointF(Step, 0);
-        break;
+        Move({Step, 0});
+        return true;
     case Qt::Key_Right:
-        offset_ -= QPointF(Step, 0);
-        break;
+        Move({-Step, 0});
+        return true;
     default:
-        QWidget::keyPressEvent(event);
-        return;
+        return false;
     }
-    KeepInside();
-    update();
 }
 
 void Preview::resizeEvent(QResizeEvent*) {

@@ -19,6 +19,8 @@ class Preview : public QWidget {
     int PageNumber() const { return page_; }
     void GoToPage(int page);
     bool IsZoomed() const { return zoomed_; }
+    /// Does what a key asks for: pages, zoom, moving. False for any other key.
+    bool Key(int key);
 
     /// The page shown has changed.
     std::function<void()> onPage;
@@ -27,6 +29,7 @@ class Preview : public QWidget {
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -37,12 +40,14 @@ class Preview : public QWidget {
     QSizeF SheetSize() const;
     void KeepInside();
     void Zoom(QPointF at);
+    void Move(QPointF by);
 
     const VpDocument* document_ = nullptr;
     int page_ = 1;
     bool zoomed_ = false;
     QPointF offset_; // of the sheet's top left, pixels
     QPointF grabbed_;
+    int turned_ = 0; // of the wheel since the last page, eighths of a degree
 };
 
 } // namespace tvx::qt

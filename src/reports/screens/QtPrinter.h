@@ -13,10 +13,14 @@ class QtPrinter : public Printer {
   public:
     QtPrinter();
     ~QtPrinter() override;
-    bool PrintDialog(PageOrientation orientation) override;
+    bool PrintDialog(PageOrientation orientation, const std::string& title) override;
+    Paper Sheet() const override;
     void Print(const VpDocument& document) override;
 
   private:
+    QPrinter& Device();
+    void PrintOnPaper(const VpDocument& document);
+
     std::unique_ptr<QPrinter> printer_; // made on first use: asking for printers takes its time
 };
 

@@ -6,16 +6,19 @@
 
 #include <QFontDatabase>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPainter>
+#include <QWindow>
 
 namespace tvx::qt {
 namespace {
 
-constexpr Twips FrameHeight = 900;
+constexpr Twips FrameHeight = 1080;
 constexpr Twips FontFrameWidth = 3300;
 constexpr Twips PaperFrameWidth = 2700;
 constexpr Twips Gap = 120;
-constexpr Twips FootHeight = 1200; // of the row of frames and buttons
+constexpr Twips FootHeight = 1200;      // of the row of frames and buttons
+constexpr Twips FramesInPreview = 4700; // left of font and paper there
 
 } // namespace
 
@@ -34,8 +37,8 @@ ReportForm::ReportForm(GlobalState& g, Ports& ports, Printer& printer, const cha
     cmdPrint = &AddButton("cmdPrint", "&Print");
     On(*cmdPreview, &QPushButton::clicked, [this] { ShowPreview(); });
     On(*cmdPrint, &QPushButton::clicked, [this] {
-        PreviewClosed();
-        PrintNow();
+        BackToPaper();
+        Print();
     });
 }
 
@@ -77,27 +80,24 @@ void ReportForm::BuildPaper() {
     FontInPicture();
 }
 
+QPushButton* ReportForm::AddPreviewButton(const char* name, const QString& caption,
+                                          const std::string& accessible) {
+    auto& button = Add<QPushButton>(name, accessible);
+    button.setText(caption);
+    return &button;
+}
+
 void ReportForm::BuildPreview() {
     vp_ = &Add<Preview>("vp", "Preview of the pages");
-    vp_->hide();
     vp_->onPage = [this] { ShowPageNumber(); };
-    const auto button = [&](const char* name, const char* caption) {
-        auto& made = Add<QPushButton>(name, "");
-        made.setText(QLatin1String(caption));
-        made.hide();
-        return &made;
-    };
-    cmdPreviewPrint = button("cmdPreviewPrint", "&Print");
-    cmdCancelPreview = button("cmdCancelPreview", "&Cancel");
-    pageBack_ = button("cmdPageBack", "\u25C4");
-    pageBack_->setText(QStringLiteral("\u25C4"));
-    pageBack_->setAccessibleName(QStringLiteral("Page before"));
-    pageOn_ = button("cmdPageOn", "");
-    pageOn_->setText(QStringLiteral("\u25BA"));
-    pageOn_->setAccessibleName(QStringLiteral("Next page"));
+    pageBack_ = AddPreviewButton("cmdPageBack", QStringLiteral("\u25C4"), "Page before");
     pageNumber_ = &Add<Label>("lblPage", "Page");
     pageNumber_->SetAlignment(Qt::AlignCenter);
-    pageNumber_->hide();
+    pageOn_ = AddPreviewButton("cmdPageOn", QStringLiteral("\u25BA"), "Next page");
+    cmdCancelPreview = AddPreviewButton("cmdCancelPreview", QStringLiteral("&Cancel"), "");
+    cmdPreviewPrint = AddPreviewButton("cmdPreviewPrint", QStringLiteral("&Print"), "");
+    for (QWidget* part : {static_cast<QWidget*>(vp_), static_cast<QWidget*>(pageNumber_)}) part->hide();
+    for (QPushButton* part : {pageBack_, pageOn_, cmdCancelPreview, cmdPreviewPrint}) part->hide();
     On(*cmdPreviewPrint, &QPushButton::clicked, [this] { PrintFromPreview(); });
     On(*cmdCancelPreview, &QPushButton::clicked, [this] { ClosePreview(); });
     On(*pageBack_, &QPushButton::clicked, [this] { vp_->GoToPage(vp_->PageNumber() - 1); });
@@ -112,7 +112,7 @@ void ReportForm::FinishLayout(const std::string& title) {
     const QSize wanted = options_->sizeHint();
     const int foot = buttons_->sizeHint().width() + Pixels(FontFrameWidth + PaperFrameWidth + 5 * Gap);
     normalSize_ = {std::max(wanted.width() + 2 * Pixels(Gap), foot),
-                   wanted.height() + Pixels(FootHeight + 2 * Gap)};
+                   wanted.height() + Pixels(FootHeight + 3 * Gap)};
     PlaceNormal();
 }
 
@@ -123,8 +123,8 @@ void ReportForm::PlaceNormal() {
     const Twips width = ToTwips(normalSize_.width());
     const Twips top = ToTwips(normalSize_.height()) - FootHeight;
     Place(*options_, Gap, Gap, width - 2 * Gap, top - Gap);
-    Place(*Frame1, Gap, top, FontFrameWidth, FrameHeight + 180);
-    Place(*Frame2, 2 * Gap + FontFrameWidth, top, PaperFrameWidth, FrameHeight + 180);
+    Place(*Frame1, Gap, top, FontFrameWidth, FrameHeight);
+    Place(*Frame2, 2 * Gap + FontFrameWidth, top, PaperFrameWidth, FrameHeight);
     const QSize buttons = buttons_->sizeHint();
     buttons_->setGeometry(normalSize_.width() - buttons.width() - Pixels(Gap), Pixels(top + 480),
                           buttons.width(), buttons.height());
@@ -132,31 +132,38 @@ void ReportForm::PlaceNormal() {
     CenterForm();
 }
 
+/// As high as the screen but for 300 twips, the window's frame included.
 void ReportForm::PlacePreview() {
-    const Twips width = g_.screen.ScreenWidth - 300;
-    const Twips height = g_.screen.ScreenHeight - 300;
+    const QMargins frame = windowHandle() != nullptr ? windowHandle()->frameMargins() : QMargins();
+    const Twips width = ports_.screen.Width() - 300 - ToTwips(frame.left() + frame.right());
+    const Twips height = ports_.screen.Height() - 300 - ToTwips(frame.top() + frame.bottom());
     setFixedSize(Pixels(width), Pixels(height));
     Place(*vp_, 100, 100, width - 200, height - 1400);
-    Place(*Frame1, 4700, height - 1300, FontFrameWidth, FrameHeight + 180);
-    Place(*Frame2, 4700 + FontFrameWidth + Gap, height - 1300, PaperFrameWidth, FrameHeight + 180);
-    Place(*pageBack_, width - 5300, height - 1200, 500, 420);
-    Place(*pageNumber_, width - 4750, height - 1200, 1500, 420);
-    Place(*pageOn_, width - 3200, height - 1200, 500, 420);
-    Place(*cmdPreviewPrint, width - 2500, height - 1200, 1200, 420);
-    Place(*cmdCancelPreview, width - 1200, height - 1200, 1080, 420);
+    Place(*pageBack_, 100, height - 720, 600, 390);
+    Place(*pageNumber_, 750, height - 720, 1500, 390);
+    Place(*pageOn_, 2300, height - 720, 600, 390);
+    Place(*Frame1, FramesInPreview, height - 1300, FontFrameWidth, FrameHeight);
+    Place(*Frame2, FramesInPreview + FontFrameWidth + Gap, height - 1300, PaperFrameWidth, FrameHeight);
+    Place(*cmdCancelPreview, width - 2400, height - 1200, 1100, 420);
+    Place(*cmdPreviewPrint, width - 1200, height - 1200, 1100, 420);
     CenterForm();
 }
 
+void ReportForm::ShowParts(bool preview) {
+    for (QWidget* part : {options_, buttons_}) part->setVisible(!preview);
+    for (QPushButton* part : {cmdPreviewPrint, cmdCancelPreview, pageBack_, pageOn_})
+        part->setVisible(preview);
+    vp_->setVisible(preview);
+    pageNumber_->setVisible(preview);
+}
+
 void ReportForm::ShowPreview() {
+    openedFrom_ = focusWidget();
     previewShown_ = true;
-    options_->hide();
-    buttons_->hide();
     setWindowTitle(ToQString(PreviewTitle()));
     cmdPreviewPrint->setText(ToQString(PreviewPrintCaption()));
     PlacePreview();
-    for (QWidget* part : std::initializer_list<QWidget*>{vp_, cmdPreviewPrint, cmdCancelPreview, pageBack_,
-                                                         pageOn_, pageNumber_})
-        part->show();
+    ShowParts(true);
     FontInPicture();
     RunReport();
     vp_->GoToPage(1);
@@ -167,22 +174,18 @@ void ReportForm::ShowPreview() {
 
 void ReportForm::ClosePreview() {
     previewShown_ = false;
-    for (QWidget* part : std::initializer_list<QWidget*>{vp_, cmdPreviewPrint, cmdCancelPreview, pageBack_,
-                                                         pageOn_, pageNumber_})
-        part->hide();
-    options_->show();
-    buttons_->show();
+    ShowParts(false);
     PlaceNormal();
-    PreviewClosed();
+    BackToPaper();
     SetCancelButton(*cmdCancel);
-    cmdPreview->setFocus();
+    (openedFrom_ != nullptr ? openedFrom_ : cmdPreview)->setFocus();
     update();
 }
 
 void ReportForm::RunReport() {
     const Hourglass hourglass(ports_.prompt);
     document_.Orientation(OrientationOfSettings(g_.reports.settings));
-    document_.Font(FontOfSettings(g_.reports.settings));
+    document_.Font(FontOfDocument());
     Run(document_);
     if (previewShown_) vp_->Show(document_);
 }
@@ -194,17 +197,18 @@ void ReportForm::ShowPageNumber() {
     pageOn_->setEnabled(vp_->PageNumber() < pages);
 }
 
-void ReportForm::PrintNow() {
-    if (!printer_.PrintDialog(OrientationOfSettings(g_.reports.settings))) return;
+/// Asks for a printer and prints the report, drawn anew for its sheet. False on cancel.
+bool ReportForm::Print() {
+    if (!printer_.PrintDialog(OrientationOfSettings(g_.reports.settings), DocumentTitle())) return false;
+    document_.Sheet(printer_.Sheet());
     RunReport();
+    const Hourglass hourglass(ports_.prompt);
     printer_.Print(document_);
+    return true;
 }
 
 void ReportForm::PrintFromPreview() {
-    if (!printer_.PrintDialog(OrientationOfSettings(g_.reports.settings))) return;
-    RunReport();
-    printer_.Print(document_);
-    ClosePreview();
+    if (Print()) ClosePreview();
 }
 
 bool ReportForm::MayUnload() {
@@ -235,7 +239,8 @@ void ReportForm::ChooseFont() {
     settings.ReportFontSize = chosen->size;
     settings.ReportFontBold = chosen->bold;
     settings.ReportFontItalic = chosen->italic;
-    document_.Font(FontOfSettings(settings));
+    fontBold_ = chosen->bold;
+    document_.Font(FontOfDocument());
     if (!QFontDatabase::families().contains(ToQString(chosen->name))) {
         ports_.prompt.MsgBox("Font " + chosen->name + " is not available.", box::Ok, "Tarvex");
         return;
@@ -252,8 +257,14 @@ void ReportForm::ChooseOrientation(int index) {
 }
 
 void ReportForm::FontInPicture() {
-    document_.Font(FontOfSettings(g_.reports.settings));
+    document_.Font(FontOfDocument());
     Picture1->update();
+}
+
+ReportFont ReportForm::FontOfDocument() const {
+    ReportFont font = FontOfSettings(g_.reports.settings);
+    font.bold = fontBold_;
+    return font;
 }
 
 void ReportForm::PaintSample(QPainter& painter) const {
@@ -276,6 +287,11 @@ void ReportForm::PaintSample(QPainter& painter) const {
     painter.drawText(x, y, first);
     painter.setFont(bold);
     painter.drawText(x + plainMetrics.horizontalAdvance(first), y, second);
+}
+
+/// The keys of the pages work wherever the focus is.
+void ReportForm::keyPressEvent(QKeyEvent* event) {
+    if (!previewShown_ || !vp_->Key(event->key())) Form::keyPressEvent(event);
 }
 
 void ReportForm::paintEvent(QPaintEvent*) {

@@ -27,10 +27,12 @@ class ReportForm : public Form {
     virtual std::string PreviewTitle() const { return "Review print..."; }
     /// The caption of cmdPreviewPrint.
     virtual std::string PreviewPrintCaption() const { return "&Print"; }
+    /// The title of the printed document.
+    virtual std::string DocumentTitle() const { return title_; }
     /// What cmdPreviewPrint does; on paper it prints.
     virtual void PrintFromPreview();
-    /// The preview is closing.
-    virtual void PreviewClosed() {}
+    /// The form prints on paper again: cmdPrint was pressed, or the preview is closing.
+    virtual void BackToPaper() {}
 
     /// Where the form's own option frames stand. Call FinishLayout when they are there.
     QWidget& Options() { return *options_; }
@@ -48,20 +50,24 @@ class ReportForm : public Form {
     GlobalState& g_;
 
     void paintEvent(QPaintEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     bool MayUnload() override;
 
   private:
     void BuildFont();
     void BuildPaper();
     void BuildPreview();
+    QPushButton* AddPreviewButton(const char* name, const QString& caption, const std::string& accessible);
     void PlaceNormal();
     void PlacePreview();
+    void ShowParts(bool preview);
     void ChooseFont();
     void ChooseOrientation(int index);
     void FontInPicture();
+    ReportFont FontOfDocument() const;
     void PaintSample(QPainter& painter) const;
     void KeepSettings();
-    void PrintNow();
+    bool Print();
     void ShowPageNumber();
 
     Printer& printer_;
@@ -69,6 +75,8 @@ class ReportForm : public Form {
     QtFontMeasures measures_;
     VpDocument document_;
     bool previewShown_ = false;
+    bool fontBold_ = false;         // as the font dialog left it; no form opens with it
+    QWidget* openedFrom_ = nullptr; // had the focus before the preview
     std::string title_;
     QSize normalSize_;
     QWidget* options_ = nullptr;

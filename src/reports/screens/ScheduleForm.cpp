@@ -3,6 +3,7 @@
 #include "masterdata/EmployeeSearch.h"
 #include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
+#include "platform/files/Folder.h"
 #include "reports/HtmlDocument.h"
 #include "reports/HtmlSchedules.h"
 #include "shell/Conversions.h"
@@ -49,7 +50,7 @@ ScheduleForm::ScheduleForm(GlobalState& g, Ports& ports, Printer& printer, Form*
     On(save, &QPushButton::clicked, [this] {
         EnterHtml();
         SaveHtml();
-        htmlMode_ = false;
+        HtmlMode = false;
     });
     On(helpButton, &QPushButton::clicked, [this] { ports_.help.ShowTopic(help::Schedules); });
     FinishLayout(IsSelected() ? "Printing schedules for selected " + g_.department.EmployeeNamePlural
@@ -63,10 +64,8 @@ void ScheduleForm::BuildOptions() {
     BuildOther(*grid);
     BuildBreaks(*grid);
     BuildLastStop(*grid);
-    if (IsSelected())
-        BuildPicking(*grid);
-    else
-        BuildWho(*grid);
+    BuildWho(*grid);
+    BuildPicking(*grid);
 }
 
 void ScheduleForm::BuildNames(QGridLayout& grid) {
@@ -148,6 +147,7 @@ void ScheduleForm::BuildWho(QGridLayout& grid) {
         lines->addWidget(&option);
         On(option, &QRadioButton::clicked, [=, this] { g_.reports.options.WhoToPrint = i; });
     }
+    frame.setVisible(!IsSelected());
     grid.addWidget(&frame, 0, 3);
 }
 
@@ -181,6 +181,7 @@ void ScheduleForm::BuildPicking(QGridLayout& grid) {
     List1->setMinimumSize(Pixels(4200), Pixels(3000));
     lines->addWidget(List1);
     FillList();
+    frame.setVisible(IsSelected());
     grid.addWidget(&frame, 0, 3, 3, 1);
 }
 
@@ -204,10 +205,9 @@ ScheduleRequest ScheduleForm::Request() const {
     request.kind = kind_;
     request.lastStop = ckbLastStop->isChecked();
     request.openWord = txtOpen->Text();
-    request.productivity = Check3D4->isVisibleTo(const_cast<ScheduleForm*>(this)) && Check3D4->isChecked();
-    request.saveSpace = saveSpace_;
-    if (List1 == nullptr) return request;
-    for (int i = 0; i < List1->count(); ++i)
+    request.productivity = !Check3D4->isHidden() && Check3D4->isChecked();
+    request.saveSpace = SaveSpace;
+    for (int i = 0; i < List1->count() && IsSelected(); ++i)
         if (List1->item(i)->isSelected())
             request.picked.push_back(List1->item(i)->data(Qt::UserRole).toInt());
     return request;
@@ -215,20 +215,24 @@ ScheduleRequest ScheduleForm::Request() const {
 
 void ScheduleForm::Run(Vp& vp) {
     if (Trim(txtOpen->Text()).empty()) txtOpen->SetText("_____");
-    RunSchedule(g_, ports_, Request(), htmlMode_, vp);
+    RunSchedule(g_, ports_, Request(), HtmlMode, vp);
 }
 
 std::string ScheduleForm::PreviewTitle() const {
-    return htmlMode_ ? "Review HTML pages..." : "Review print pages...";
+    return HtmlMode ? "Review HTML pages..." : "Review print pages...";
 }
 
 std::string ScheduleForm::PreviewPrintCaption() const {
-    return htmlMode_ ? "&Save HTML" : "&Print";
+    return HtmlMode ? "&Save HTML" : "&Print";
+}
+
+std::string ScheduleForm::DocumentTitle() const {
+    return WeekTitle(g_.department, g_.week);
 }
 
 void ScheduleForm::EnterHtml() {
-    htmlMode_ = true;
-    saveSpace_ = Option3D1[SaveSpaceOption].isChecked();
+    HtmlMode = true;
+    SaveSpace = Option3D1[SaveSpaceOption].isChecked();
 }
 
 void ScheduleForm::PreviewHtml() {
@@ -237,18 +241,30 @@ void ScheduleForm::PreviewHtml() {
 }
 
 void ScheduleForm::PrintFromPreview() {
-    if (!htmlMode_) return ReportForm::PrintFromPreview();
+    if (!HtmlMode) return ReportForm::PrintFromPreview();
     SaveHtml();
 }
 
-void ScheduleForm::SaveHtml() {
-    FileRequest request{"Save HTML", "HTML Web pages (*.htm)", "*.HTM", g_.paths.ProgramPath, ""};
+/// Asks for a file; a name without a point gets ".HTM". Nothing on cancel, or when a file that only the
+/// longer name meets is to stay.
+std::optional<std::filesystem::path> ScheduleForm::AskForPage() {
+    const FileRequest request{"Save HTML", "HTML Web pages (*.htm)", "*.HTM", g_.paths.ProgramPath, ""};
     auto file = ports_.prompt.SaveDialog(request);
+    if (!file || file->filename().string().find('.') != std::string::npos) return file;
+    *file += ".HTM";
+    if (!FileExists(*file)) return file;
+    const Answer answer =
+        ports_.prompt.MsgBox(file->filename().string() + " already exists.\r\nDo you want to replace it?",
+                             box::YesNo + box::Exclamation, "Save HTML");
+    return answer == Answer::Yes ? file : std::nullopt;
+}
+
+void ScheduleForm::SaveHtml() {
+    const auto file = AskForPage();
     if (!file) return;
-    if (file->filename().string().find('.') == std::string::npos) *file += ".HTM";
     RunReport();
     try {
-        WriteHtml(Document(), WeekTitle(g_.department, g_.week), ports_.region.Language(), *file);
+        WriteHtml(Document(), DocumentTitle(), ports_.region.Language(), *file);
     } catch (const FileError& trouble) {
         ports_.prompt.MsgBox("The web page could not be written.\r\n\r\n" + std::string(trouble.what()),
                              box::Exclamation, "File error");

@@ -7,6 +7,10 @@
 
 #include <QCheckBox>
 
+#include <filesystem>
+#include <optional>
+#include <string>
+
 class QGridLayout;
 
 namespace tvx::qt {
@@ -21,8 +25,9 @@ class ScheduleForm : public ReportForm {
     void Run(Vp& vp) override;
     std::string PreviewTitle() const override;
     std::string PreviewPrintCaption() const override;
+    std::string DocumentTitle() const override;
     void PrintFromPreview() override;
-    void PreviewClosed() override { htmlMode_ = false; }
+    void BackToPaper() override { HtmlMode = false; }
 
   private:
     void BuildOptions();
@@ -35,6 +40,7 @@ class ScheduleForm : public ReportForm {
     QCheckBox& AddCheck(Frame& frame, const char* name, const std::string& caption, bool checked);
     void FillList();
     void PreviewHtml();
+    std::optional<std::filesystem::path> AskForPage();
     void SaveHtml();
     void EnterHtml();
     ScheduleRequest Request() const;
@@ -42,8 +48,8 @@ class ScheduleForm : public ReportForm {
     bool IsSelected() const { return kind_ == "SelectedEmployees"; }
 
     std::string kind_;
-    bool htmlMode_ = false;
-    bool saveSpace_ = false;
+    bool HtmlMode = false;  // the run goes to a web page
+    bool SaveSpace = false; // was asked for when that began
 
     ControlArray<QRadioButton> Option3D1; // [0..5], what stands under the name
     ControlArray<QRadioButton> Option3D2; // [0..4], breaks

@@ -26,7 +26,8 @@ class ScriptedPrinter : public Printer {
   public:
     bool accepts = true;
     int printed = 0;
-    bool PrintDialog(PageOrientation) override { return accepts; }
+    bool PrintDialog(PageOrientation, const std::string&) override { return accepts; }
+    Paper Sheet() const override { return {}; }
     void Print(const VpDocument& document) override { printed = document.PageCount(); }
 };
 
