@@ -13,8 +13,9 @@
 namespace tvx {
 namespace {
 
-// On a phone a row becomes a block: each cell stands on a line of its own behind the name of its column, or,
-// where the columns have no names, behind the cell before it. Empty cells go.
+// On a phone a row becomes a block: each cell stands on a line of its own behind the name of its column.
+// Where the columns have no names the texts of a row stand below each other between its date and its figures.
+// Empty cells go.
 constexpr std::string_view Style = R"(
 body{margin:1rem auto;padding:0 .5rem;max-width:75rem;background:#fff;color:#000}
 table{width:100%;border-collapse:collapse;table-layout:fixed}
@@ -23,19 +24,25 @@ white-space:pre-wrap;overflow-wrap:anywhere}
 .box{border:1px solid #888}.columns th,.columns td{border:1px solid #888}
 .columns+.columns,.columns+.box,.box+.columns{margin-top:-1px}
 .c{text-align:center}.r{text-align:right}.b{font-weight:bold}
+.grid+.line{margin-top:.4rem}
 .hidden{position:absolute;width:1px;height:1px;overflow:hidden;clip-path:inset(50%);white-space:nowrap}
 @media screen and (max-width:40rem){
 body{font-size:.9rem}
 .grid,.grid tbody{display:block}.grid td:empty,.head{display:none}
-.grid tr{display:flex;flex-wrap:wrap;column-gap:.7rem}
-.grid th,.grid td{display:block;text-align:left}
-.push{margin-left:auto}
+.grid tr{display:flex;flex-wrap:wrap;column-gap:.35rem}
+.grid th,.grid td{display:block;text-align:left;white-space:normal;padding:.15rem .2rem}
+.grid th{min-width:2.1em}
+.push,.grid:not(.named) th.r{margin-left:auto}
+.wide tr{display:grid;grid-template-columns:2.3em 6em 1fr 2.9em 4em;column-gap:.2rem}
+.wide td:nth-child(n+3){grid-column:3}
+.wide td:nth-last-child(2){grid-column:4;grid-row:1;text-align:right}
+.wide td:last-child{grid-column:5;grid-row:1;text-align:right}
 .named,.rows{border-bottom:1px solid #888}
 .named tr,.rows tr{display:block}
 .columns th,.columns td{border:0}
 .named th{font-weight:bold}
-.named td[data-label]{position:relative;padding-left:11em}
-.named td[data-label]::before{content:attr(data-label);position:absolute;left:.3rem}
+.named td[data-label]{position:relative;padding-left:12.5em}
+.named td[data-label]::before{content:attr(data-label);position:absolute;left:.2rem}
 .rows th{display:none}
 [data-row]::before{content:attr(data-row) " "}
 }
@@ -225,7 +232,7 @@ class PageWriter {
         const bool grid = IsGrid(block);
         html_ += "<table class=\"";
         html_ += grid ? "grid" : "line";
-        html_ += IsHead(block) ? " head" : IsNamed(block) ? " named" : HasRows(block) ? " rows" : "";
+        html_ += KindOf(block);
         html_ += BorderClass(block.border);
         html_ += grid ? "\">" : "\" role=\"presentation\">";
         if (grid) WriteCaption(block);
@@ -235,6 +242,14 @@ class PageWriter {
         pushed_ = false;
         for (std::size_t i = 0; i < block.cells.size(); ++i) WriteCell(block, i);
         html_ += "</tr></tbody></table>\n";
+    }
+
+    /// How a phone lays out the rows.
+    std::string_view KindOf(const TableBlock& block) const {
+        if (IsHead(block)) return " head";
+        if (IsNamed(block)) return " named";
+        if (HasRows(block)) return " rows";
+        return IsWide(block) ? " wide" : "";
     }
 
     /// The first of several head rows names the columns below them.
@@ -257,6 +272,14 @@ class PageWriter {
     bool HasRows(const TableBlock& block) const {
         return IsGrid(block) && block.columns.size() != heads_.size() &&
                block.cells.front().text.find('\n') != std::string::npos;
+    }
+
+    /// True for a row of a name, a date, several texts and two figures.
+    static bool IsWide(const TableBlock& block) {
+        constexpr std::size_t Fewest = 5;
+        const std::size_t count = block.columns.size();
+        return count >= Fewest && block.columns[count - 1].align == CellAlign::Right &&
+               block.columns[count - 2].align == CellAlign::Right;
     }
 
     void WriteCaption(const TableBlock& block) {
