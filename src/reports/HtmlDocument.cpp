@@ -374,7 +374,7 @@ class PageWriter {
 } // namespace
 
 double ContrastOf(Colour a, Colour b) {
-    const auto [darker, lighter] = std::minmax(Luminance(a), Luminance(b));
+    const auto [darker, lighter] = std::minmax({Luminance(a), Luminance(b)});
     return (lighter + 0.05) / (darker + 0.05);
 }
 

@@ -291,7 +291,11 @@ void TextBox::dropEvent(QDropEvent* event) {
 }
 
 void TextBox::inputMethodEvent(QInputMethodEvent* event) {
-    if (event->commitString().isEmpty() || isReadOnly()) {
+    if (isReadOnly()) {
+        event->ignore();
+        return;
+    }
+    if (event->commitString().isEmpty()) {
         QLineEdit::inputMethodEvent(event);
         return;
     }
@@ -305,7 +309,7 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event) {
 void TextBox::contextMenuEvent(QContextMenuEvent* event) {
     const std::unique_ptr<QMenu> menu(createStandardContextMenu());
     for (QAction* action : menu->actions())
-        if (action->objectName() == QLatin1String("edit-paste")) {
+        if (action->text().startsWith(QLineEdit::tr("&Paste"))) {
             action->disconnect(SIGNAL(triggered(bool)));
             connect(action, &QAction::triggered, this, [this] { Paste(QApplication::clipboard()->text()); });
         }

@@ -153,9 +153,8 @@ TEST_F(TextBoxTest, filters_a_paste_by_the_menu_of_the_mouse_too) {
     QTimer::singleShot(0, [] {
         auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
         ASSERT_NE(menu, nullptr);
-        for (QAction* action : menu->actions()) fprintf(stderr, "%s %d\n", action->objectName().toStdString().c_str(), action->isEnabled());
         for (QAction* action : menu->actions())
-            if (action->objectName() == QLatin1String("edit-paste")) action->trigger();
+            if (action->text().startsWith(QLatin1String("&Paste"))) action->trigger();
         menu->close();
     });
     QContextMenuEvent event(QContextMenuEvent::Mouse, QPoint(2, 2), box.mapToGlobal(QPoint(2, 2)));
@@ -210,8 +209,11 @@ TEST_F(TextBoxTest, moves_by_the_arrows_where_there_is_something_to_move_to) {
 TEST_F(TextBoxTest, takes_nothing_while_it_is_only_for_reading) {
     box.setReadOnly(true);
     Type("a");
-    for (const auto& [name, enter] : Ways) enter(box, "a");
     EXPECT_EQ(box.Text(), "");
+    for (const auto& [name, enter] : Ways) {
+        enter(box, "a");
+        EXPECT_EQ(box.Text(), "") << name;
+    }
 }
 
 } // namespace
