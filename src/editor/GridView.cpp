@@ -161,7 +161,7 @@ void DrawRow(const GlobalState& g, int row, Drawing& drawing) {
     DrawDaysOff(g, e, top, drawing);
 }
 
-std::optional<DrawnBox> DragGhost(const GlobalState& g) {
+std::optional<DrawnBox> DrawDragBar(const GlobalState& g) {
     const int e = g.drag.DragEmployee;
     const int row = RowOfEmployee(g, e);
     if (e < 1 || row == 0) return std::nullopt;
@@ -229,7 +229,7 @@ void DrawTickMarks(const GlobalState& g, Drawing& drawing) {
     }
 }
 
-void DrawHeadcount(const GlobalState& g, const TextWidth& widthOf, Drawing& drawing) {
+void ShowHeadcount(const GlobalState& g, const TextWidth& widthOf, Drawing& drawing) {
     if (!g.grid.HeadcountShown) return;
     constexpr Twips RightMargin = 150;
     Fill(drawing, g.grid, 0, 240, g.grid.GridWidth, 480, QBColor(0));

@@ -70,7 +70,7 @@ void DrawRow(const GlobalState& g, int row, Drawing& drawing);
 
 /// The bar that is being drawn, as it stands under the mouse, on the row of its employee; nothing when there
 /// is none, or when that row is not visible.
-std::optional<DrawnBox> DragGhost(const GlobalState& g);
+std::optional<DrawnBox> DrawDragBar(const GlobalState& g);
 /// "9:00am -  5:00pm" of the bar that is being drawn, snapped to quarters.
 std::string DragTimeText(const GlobalState& g);
 
@@ -87,7 +87,7 @@ void DrawHourRuler(const GlobalState& g, const TextWidth& widthOf, Drawing& draw
 void DrawTickMarks(const GlobalState& g, Drawing& drawing);
 /// The band of the headcount under the hours; nothing while it is not shown. `widthOf` measures a text in the
 /// band's font, in twips: a figure that would stand out at the right is left away.
-void DrawHeadcount(const GlobalState& g, const std::function<Twips(const std::string&)>& widthOf,
+void ShowHeadcount(const GlobalState& g, const std::function<Twips(const std::string&)>& widthOf,
                    Drawing& drawing);
 
 /// Captions of the jumps to both ends of the day: "Midnight", or the time of the cut-off.

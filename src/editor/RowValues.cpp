@@ -105,8 +105,22 @@ void FillPair(const GlobalState& g, int e, RowValues& values) {
         values.day = WageText(g, e, g.week.DayQuarters[e], "Salary  ");
         values.week = WageText(g, e, g.week.WeekQuarters[e], "Salary  ");
     }
-    values.dayColours = IsOverDayLimit(g, e) ? Overtime : ValueColours{QBColor(0), QBColor(15)};
-    values.weekColours = IsOverWeekLimit(g, e) ? Overtime : ValueColours{QBColor(12), QBColor(14)};
+}
+
+/// Red marks overtime: of the day and of the week apart where both show, of either where one time or wage
+/// does.
+void ColourRowValues(const GlobalState& g, int e, RowValues& values) {
+    const int option = g.grid.ShowOption;
+    const bool dayOver = IsOverDayLimit(g, e);
+    const bool weekOver = IsOverWeekLimit(g, e);
+    if (values.pair) {
+        values.dayColours = dayOver ? Overtime : ValueColours{QBColor(0), QBColor(15)};
+        values.weekColours = weekOver ? Overtime : ValueColours{QBColor(12), QBColor(14)};
+    } else {
+        values.singleColours =
+            option <= OptionWeekWages && (dayOver || weekOver) ? Overtime : ColoursOf(option);
+    }
+    if (values.squares) values.squareColours = DaySquares(g, e);
 }
 
 } // namespace
@@ -148,14 +162,12 @@ RowValues ShowRowValues(const GlobalState& g, int e, const Region& region) {
     const int option = g.grid.ShowOption;
     if (option == OptionBothTimes || option == OptionBothWages) {
         FillPair(g, e, values);
-        return values;
+    } else {
+        values.single = SingleText(g, e, region);
+        values.align = option <= OptionWeekWages ? Align::Right : Align::Left;
+        values.squares = option == OptionDaysScheduled;
     }
-    values.single = SingleText(g, e, region);
-    values.align = option <= OptionWeekWages ? Align::Right : Align::Left;
-    values.squares = option == OptionDaysScheduled;
-    if (values.squares) values.squareColours = DaySquares(g, e);
-    const bool overtime = option <= OptionWeekWages && (IsOverDayLimit(g, e) || IsOverWeekLimit(g, e));
-    values.singleColours = overtime ? Overtime : ColoursOf(option);
+    ColourRowValues(g, e, values);
     return values;
 }
 

@@ -264,7 +264,7 @@ TEST_F(GridViewTest, the_other_bars_of_the_lane_stay_while_one_is_in_hand) {
     drag.Press({MouseButton::Left, 15 * Width, 110});
     drag.Move({MouseButton::Left, 17 * Width, 110});
     EXPECT_EQ(BarSpans(), "3600-6800 8000-9000");
-    const auto ghost = DragGhost(g);
+    const auto ghost = DrawDragBar(g);
     ASSERT_TRUE(ghost.has_value());
     EXPECT_EQ(Text(ghost->box), "1200,50-2200,170");
     drag.Release({MouseButton::Left, 17 * Width, 110});
@@ -370,19 +370,19 @@ TEST_F(DayOffViewTest, a_scrolled_day_is_shaded_up_to_midnight) {
 // --- the bar in hand --------------------------------------------------------------------------------------
 
 TEST_F(GridViewTest, the_ghost_is_the_bar_under_the_mouse) {
-    EXPECT_FALSE(DragGhost(g).has_value());
+    EXPECT_FALSE(DrawDragBar(g).has_value());
     EXPECT_EQ(DragTimeText(g), "");
     BarDrag drag(g);
     drag.Press({MouseButton::Left, 36 * Width, 350});
     drag.Move({MouseButton::Left, 68 * Width, 350});
-    EXPECT_EQ(Text(DragGhost(g)->box), "3600,290-6800,410");
-    EXPECT_EQ(DragGhost(g)->colour, QBColor(g.roster.RosterBarColor[2]));
+    EXPECT_EQ(Text(DrawDragBar(g)->box), "3600,290-6800,410");
+    EXPECT_EQ(DrawDragBar(g)->colour, QBColor(g.roster.RosterBarColor[2]));
     EXPECT_EQ(DragTimeText(g), "9:00am - 5:00pm");
     drag.Move({MouseButton::Left, 20 * Width, 350}); // the ends cross
-    EXPECT_EQ(Text(DragGhost(g)->box), "2000,290-3600,410");
+    EXPECT_EQ(Text(DrawDragBar(g)->box), "2000,290-3600,410");
     EXPECT_EQ(DragTimeText(g), "5:00am - 9:00am");
     drag.Release({MouseButton::Left, 20 * Width, 350});
-    EXPECT_FALSE(DragGhost(g).has_value());
+    EXPECT_FALSE(DrawDragBar(g).has_value());
     EXPECT_EQ(DragTimeText(g), "");
 }
 
@@ -391,7 +391,7 @@ TEST_F(GridViewTest, the_ghost_is_clipped_to_the_grid) {
     BarDrag drag(g);
     drag.Press({MouseButton::Left, 90 * Width, 110});
     drag.Move({MouseButton::Left, 94 * Width, 110});
-    EXPECT_EQ(Text(DragGhost(g)->box), "8400,50-9600,170");
+    EXPECT_EQ(Text(DrawDragBar(g)->box), "8400,50-9600,170");
     EXPECT_EQ(DragTimeText(g), "9:00pm - 4:30am");
     drag.Release({MouseButton::Left, 94 * Width, 110});
 }
@@ -402,9 +402,9 @@ TEST_F(GridViewTest, the_ghost_stays_on_the_row_of_its_employee) {
     drag.Press({MouseButton::Left, 50 * Width, 110});
     g.week.CurrentRow = 3;
     g.week.CurrentEmployee = 3;
-    EXPECT_EQ(Text(DragGhost(g)->box), "3600,50-6800,170");
+    EXPECT_EQ(Text(DrawDragBar(g)->box), "3600,50-6800,170");
     std::swap(g.roster.RowOrder[1], g.roster.RowOrder[2]);
-    EXPECT_EQ(Text(DragGhost(g)->box), "3600,290-6800,410");
+    EXPECT_EQ(Text(DrawDragBar(g)->box), "3600,290-6800,410");
     drag.Settle();
 }
 
@@ -586,10 +586,10 @@ TEST_F(RulerTest, ticks_follow_an_odd_cut_off) {
 TEST_F(RulerTest, shows_the_headcount_under_the_hours_when_it_is_asked_for) {
     test::SetBars(g, 1, {{36, 42}});
     Drawing drawing;
-    DrawHeadcount(g, Narrow, drawing);
+    ShowHeadcount(g, Narrow, drawing);
     EXPECT_TRUE(drawing.boxes.empty() && drawing.texts.empty());
     g.grid.HeadcountShown = true;
-    DrawHeadcount(g, Narrow, drawing);
+    ShowHeadcount(g, Narrow, drawing);
     ASSERT_EQ(drawing.boxes.size(), 1U);
     EXPECT_EQ(Text(drawing.boxes[0].box), "0,240-9600,480");
     EXPECT_EQ(drawing.boxes[0].colour, QBColor(0));
@@ -601,7 +601,7 @@ TEST_F(RulerTest, leaves_a_headcount_away_that_would_stand_out_at_the_right) {
     g.grid.HeadcountShown = true;
     const auto shown = [&](Twips width) {
         Drawing drawing;
-        DrawHeadcount(
+        ShowHeadcount(
             g, [width](const std::string&) { return width; }, drawing);
         return drawing.texts.size();
     };

@@ -347,7 +347,7 @@ TEST_F(LoadWeekTest, of_another_roster_knows_nothing_of_a_gesture_that_was_left_
     store.OpenEditor();
     EXPECT_EQ(g.roster.EmployeeCount, 1);
     EXPECT_FALSE(drag.Settle());
-    EXPECT_FALSE(DragGhost(g).has_value());
+    EXPECT_FALSE(DrawDragBar(g).has_value());
 }
 
 TEST_F(LoadWeekTest, that_fails_leaves_the_week_that_was_open) {

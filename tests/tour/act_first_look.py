@@ -21,14 +21,14 @@ CONSOLE_ENTRIES_THAT_WAIT = {
 EDITOR_ENTRIES_THAT_WORK = {
     "Schedules", "Schedules/Save current week", "Schedules/Close", "Copy", "Sort", "Shifts", "Daytypes",
     "Print schedules", "Hints/Help", "Hints/Help/Entering time", "Hints/Help/Daytypes", "Hints/Help/Show availability",
-    "Hints/Help/Show headcount", "Close"}
+    "Hints/Help/Show headcount", "Print schedules/Department seven day schedule",
+    "Print schedules/Seven day schedule, Long format", "Print schedules/Selected Employees seven day schedule",
+    "Print schedules/One Employee", "Close"}
 EDITOR_ENTRIES_THAT_WAIT = {
     "Schedules/Save current week as...", "Schedules/Load week schedule ", "Schedules/Clear current week",
     "Copy/Copy and save this week as week..", "Sort/Sort by Name", "Sort/Sort by ID", "Sort/Sort by Assignment",
     "Sort/Sort by Hired date", "Sort/Sort by Start time", "Sort/Sort by Stop time", "Sort/Sort by Daytypes",
-    "Sort/Sort by Labor type", "Print schedules/Bar Charts schedule ",
-    "Print schedules/Seven day schedule, Long format", "Print schedules/Selected Employees seven day schedule",
-    "Print schedules/Department seven day schedule", "Print schedules/One Employee"}
+    "Sort/Sort by Labor type", "Print schedules/Bar Charts schedule "}
 
 
 def states_of(working, waiting):

@@ -66,6 +66,12 @@ QFont RowFont(const QWidget& widget) {
 
 } // namespace
 
+/// No cross of its own: the editor is left on the ways that guard unsaved changes.
+void MainEditorForm::RemoveCancelMenuItem() {
+    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
+                   Qt::WindowMinMaxButtonsHint);
+}
+
 void MainEditorForm::BuildMenus() {
     menus_ = std::make_unique<MenuRenderer<MenuBar>>(
         Menus(), menuModel_, Guarded([this](const std::string& entry) { Choose(entry); }));

@@ -21,9 +21,7 @@
 namespace tvx::qt {
 MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, EditorScreens& screens, Form* owner)
     : Form(ports, "Form1", owner), g_(g), screens_(screens), menuModel_(EditorMenus(g)), drag_(g) {
-    // No cross of its own: the editor is left on the ways that guard unsaved changes.
-    setWindowFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowSystemMenuHint |
-                   Qt::WindowMinMaxButtonsHint);
+    RemoveCancelMenuItem();
     g_.week.CurrentDay = 1;
     g_.grid.ShowOption = g_.grid.PreviousShowOption = g_.roster.AllDepartmentsMode ? 11 : 1;
     g_.grid.AvailabilityShown = g_.grid.HeadcountShown = false;
@@ -137,7 +135,7 @@ void MainEditorForm::SelectDay() {
     drag_.Settle();
     UpdateScrollX(g_);
     SumDay(g_);
-    ShowHeader();
+    DrawDayHeader();
     ShowTitle();
     ShowMenus();
     ShowRows();

@@ -33,6 +33,7 @@ class MainEditorForm : public Form {
 
   private:
     // building
+    void RemoveCancelMenuItem();
     void LoadLists();
     void BuildMenus();
     void BuildToolStrip(QWidget& strip);
@@ -73,11 +74,13 @@ class MainEditorForm : public Form {
 
     // showing
     void ShowTitle();
-    void ShowHeader();
+    void DrawDayHeader();
     void ShowRows();
     void ShowRow(int row);
     void ShowRowValue(int row);
     void ShowTotals();
+    void RefreshTotalsLabels();
+    void ShowProductivity();
     void ShowSelectedOption();
     void ShowRuler();
     void HighlightRow(int row);

@@ -24,7 +24,7 @@ void MainEditorForm::ShowTitle() {
     setWindowTitle(ToQString(EditorTitle(g_)));
 }
 
-void MainEditorForm::ShowHeader() {
+void MainEditorForm::DrawDayHeader() {
     pctWeekday->Show(DayHeader(g_, ports_.region, pctWeekday->IsWide()));
     for (int d = 1; d <= 7; ++d)
         if (g_.week.DayMemoFlag[d]) pctWeekday->imMemo[d].setToolTip(ToQString(g_.week.DayMemoText[d]));
@@ -83,13 +83,20 @@ void MainEditorForm::PaintSquares(QPainter& painter, int row) const {
 }
 
 void MainEditorForm::ShowTotals() {
-    const auto totals = TotalsTexts(g_);
-    for (int i = 0; i < 4; ++i) Label15[i].SetText(totals[i]);
+    RefreshTotalsLabels();
+    ShowProductivity();
+}
+
+void MainEditorForm::RefreshTotalsLabels() {
+    const auto texts = TotalsTexts(g_);
+    for (int i = 0; i < 4; ++i) Label15[i].SetText(texts[i]);
+}
+
+/// The labor figures, which show only in a week that has sales or transactions.
+void MainEditorForm::ShowProductivity() {
     const bool figures = g_.week.HasDepartmentFigures;
-    if (figures) {
-        const auto texts = ProductivityTexts(g_);
-        for (int i = 0; i < 6; ++i) Label1[i].SetText(texts[i]);
-    }
+    const auto texts = ProductivityTexts(g_);
+    for (int i = 0; figures && i < 6; ++i) Label1[i].SetText(texts[i]);
     for (const auto& [index, label] : Label1) label->setVisible(figures);
     for (const auto& [index, label] : Label5) label->setVisible(figures);
 }
@@ -137,7 +144,7 @@ void MainEditorForm::PaintRuler(QPainter& painter) const {
     QFont small = painter.font();
     small.setPointSizeF(HeadcountPoints);
     Drawing headcount;
-    DrawHeadcount(g_, measure(small), headcount);
+    ShowHeadcount(g_, measure(small), headcount);
     painter.save();
     painter.setFont(small);
     PaintDrawing(painter, headcount, origin);

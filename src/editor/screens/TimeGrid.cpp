@@ -116,7 +116,7 @@ void TimeGrid::Paint(QPainter& painter, const QRegion& region) const {
         DrawRow(g_, row, drawing);
     }
     if (g_.drag.GestureOpen)
-        if (const auto ghost = DragGhost(g_)) drawing.boxes.push_back(*ghost);
+        if (const auto ghost = DrawDragBar(g_)) drawing.boxes.push_back(*ghost);
     PaintDrawing(painter, drawing);
 }
 
