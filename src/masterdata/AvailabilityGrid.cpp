@@ -13,7 +13,7 @@ constexpr int SlotsStored = 4;
 constexpr int SlotsKept = 3;
 constexpr Twips GrabTolerance = 60;
 constexpr Twips MarkerOffset = 140; // the mark that follows the mouse is centred on it
-constexpr std::size_t TextLength = Days * SlotsStored;
+constexpr std::size_t TextLength = std::size_t{Days} * SlotsStored;
 
 int CodeAt(std::string_view text, int day, int slot) {
     return static_cast<unsigned char>(text[static_cast<std::size_t>((day - 1) * SlotsStored + slot - 1)]);

@@ -124,7 +124,7 @@ class ShortHtml : private HtmlSchedule {
     }
 
     std::string NameCell(int e) {
-        const std::string name = g_.roster.RosterName1[e] + " " + g_.roster.RosterName2[e];
+        std::string name = g_.roster.RosterName1[e] + " " + g_.roster.RosterName2[e];
         const int option = g_.reports.options.NameOption;
         if (option > 4) return name;
         return name + "\n" + (option == 0 ? " " : NameDetail(g_, e));

@@ -31,7 +31,7 @@ std::string FirstLine(const Vp& vp, const std::string& text, Twips room) {
     const std::size_t fitting =
         MostThatFits(length, [&](std::size_t count) { return vp.TextWidth(Left(text, count)) <= room; });
     if (fitting == length) return text;
-    const std::string line = Left(text, std::max<std::size_t>(fitting, 1));
+    std::string line = Left(text, std::max<std::size_t>(fitting, 1));
     if (text[line.size()] == ' ') return line; // cut between two words as it is
     const std::size_t blank = line.rfind(' ');
     return blank == std::string::npos || blank == 0 ? line : line.substr(0, blank);

@@ -141,12 +141,14 @@ std::vector<std::string> VpDocument::LinesOf(const TableBlockCell& cell, const T
     for (const std::string& line : lines) {
         std::string present;
         for (const std::string& word : Split(line, ' ')) {
-            const std::string longer = present.empty() ? word : present + " " + word;
+            std::string longer = present;
+            if (!present.empty()) longer += ' ';
+            longer += word;
             if (!present.empty() && measures_.Width(font, longer) > width) {
                 wrapped.push_back(present);
                 present = word;
             } else {
-                present = longer;
+                present = std::move(longer);
             }
         }
         wrapped.push_back(present);

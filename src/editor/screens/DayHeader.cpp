@@ -84,10 +84,10 @@ void DayHeaderBar::mousePressEvent(QMouseEvent* event) {
 
 /// "20-Nov-26   week 47", with the shorter "(47)" where the column is narrow.
 QString DayHeaderBar::DateAndWeek(const HeaderColumn& column, int room) const {
-    const QString date = ToQString(column.date);
+    QString date = ToQString(column.date);
     if (column.weekNumber.empty()) return date;
     const QString number = ToQString(column.weekNumber);
-    const QString whole = date + QStringLiteral("   week ") + number;
+    QString whole = date + QStringLiteral("   week ") + number;
     if (fontMetrics().horizontalAdvance(whole) <= room) return whole;
     return date + QStringLiteral(" (") + number + QLatin1Char(')');
 }

@@ -276,7 +276,7 @@ void EmployeeForm::PaintHours(QPainter& painter) const {
         if (hour % 24 == 0)
             text = "M";
         else if (twelve && hour != 12)
-            text = hour < 12 ? text + "a" : std::to_string(hour - 12) + "p";
+            text = hour < 12 ? text.append("a") : std::to_string(hour - 12) + "p";
         painter.setPen(named ? ToColor(QBColor(9)) : palette().color(QPalette::WindowText));
         const int right = Pixels(HoursRight + HourWidth * hour);
         painter.drawText(right - metrics.horizontalAdvance(ToQString(text)),
