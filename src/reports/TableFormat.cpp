@@ -3,6 +3,8 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 
+#include <algorithm>
+
 namespace tvx {
 namespace {
 
@@ -21,7 +23,7 @@ TableColumn ParseColumn(const std::string& marks) {
         else if ((mark >= '0' && mark <= '9') || mark == '.')
             number += mark;
     }
-    column.percent = Val(number);
+    column.percent = std::min(Val(number), 100.0);
     return column;
 }
 
