@@ -108,12 +108,29 @@ void ReportForm::FinishLayout(const std::string& title) {
     title_ = title;
     cmdCancel = &AddButton("cmdCancel", "&Cancel");
     On(*cmdCancel, &QPushButton::clicked, [this] { Unload(); });
+    SetCancelButton(*cmdCancel);
+    OrderTabs();
     options_->adjustSize();
     const QSize wanted = options_->sizeHint();
     const int foot = buttons_->sizeHint().width() + Pixels(FontFrameWidth + PaperFrameWidth + 5 * Gap);
     normalSize_ = {std::max(wanted.width() + 2 * Pixels(Gap), foot),
                    wanted.height() + Pixels(FootHeight + 3 * Gap)};
     PlaceNormal();
+}
+
+/// The Tab key goes on from the options to font and paper and then along the buttons, whatever was made
+/// first.
+void ReportForm::OrderTabs() {
+    QWidget* last = options_;
+    for (QWidget* next = options_->nextInFocusChain(); next != options_; next = next->nextInFocusChain())
+        if (options_->isAncestorOf(next)) last = next;
+    std::vector<QWidget*> order{cmdFont, &optOrient[0], &optOrient[1]};
+    for (int i = 0; i < buttons_->layout()->count(); ++i)
+        order.push_back(buttons_->layout()->itemAt(i)->widget());
+    for (QWidget* next : order) {
+        setTabOrder(last, next);
+        last = next;
+    }
 }
 
 void ReportForm::PlaceNormal() {
@@ -197,13 +214,19 @@ void ReportForm::ShowPageNumber() {
     pageOn_->setEnabled(vp_->PageNumber() < pages);
 }
 
-/// Asks for a printer and prints the report, drawn anew for its sheet. False on cancel.
+/// Asks for a printer and prints the report, drawn anew for its sheet. False when it was not printed.
 bool ReportForm::Print() {
     if (!printer_.PrintDialog(OrientationOfSettings(g_.reports.settings), DocumentTitle())) return false;
     document_.Sheet(printer_.Sheet());
     RunReport();
-    const Hourglass hourglass(ports_.prompt);
-    printer_.Print(document_);
+    try {
+        const Hourglass hourglass(ports_.prompt);
+        printer_.Print(document_);
+    } catch (const FileError& trouble) {
+        ports_.prompt.MsgBox("The report could not be printed.\r\n\r\n" + std::string(trouble.what()),
+                             box::Exclamation, "File error");
+        return false;
+    }
     return true;
 }
 

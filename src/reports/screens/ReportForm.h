@@ -58,6 +58,7 @@ class ReportForm : public Form {
     void BuildPaper();
     void BuildPreview();
     QPushButton* AddPreviewButton(const char* name, const QString& caption, const std::string& accessible);
+    void OrderTabs();
     void PlaceNormal();
     void PlacePreview();
     void ShowParts(bool preview);

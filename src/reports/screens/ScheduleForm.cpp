@@ -63,8 +63,8 @@ void ScheduleForm::BuildOptions() {
     BuildNames(*grid);
     BuildOther(*grid);
     BuildBreaks(*grid);
-    BuildLastStop(*grid);
     BuildWho(*grid);
+    BuildLastStop(*grid);
     BuildPicking(*grid);
 }
 
@@ -77,9 +77,9 @@ void ScheduleForm::BuildNames(QGridLayout& grid) {
     auto* lines = new QVBoxLayout(&frame);
     for (int i = 0; i < 6; ++i) {
         auto& option = Add(Option3D1, "Option3D1", i, captions[static_cast<std::size_t>(i)], &frame);
-        option.setText(ToQString(captions[static_cast<std::size_t>(i)]));
-        option.setChecked(i == g_.reports.options.NameOption);
+        option.setText(PlainCaption(captions[static_cast<std::size_t>(i)]));
         lines->addWidget(&option);
+        option.setChecked(i == g_.reports.options.NameOption);
         On(option, &QRadioButton::clicked, [=, this] { g_.reports.options.NameOption = i; });
     }
     lines->addStretch();
@@ -126,8 +126,8 @@ void ScheduleForm::BuildBreaks(QGridLayout& grid) {
     for (int i = 0; i < 5; ++i) {
         auto& option = Add(Option3D2, "Option3D2", i, captions[static_cast<std::size_t>(i)], &frame);
         option.setText(QLatin1String(captions[static_cast<std::size_t>(i)]));
-        option.setChecked(i == g_.reports.options.BreakThreshold);
         lines->addWidget(&option);
+        option.setChecked(i == g_.reports.options.BreakThreshold);
         On(option, &QRadioButton::clicked, [=, this] { g_.reports.options.BreakThreshold = i; });
     }
     lines->addStretch();
@@ -142,9 +142,9 @@ void ScheduleForm::BuildWho(QGridLayout& grid) {
     auto* lines = new QVBoxLayout(&frame);
     for (int i = 0; i < 2; ++i) {
         auto& option = Add(Option3D3, "Option3D3", i, captions[static_cast<std::size_t>(i)], &frame);
-        option.setText(ToQString(captions[static_cast<std::size_t>(i)]));
-        option.setChecked(i == g_.reports.options.WhoToPrint);
+        option.setText(PlainCaption(captions[static_cast<std::size_t>(i)]));
         lines->addWidget(&option);
+        option.setChecked(i == g_.reports.options.WhoToPrint);
         On(option, &QRadioButton::clicked, [=, this] { g_.reports.options.WhoToPrint = i; });
     }
     frame.setVisible(!IsSelected());
