@@ -167,10 +167,6 @@ bool IsBlank(std::string_view text) {
     return text.find_first_not_of(" \n") == std::string_view::npos;
 }
 
-std::string FirstLine(const std::string& text) {
-    return text.substr(0, text.find('\n'));
-}
-
 std::string OnOneLine(std::string text) {
     std::replace(text.begin(), text.end(), '\n', ' ');
     return Trim(text);
@@ -283,11 +279,15 @@ class PageWriter {
     }
 
     void WriteCaption(const TableBlock& block) {
-        html_ += "<caption class=\"hidden\">";
-        const auto first = std::find_if(block.cells.begin(), block.cells.end(),
-                                        [](const TableBlockCell& cell) { return !IsBlank(cell.text); });
-        AppendEscaped(html_, first == block.cells.end() ? "Schedule" : Trim(FirstLine(first->text)));
-        html_ += "</caption>";
+        html_ += "<caption class=\"hidden\">" + CaptionOf(block) + "</caption>";
+    }
+
+    /// The first line of the block that shows something.
+    static std::string CaptionOf(const TableBlock& block) {
+        for (const TableBlockCell& cell : block.cells)
+            for (const std::string& line : Split(cell.text, '\n'))
+                if (const std::string caption = Trim(Escaped(line)); !caption.empty()) return caption;
+        return "Schedule";
     }
 
     void WriteColumns(const TableBlock& block) {
