@@ -23,6 +23,7 @@ th,td{padding:.15rem .3rem;vertical-align:top;font-weight:inherit;text-align:lef
 white-space:pre-wrap;overflow-wrap:anywhere}
 .box{border:1px solid #888}.columns th,.columns td{border:1px solid #888}
 .columns+.columns,.columns+.box,.box+.columns{margin-top:-1px}
+.n{white-space:nowrap}
 .c{text-align:center}.r{text-align:right}.b{font-weight:bold}
 .grid+.line{margin-top:.4rem}
 .hidden{position:absolute;width:1px;height:1px;overflow:hidden;clip-path:inset(50%);white-space:nowrap}
@@ -352,8 +353,24 @@ class PageWriter {
             if (line > 0) html_ += "<br>";
             if (names.size() == lines.size() && !IsBlank(lines[line]))
                 WriteNamedLine(names[line], lines[line]);
-            else
+            else if (IsGrid(block))
                 AppendEscaped(html_, lines[line]);
+            else
+                WriteWords(lines[line]);
+        }
+    }
+
+    /// A line of text, in which a narrow screen may break between words but not inside a date.
+    void WriteWords(const std::string& line) {
+        constexpr std::size_t LongestDate = 12;
+        bool first = true;
+        for (const std::string& word : Split(line, ' ')) {
+            if (!first) html_ += " ";
+            first = false;
+            const bool date = word.size() <= LongestDate && word.find('-') != std::string::npos;
+            if (date) html_ += "<span class=\"n\">";
+            AppendEscaped(html_, word);
+            if (date) html_ += "</span>";
         }
     }
 

@@ -61,7 +61,7 @@ struct TableBlock {
 struct Paper {
     Twips width = 12240;
     Twips height = 15840;
-    Twips margin = 720; // on all sides
+    Twips margin = 567; // on all sides; a centimetre, which every printer leaves
 };
 
 class VpDocument : public Vp {

@@ -110,6 +110,13 @@ TEST_F(HtmlDocumentTest, makes_line_feeds_line_breaks) {
     EXPECT_TRUE(Holds(Body(), "a<br>b"));
 }
 
+TEST_F(HtmlDocumentTest, breaks_a_line_of_text_between_words_but_not_inside_a_date) {
+    vp.AddTable("<~100%;", {"from  1-Mar-2026 to <x-y>"});
+    EXPECT_TRUE(
+        Holds(Body(), ">from  <span class=\"n\">1-Mar-2026</span> to <span class=\"n\">&lt;x-y&gt;</span><"))
+        << Body();
+}
+
 TEST_F(HtmlDocumentTest, marks_head_cells_and_names_the_cells_below_them) {
     vp.AddTable("<~20%|^~+40%|^~+40%;", {"", "Sunday\n1-Mar-2026", "Monday\n2-Mar-2026"});
     vp.AddTable("<~20%|^~40%|^~40%;", {"Adams", "8-12", "9-13"});
@@ -122,6 +129,14 @@ TEST_F(HtmlDocumentTest, marks_head_cells_and_names_the_cells_below_them) {
 TEST_F(HtmlDocumentTest, captions_a_table_by_its_first_text) {
     vp.AddTable("<~50%|<~50%;", {"Adams Ann\nBaker", "8-12"});
     EXPECT_TRUE(Holds(Body(), "<caption class=\"hidden\">Adams Ann</caption>"));
+}
+
+TEST_F(HtmlDocumentTest, captions_a_table_by_its_first_text_that_shows) {
+    vp.AddTable("<~50%|<~50%;", {" \nBaker", "8-12"});
+    EXPECT_TRUE(Holds(Body(), "<caption class=\"hidden\">Baker</caption>"));
+    vp.StartDoc();
+    vp.AddTable("<~50%|<~50%;", {"\x01", " "});
+    EXPECT_TRUE(Holds(Body(), "<caption class=\"hidden\">Schedule</caption>"));
 }
 
 TEST_F(HtmlDocumentTest, does_not_pass_a_line_of_text_for_a_table_of_data) {

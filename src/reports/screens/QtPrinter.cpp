@@ -91,7 +91,7 @@ void QtPrinter::PrintOnPaper(const VpDocument& document) {
 }
 
 Paper UsualPaper() {
-    constexpr Paper A4{11906, 16838, 720};
+    constexpr Paper A4{11906, 16838};
     return IsImperial() ? Paper() : A4;
 }
 
