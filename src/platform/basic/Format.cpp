@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <optional>
 
 namespace tvx {
 namespace {
@@ -39,9 +40,32 @@ Pattern ReadPattern(std::string_view text) {
     return pattern;
 }
 
-Decimal FromReal(double x) {
+Decimal FromCurrency(Currency x) {
     Decimal decimal;
+    decimal.negative = x.Scaled() < 0;
+    const auto scaled = decimal.negative ? 0 - static_cast<std::uint64_t>(x.Scaled())
+                                         : static_cast<std::uint64_t>(x.Scaled());
+    if (scaled / 10000 != 0) decimal.whole = std::to_string(scaled / 10000);
+    const std::string rest = std::to_string(scaled % 10000);
+    decimal.fraction = std::string(4 - rest.size(), '0') + rest;
+    return decimal;
+}
+
+/// The number when it is one of four decimals and of so few digits that those are all that it holds for
+/// certain. Most numbers that are shown are, and they are told much faster so.
+std::optional<Currency> AsCurrency(double x) {
+    constexpr double Scale = 10000;
+    constexpr double Certain = 1e15;
+    if (std::fabs(x) * Scale >= Certain) return std::nullopt;
+    const auto scaled = std::llround(x * Scale);
+    if (static_cast<double>(scaled) / Scale != x) return std::nullopt;
+    return Currency::FromScaled(scaled);
+}
+
+Decimal FromReal(double x) {
     if (!std::isfinite(x)) x = 0;
+    if (const auto money = AsCurrency(x)) return FromCurrency(*money);
+    Decimal decimal;
     decimal.negative = x < 0;
     // Fifteen significant digits are what a real number holds for certain; the rest is binary noise.
     std::array<char, 48> scientific{};
@@ -61,17 +85,6 @@ Decimal FromReal(double x) {
     decimal.whole = digits.substr(0, wholeDigits);
     decimal.fraction = digits.substr(wholeDigits);
     if (decimal.whole == "0") decimal.whole.clear();
-    return decimal;
-}
-
-Decimal FromCurrency(Currency x) {
-    Decimal decimal;
-    decimal.negative = x.Scaled() < 0;
-    const auto scaled = decimal.negative ? 0 - static_cast<std::uint64_t>(x.Scaled())
-                                         : static_cast<std::uint64_t>(x.Scaled());
-    if (scaled / 10000 != 0) decimal.whole = std::to_string(scaled / 10000);
-    const std::string rest = std::to_string(scaled % 10000);
-    decimal.fraction = std::string(4 - rest.size(), '0') + rest;
     return decimal;
 }
 
