@@ -66,7 +66,20 @@ void AppendForeign(std::string& html, std::string_view bytes) {
         if (IsForPages(c)) AppendUtf8(html, c);
 }
 
-void AppendPlain(std::string& html, char c) {
+/// For each byte whether it stands for itself.
+constexpr auto PlainBytes = [] {
+    std::array<bool, 256> plain{};
+    for (std::size_t byte = 0x20; byte < 0x7F; ++byte) plain[byte] = true;
+    for (const char mark : {'&', '<', '>', '"', '\''}) plain[static_cast<unsigned char>(mark)] = false;
+    return plain;
+}();
+
+bool IsPlain(char c) {
+    return PlainBytes[static_cast<unsigned char>(c)];
+}
+
+/// Marks of markup as references; control characters go.
+void AppendMark(std::string& html, char c) {
     switch (c) {
     case '&':
         html += "&amp;";
@@ -92,16 +105,26 @@ bool IsAscii(char c) {
     return static_cast<unsigned char>(c) < 0x80;
 }
 
+/// The beginning of a text whose characters all belong to it; the text loses it.
+template <typename Belongs>
+std::string_view TakeRun(std::string_view& text, const Belongs& belongs) {
+    std::size_t length = 0;
+    while (length < text.size() && belongs(text[length])) ++length;
+    const std::string_view run = text.substr(0, length);
+    text.remove_prefix(length);
+    return run;
+}
+
 void AppendEscaped(std::string& html, std::string_view text) {
-    for (std::size_t i = 0; i < text.size();) {
-        if (IsAscii(text[i])) {
-            AppendPlain(html, text[i++]);
-            continue;
+    while (!text.empty()) {
+        html += TakeRun(text, IsPlain);
+        if (text.empty()) return;
+        if (IsAscii(text.front())) {
+            AppendMark(html, text.front());
+            text.remove_prefix(1);
+        } else {
+            AppendForeign(html, TakeRun(text, [](char c) { return !IsAscii(c); }));
         }
-        std::size_t end = i;
-        while (end < text.size() && !IsAscii(text[end])) ++end;
-        AppendForeign(html, text.substr(i, end - i));
-        i = end;
     }
 }
 
@@ -168,6 +191,16 @@ bool IsBlank(std::string_view text) {
     return text.find_first_not_of(" \n") == std::string_view::npos;
 }
 
+std::size_t LineCount(std::string_view text) {
+    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
+}
+
+/// A line of a text, from 0.
+std::string_view LineOf(std::string_view text, std::size_t line) {
+    for (; line > 0; --line) text.remove_prefix(text.find('\n') + 1);
+    return text.substr(0, text.find('\n'));
+}
+
 std::string OnOneLine(std::string text) {
     std::replace(text.begin(), text.end(), '\n', ' ');
     return Trim(text);
@@ -187,14 +220,19 @@ class PageWriter {
     explicit PageWriter(const VpDocument& document) : document_(document) {}
 
     std::string Write(const std::string& title, const std::string& language) {
+        constexpr std::size_t UsualTable = 1000; // bytes
+        html_.reserve(document_.Tables().size() * UsualTable);
         for (const TableBlock& block : document_.Tables()) WriteBlock(block);
         const std::string safeTitle = Escaped(title);
-        return "<!DOCTYPE html>\n<html lang=\"" + Escaped(language) +
-               "\">\n<head>\n<meta charset=\"utf-8\">\n"
-               "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
-               safeTitle + "</title>\n<style>" + FontRule() + std::string(Style) + ColourRules() +
-               "</style>\n</head>\n<body>\n<main>\n<h1 class=\"hidden\">" + safeTitle + "</h1>\n" + html_ +
-               "</main>\n</body>\n</html>\n";
+        std::string page =
+            "<!DOCTYPE html>\n<html lang=\"" + Escaped(language) +
+            "\">\n<head>\n<meta charset=\"utf-8\">\n"
+            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
+            safeTitle + "</title>\n<style>" + FontRule() + std::string(Style) + ColourRules() +
+            "</style>\n</head>\n<body>\n<main>\n<h1 class=\"hidden\">" + safeTitle + "</h1>\n";
+        constexpr std::string_view End = "</main>\n</body>\n</html>\n";
+        page.reserve(page.size() + html_.size() + End.size());
+        return page.append(html_).append(End);
     }
 
   private:
@@ -280,22 +318,32 @@ class PageWriter {
     }
 
     void WriteCaption(const TableBlock& block) {
-        html_ += "<caption class=\"hidden\">" + CaptionOf(block) + "</caption>";
+        html_ += "<caption class=\"hidden\">";
+        html_ += CaptionOf(block);
+        html_ += "</caption>";
     }
 
     /// The first line of the block that shows something.
     static std::string CaptionOf(const TableBlock& block) {
         for (const TableBlockCell& cell : block.cells)
-            for (const std::string& line : Split(cell.text, '\n'))
-                if (const std::string caption = Trim(Escaped(line)); !caption.empty()) return caption;
+            for (std::size_t line = 0; line < LineCount(cell.text); ++line)
+                if (std::string caption = Trim(Escaped(LineOf(cell.text, line))); !caption.empty())
+                    return caption;
         return "Schedule";
     }
 
+    /// Most tables have the columns of one before them.
     void WriteColumns(const TableBlock& block) {
-        html_ += "<colgroup>";
+        const auto known = std::find_if(columnGroups_.begin(), columnGroups_.end(),
+                                        [&](const auto& group) { return group.first == block.columns; });
+        if (known != columnGroups_.end()) {
+            html_ += known->second;
+            return;
+        }
+        std::string group = "<colgroup>";
         for (const TableColumn& column : block.columns)
-            html_ += "<col style=\"width:" + TrimmedNumber(column.percent) + "%\">";
-        html_ += "</colgroup>";
+            group += "<col style=\"width:" + TrimmedNumber(column.percent) + "%\">";
+        html_ += columnGroups_.emplace_back(block.columns, group + "</colgroup>").second;
     }
 
     // ---- cells ----
@@ -316,7 +364,8 @@ class PageWriter {
 
     void WriteClasses(const TableBlock& block, std::size_t i) {
         const TableBlockCell& cell = block.cells[i];
-        html_ += " class=\"k" + std::to_string(ColourClass(cell, block));
+        html_ += " class=\"k";
+        html_ += std::to_string(ColourClass(cell, block));
         const std::string_view align = AlignClass(block.columns[i].align);
         if (!align.empty()) html_.append(" ").append(align);
         if (cell.bold) html_ += " b";
@@ -337,7 +386,9 @@ class PageWriter {
         if (IsHead(block) || !IsNamed(block)) return;
         const std::size_t sums = block.columns.size() - heads_.size();
         if (i <= sums || heads_[i - sums].empty()) return;
-        html_ += " data-label=\"" + heads_[i - sums] + "\"";
+        html_ += " data-label=\"";
+        html_ += heads_[i - sums];
+        html_ += "\"";
     }
 
     void WriteLines(const TableBlock& block, std::size_t i) {
@@ -346,22 +397,23 @@ class PageWriter {
             if (!IsGrid(block)) html_ += "&nbsp;"; // a line that parts two others
             return;
         }
-        const std::vector<std::string> lines = Split(text, '\n');
-        std::vector<std::string> names;
-        if (i > 0 && HasRows(block)) names = Split(block.cells.front().text, '\n');
-        for (std::size_t line = 0; line < lines.size(); ++line) {
+        const std::size_t count = LineCount(text);
+        const std::string& names = block.cells.front().text;
+        const bool named = i > 0 && HasRows(block) && LineCount(names) == count;
+        for (std::size_t line = 0; line < count; ++line) {
             if (line > 0) html_ += "<br>";
-            if (names.size() == lines.size() && !IsBlank(lines[line]))
-                WriteNamedLine(names[line], lines[line]);
+            const std::string_view words = LineOf(text, line);
+            if (named && !IsBlank(words))
+                WriteNamedLine(LineOf(names, line), words);
             else if (IsGrid(block))
-                AppendEscaped(html_, lines[line]);
+                AppendEscaped(html_, words);
             else
-                WriteWords(lines[line]);
+                WriteWords(words);
         }
     }
 
     /// A line of text, in which a narrow screen may break between words but not inside a date.
-    void WriteWords(const std::string& line) {
+    void WriteWords(std::string_view line) {
         constexpr std::size_t LongestDate = 12;
         bool first = true;
         for (const std::string& word : Split(line, ' ')) {
@@ -374,7 +426,7 @@ class PageWriter {
         }
     }
 
-    void WriteNamedLine(const std::string& name, const std::string& line) {
+    void WriteNamedLine(std::string_view name, std::string_view line) {
         html_ += "<span data-row=\"" + Escaped(name) + "\">";
         AppendEscaped(html_, line);
         html_ += "</span>";
@@ -386,6 +438,7 @@ class PageWriter {
     bool afterHead_ = false;
     bool pushed_ = false;                              // in the present row
     std::map<std::pair<Colour, Colour>, int> colours_; // text, ground; number of the class
+    std::vector<std::pair<std::vector<TableColumn>, std::string>> columnGroups_; // and their markup
 };
 
 } // namespace

@@ -8,6 +8,7 @@
 #include "shell/TVXMOD1.h"
 
 #include <array>
+#include <utility>
 
 namespace tvx {
 namespace {
@@ -32,11 +33,10 @@ class HtmlSchedule {
     void Line(std::string_view format, const std::string& text) { vp_.AddTable(format, {text}); }
 
     /// A table whose first cell has a colour of its own and is not bold.
-    void TouchedUp(std::string_view format, const std::vector<std::string>& cells, Colour text,
-                   Colour first) {
+    void TouchedUp(std::string_view format, std::vector<std::string> cells, Colour text, Colour first) {
         vp_.TextColor(text);
         vp_.StartTable();
-        vp_.AddTable(format, cells);
+        vp_.AddTable(format, std::move(cells));
         vp_.TableCell(CellSetting::TextColor, 1, 1, first);
         vp_.TableCell(CellSetting::Bold, 1, 1, 0);
         vp_.EndTable();
@@ -119,7 +119,7 @@ class ShortHtml : private HtmlSchedule {
         for (int d = 1; d <= 7; ++d) cells.push_back(DayCell(e, d));
         vp_.TableBorder(TableBorders::BoxColumns);
         vp_.TextColor(QBColor(3));
-        vp_.AddTable(Ranges, cells);
+        vp_.AddTable(Ranges, std::move(cells));
         if (PrintsTotals(g_)) FigureRow(e, own);
     }
 
@@ -145,7 +145,7 @@ class ShortHtml : private HtmlSchedule {
         for (int d = 1; d <= 7; ++d)
             cells.push_back(Stacked(DayHoursText(g_, own.quarters[d]),
                                     DayWagesText(g_, e, own.quarters[d], own.wages[d])));
-        TouchedUp(Figures, cells, QBColor(12), QBColor(9));
+        TouchedUp(Figures, std::move(cells), QBColor(12), QBColor(9));
     }
 
     void DayTotals() {
@@ -155,7 +155,7 @@ class ShortHtml : private HtmlSchedule {
                 Stacked("Hours " + QuartersToText(g_.reports.totals.DayTotalQuarters[d], TimeStyle()),
                         "Wages " + Format(g_.reports.totals.DayTotalWages[d], ".00")));
         vp_.TableBorder(TableBorders::BoxColumns);
-        TouchedUp(Figures, cells, QBColor(9), QBColor(1));
+        TouchedUp(Figures, std::move(cells), QBColor(9), QBColor(1));
     }
 
     void ProductivityBlock() {
@@ -186,8 +186,8 @@ class ShortHtml : private HtmlSchedule {
                              LaborPercent(g_, sums_, d));
         }
         vp_.TableBorder(TableBorders::BoxColumns);
-        TouchedUp(ProductivityFigures, figures, QBColor(0), QBColor(1));
-        TouchedUp(ProductivityFigures, ratios, QBColor(0), QBColor(1));
+        TouchedUp(ProductivityFigures, std::move(figures), QBColor(0), QBColor(1));
+        TouchedUp(ProductivityFigures, std::move(ratios), QBColor(0), QBColor(1));
     }
 
     void Note() {

@@ -184,12 +184,12 @@ EmployeeSums AddToSums(GlobalState& g, int e, bool productivity, ScheduleSums& s
 }
 
 std::string DayHoursText(const GlobalState& g, int quarters) {
-    const std::string time = QuartersToText(quarters, g.application.Settings[setting::TimeFormat]);
-    return Trim(time) == "0:00" ? "" : "Hours " + time;
+    if (quarters == 0) return ""; // "0:00"
+    return "Hours " + QuartersToText(quarters, g.application.Settings[setting::TimeFormat]);
 }
 
 std::string DayWagesText(const GlobalState& g, int e, int quarters, double wages) {
-    if (DayHoursText(g, quarters).empty()) return "";
+    if (quarters == 0) return "";
     return g.roster.IsPaidByHour(e) ? "Wages " + Format(wages, ".00") : "On salary  ";
 }
 

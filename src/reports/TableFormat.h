@@ -13,6 +13,8 @@ struct TableColumn {
     double percent = 0;     // of the text width, 0 to 100
     bool keepLines = false; // the program has broken the lines itself
     bool head = false;      // the cell names the column below it
+
+    friend bool operator==(const TableColumn&, const TableColumn&) = default;
 };
 
 /// Columns of a format such as "<~15.5%|^~12%;". The marks "<", "^" and ">" align, "~" keeps the lines as

@@ -31,15 +31,15 @@ void VpDocument::Font(const ReportFont& font) {
 }
 
 Twips VpDocument::PageWidth() const {
-    const Paper& paper = open_ ? paper_ : wantedPaper_;
-    const bool across = (open_ ? orientation_ : wanted_) == PageOrientation::Landscape;
-    return (across ? paper.height : paper.width) - 2 * paper.margin;
+    if (open_) return Across();
+    const bool across = wanted_ == PageOrientation::Landscape;
+    return (across ? wantedPaper_.height : wantedPaper_.width) - 2 * wantedPaper_.margin;
 }
 
 Twips VpDocument::PageHeight() const {
-    const Paper& paper = open_ ? paper_ : wantedPaper_;
-    const bool across = (open_ ? orientation_ : wanted_) == PageOrientation::Landscape;
-    return (across ? paper.width : paper.height) - 2 * paper.margin;
+    if (open_) return Down();
+    const bool across = wanted_ == PageOrientation::Landscape;
+    return (across ? wantedPaper_.width : wantedPaper_.height) - 2 * wantedPaper_.margin;
 }
 
 Twips VpDocument::TextWidth(std::string_view text) const {
@@ -50,7 +50,15 @@ Twips VpDocument::TextHeight(std::string_view) const {
     return measures_.Height(font_);
 }
 
-int VpDocument::FontIndex(const ReportFont& font) {
+Twips VpDocument::Across() const {
+    return (orientation_ == PageOrientation::Landscape ? paper_.height : paper_.width) - 2 * paper_.margin;
+}
+
+Twips VpDocument::Down() const {
+    return (orientation_ == PageOrientation::Landscape ? paper_.width : paper_.height) - 2 * paper_.margin;
+}
+
+int VpDocument::FontIndex(const ReportFont& font) const {
     const auto known = std::find(fonts_.begin(), fonts_.end(), font);
     if (known != fonts_.end()) return static_cast<int>(known - fonts_.begin());
     fonts_.push_back(font);
@@ -60,6 +68,7 @@ int VpDocument::FontIndex(const ReportFont& font) {
 void VpDocument::StartDoc() {
     pages_.assign(1, {});
     tables_.clear();
+    laidOut_ = 0;
     fonts_.clear();
     touchedUp_.reset();
     touchingUp_ = false;
@@ -76,16 +85,45 @@ void VpDocument::StartDoc() {
 
 void VpDocument::NewPage() {
     if (!open_) return;
+    LayOutTables();
+    BeginPage();
+    x_ = 0;
+}
+
+void VpDocument::BeginPage() const {
     pages_.emplace_back();
-    x_ = y_ = 0;
+    y_ = 0;
+}
+
+void VpDocument::CurrentY(Twips y) {
+    LayOutTables();
+    y_ = y;
+}
+
+Twips VpDocument::CurrentY() const {
+    LayOutTables();
+    return y_;
+}
+
+int VpDocument::PageCount() const {
+    LayOutTables();
+    return static_cast<int>(pages_.size());
+}
+
+const std::vector<PageOperation>& VpDocument::Page(int page) const {
+    LayOutTables();
+    return pages_.at(static_cast<std::size_t>(page) - 1);
 }
 
 void VpDocument::Draw(PageOperation operation) {
-    if (open_) pages_.back().push_back(std::move(operation));
+    if (!open_) return;
+    LayOutTables();
+    pages_.back().push_back(std::move(operation));
 }
 
 void VpDocument::Text(std::string_view text) {
     if (text.empty()) return;
+    LayOutTables(); // which moves the place
     Draw(DrawnPageText{x_, y_, std::string(text), FontIndex(font_), textColor_});
 }
 
@@ -100,16 +138,26 @@ void VpDocument::DrawRectangle(Twips left, Twips top, Twips right, Twips bottom)
 
 // ---- tables ----
 
-void VpDocument::AddTable(std::string_view format, const std::vector<std::string>& cells,
+const std::vector<TableColumn>& VpDocument::ColumnsOf(std::string_view format) {
+    const auto known = formats_.find(format);
+    if (known != formats_.end()) return known->second;
+    return formats_.emplace(format, ParseTableFormat(format)).first->second;
+}
+
+void VpDocument::AddTable(std::string_view format, std::vector<std::string> cells,
                           std::optional<Colour> bodyShade) {
     if (!open_) return;
-    TableBlock block{ParseTableFormat(format), {}, border_, bodyShade, FontIndex(font_), CurrentPage()};
-    for (std::size_t i = 0; i < block.columns.size(); ++i)
-        block.cells.push_back({i < cells.size() ? NormalizedLineEnds(cells[i]) : "", textColor_, font_.bold});
+    TableBlock block{ColumnsOf(format), {}, border_, bodyShade, FontIndex(font_), penColor_};
+    cells.resize(block.columns.size());
+    block.cells.reserve(cells.size());
+    for (std::string& cell : cells) {
+        if (cell.find('\r') != std::string::npos) cell = NormalizedLineEnds(cell);
+        block.cells.push_back({std::move(cell), textColor_, font_.bold});
+    }
     if (touchingUp_)
         touchedUp_ = std::move(block);
     else
-        LayOut(block);
+        tables_.push_back(std::move(block));
 }
 
 void VpDocument::StartTable() {
@@ -128,7 +176,7 @@ void VpDocument::TableCell(CellSetting setting, int row, int column, Colour valu
 
 void VpDocument::EndTable() {
     touchingUp_ = false;
-    if (touchedUp_) LayOut(*touchedUp_);
+    if (touchedUp_) tables_.push_back(std::move(*touchedUp_));
     touchedUp_.reset();
 }
 
@@ -156,40 +204,43 @@ std::vector<std::string> VpDocument::LinesOf(const TableBlockCell& cell, const T
     return wrapped;
 }
 
+void VpDocument::LayOutTables() const {
+    while (laidOut_ < tables_.size()) LayOut(tables_[laidOut_++]);
+}
+
 /// A row stays together where a page has room for it; one that is taller than a page goes on on the next.
-void VpDocument::LayOut(const TableBlock& block) {
-    tables_.push_back(block);
+void VpDocument::LayOut(const TableBlock& block) const {
     CellLines lines;
     std::size_t most = 1;
     for (std::size_t i = 0; i < block.cells.size(); ++i) {
         const ReportFont font = FontOf(FontAt(block.font), block.cells[i]);
         lines.push_back(LinesOf(block.cells[i], block.columns[i], font,
-                                WidthOf(block.columns[i], PageWidth()) - 2 * CellPadding));
+                                WidthOf(block.columns[i], Across()) - 2 * CellPadding));
         most = std::max(most, lines.back().size());
     }
     const auto linesThatFit = [&] {
-        const Twips room = PageHeight() - CellPadding - y_;
+        const Twips room = Down() - CellPadding - y_;
         return static_cast<std::size_t>(
             std::max(0, room / std::max(1, measures_.Height(FontAt(block.font)))));
     };
-    if (y_ > 0 && most > linesThatFit()) NewPage();
-    tables_.back().page = CurrentPage();
+    if (y_ > 0 && most > linesThatFit()) BeginPage();
     for (std::size_t first = 0; first < most;) {
-        if (first > 0) NewPage();
+        if (first > 0) BeginPage();
         const std::size_t end = std::min(most, first + std::max<std::size_t>(1, linesThatFit()));
         DrawPart(block, lines, {first, end});
         first = end;
     }
 }
 
-void VpDocument::DrawPart(const TableBlock& block, const CellLines& lines, LinePart part) {
+void VpDocument::DrawPart(const TableBlock& block, const CellLines& lines, LinePart part) const {
     const auto count = static_cast<Twips>(part.end - part.first);
     const Twips top = y_;
     const Twips bottom = top + count * measures_.Height(FontAt(block.font)) + CellPadding;
-    if (block.shade) Draw(DrawnPageBox{{0, top, PageWidth(), bottom}, *block.shade, false, 0});
+    if (block.shade)
+        pages_.back().push_back(DrawnPageBox{{0, top, Across(), bottom}, *block.shade, false, 0});
     Twips left = 0;
     for (std::size_t i = 0; i < block.cells.size(); ++i) {
-        const Twips right = left + WidthOf(block.columns[i], PageWidth());
+        const Twips right = left + WidthOf(block.columns[i], Across());
         DrawCell(lines[i], part, block.cells[i], block.columns[i], FontOf(FontAt(block.font), block.cells[i]),
                  {left, top, right, bottom});
         left = right;
@@ -199,7 +250,7 @@ void VpDocument::DrawPart(const TableBlock& block, const CellLines& lines, LineP
 }
 
 void VpDocument::DrawCell(const std::vector<std::string>& lines, LinePart part, const TableBlockCell& cell,
-                          const TableColumn& column, const ReportFont& font, TwipsBox place) {
+                          const TableColumn& column, const ReportFont& font, TwipsBox place) const {
     const int fontIndex = FontIndex(font);
     Twips y = place.top + CellPadding / 2;
     for (std::size_t i = part.first; i < std::min(part.end, lines.size()); ++i) {
@@ -209,19 +260,19 @@ void VpDocument::DrawCell(const std::vector<std::string>& lines, LinePart part, 
             Twips x = place.left + CellPadding;
             if (column.align == CellAlign::Centre) x = place.left + (place.Width() - textWidth) / 2;
             if (column.align == CellAlign::Right) x = place.right - CellPadding - textWidth;
-            Draw(DrawnPageText{x, y, line, fontIndex, cell.colour});
+            pages_.back().push_back(DrawnPageText{x, y, line, fontIndex, cell.colour});
         }
         y += measures_.Height(font);
     }
 }
 
-void VpDocument::DrawBorders(const TableBlock& block, Twips top, Twips bottom) {
+void VpDocument::DrawBorders(const TableBlock& block, Twips top, Twips bottom) const {
     if (block.border == TableBorders::None) return;
     Twips right = 0;
     std::vector<Twips> edges;
-    for (const TableColumn& column : block.columns) edges.push_back(right += WidthOf(column, PageWidth()));
+    for (const TableColumn& column : block.columns) edges.push_back(right += WidthOf(column, Across()));
     const auto line = [&](Twips x1, Twips y1, Twips x2, Twips y2) {
-        Draw(DrawnPageLine{x1, y1, x2, y2, penColor_, 0});
+        pages_.back().push_back(DrawnPageLine{x1, y1, x2, y2, block.lines, 0});
     };
     line(0, top, right, top);
     line(0, bottom, right, bottom);

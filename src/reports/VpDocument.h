@@ -54,7 +54,7 @@ struct TableBlock {
     TableBorders border = TableBorders::None;
     std::optional<Colour> shade;
     int font = 0;
-    int page = 1; // on which it begins
+    Colour lines = 0; // of the border
 };
 
 /// Size of a sheet and what of it can be printed on, portrait.
@@ -78,9 +78,9 @@ class VpDocument : public Vp {
     Twips TextWidth(std::string_view text) const override;
     Twips TextHeight(std::string_view text) const override;
     void CurrentX(Twips x) override { x_ = x; }
-    void CurrentY(Twips y) override { y_ = y; }
+    void CurrentY(Twips y) override;
     Twips CurrentX() const override { return x_; }
-    Twips CurrentY() const override { return y_; }
+    Twips CurrentY() const override;
     void Text(std::string_view text) override;
     void TextColor(Colour colour) override { textColor_ = colour; }
     void PenColor(Colour colour) override { penColor_ = colour; }
@@ -90,7 +90,7 @@ class VpDocument : public Vp {
     void DrawLine(Twips x1, Twips y1, Twips x2, Twips y2) override;
     void DrawRectangle(Twips left, Twips top, Twips right, Twips bottom) override;
     void TableBorder(TableBorders border) override { border_ = border; }
-    void AddTable(std::string_view format, const std::vector<std::string>& cells,
+    void AddTable(std::string_view format, std::vector<std::string> cells,
                   std::optional<Colour> bodyShade = std::nullopt) override;
     void StartTable() override;
     void EndTable() override;
@@ -98,15 +98,13 @@ class VpDocument : public Vp {
     void StartDoc() override;
     void EndDoc() override { open_ = false; }
     void NewPage() override;
-    int CurrentPage() const override { return static_cast<int>(pages_.size()); }
+    int CurrentPage() const override { return PageCount(); }
 
     // ---- what a preview, a printer or a web page is made of ----
     bool IsOpen() const { return open_; }
-    int PageCount() const { return static_cast<int>(pages_.size()); }
+    int PageCount() const;
     /// Operations of a page, from 1, in the order in which they were drawn.
-    const std::vector<PageOperation>& Page(int page) const {
-        return pages_.at(static_cast<std::size_t>(page) - 1);
-    }
+    const std::vector<PageOperation>& Page(int page) const;
     const std::vector<TableBlock>& Tables() const { return tables_; }
     const ReportFont& FontAt(int index) const { return fonts_.at(static_cast<std::size_t>(index)); }
     /// Of the document that was started last.
@@ -124,26 +122,32 @@ class VpDocument : public Vp {
         std::size_t end = 0;
     };
 
-    int FontIndex(const ReportFont& font);
+    int FontIndex(const ReportFont& font) const;
+    const std::vector<TableColumn>& ColumnsOf(std::string_view format);
     void Draw(PageOperation operation);
-    void LayOut(const TableBlock& block);
-    void DrawPart(const TableBlock& block, const CellLines& lines, LinePart part);
+    void BeginPage() const;
+    /// Width and height of the printable area of the document that was started last.
+    Twips Across() const;
+    Twips Down() const;
+    /// Draws the tables that have come since it was called last. A web page is made of tables alone and never
+    /// asks for their places, so they are laid out only when somebody does.
+    void LayOutTables() const;
+    void LayOut(const TableBlock& block) const;
+    void DrawPart(const TableBlock& block, const CellLines& lines, LinePart part) const;
     std::vector<std::string> LinesOf(const TableBlockCell& cell, const TableColumn& column,
                                      const ReportFont& font, Twips width) const;
     void DrawCell(const std::vector<std::string>& lines, LinePart part, const TableBlockCell& cell,
-                  const TableColumn& column, const ReportFont& font, TwipsBox place);
-    void DrawBorders(const TableBlock& block, Twips top, Twips bottom);
+                  const TableColumn& column, const ReportFont& font, TwipsBox place) const;
+    void DrawBorders(const TableBlock& block, Twips top, Twips bottom) const;
 
     const FontMeasures& measures_;
     Paper paper_;
     Paper wantedPaper_;
     ReportFont font_;
-    std::vector<ReportFont> fonts_;
     PageOrientation wanted_ = PageOrientation::Portrait;
     PageOrientation orientation_ = PageOrientation::Portrait;
     bool open_ = false;
     Twips x_ = 0;
-    Twips y_ = 0; // of the next text, and top of the next table
     Colour textColor_ = 0;
     Colour penColor_ = 0;
     PenStyles penStyle_ = PenStyles::Solid;
@@ -152,8 +156,13 @@ class VpDocument : public Vp {
     TableBorders border_ = TableBorders::None;
     std::optional<TableBlock> touchedUp_; // between StartTable and EndTable
     bool touchingUp_ = false;
-    std::vector<std::vector<PageOperation>> pages_;
     std::vector<TableBlock> tables_;
+    std::map<std::string, std::vector<TableColumn>, std::less<>> formats_; // those seen so far
+    // What laying tables out changes.
+    mutable std::vector<std::vector<PageOperation>> pages_;
+    mutable std::vector<ReportFont> fonts_;
+    mutable std::size_t laidOut_ = 0; // of the tables
+    mutable Twips y_ = 0;             // of the next text, and top of the next table
 };
 
 } // namespace tvx

@@ -304,7 +304,6 @@ TEST_F(VpDocumentTest, keeps_a_row_together_on_the_next_page) {
     EXPECT_EQ(vp.PageCount(), 2);
     EXPECT_EQ(Texts(1), "");
     EXPECT_EQ(Texts(2), "45,22 a\n45,222 b\n45,422 c\n");
-    EXPECT_EQ(vp.Tables()[0].page, 2);
 }
 
 TEST_F(VpDocumentTest, carries_a_row_that_is_higher_than_a_page_on_over_pages) {
@@ -325,6 +324,35 @@ TEST_F(VpDocumentTest, puts_a_line_on_each_page_of_a_sheet_too_low_for_any) {
     low.AddTable("<~100%;", {"a\nb\nc"});
     low.AddTable("<~100%;", {"d"});
     EXPECT_EQ(low.PageCount(), 4);
+}
+
+TEST_F(VpDocumentTest, draws_tables_and_texts_in_the_order_in_which_they_came) {
+    vp.AddTable("<~100%;", {"table"});
+    vp.Text("below it");
+    vp.AddTable("<~100%;", {"another"});
+    EXPECT_EQ(std::as_const(vp).CurrentY(), 490);
+    vp.NewPage();
+    vp.AddTable("<~100%;", {"last"});
+    vp.EndDoc();
+    EXPECT_EQ(Texts(1), "45,22 table\n0,245 below it\n45,267 another\n");
+    EXPECT_EQ(Texts(2), "45,22 last\n");
+}
+
+TEST_F(VpDocumentTest, lays_tables_out_on_its_own_sheet_whatever_is_wanted_for_the_next) {
+    vp.AddTable(">~100%;", {"right"});
+    vp.EndDoc();
+    vp.Orientation(PageOrientation::Landscape);
+    vp.Sheet(Paper{100, 100, 0});
+    vp.PenColor(Red);
+    EXPECT_EQ(Texts(), "9505,22 right\n");
+}
+
+TEST_F(VpDocumentTest, borders_a_table_with_the_pen_that_it_had) {
+    vp.TableBorder(TableBorders::Box);
+    vp.PenColor(QBColor(1));
+    vp.AddTable("<~100%;", {"a"});
+    vp.PenColor(QBColor(2));
+    EXPECT_EQ(All<DrawnPageLine>().front().colour, QBColor(1));
 }
 
 TEST_F(VpDocumentTest, stands_a_sheet_that_is_all_margin) {

@@ -79,7 +79,7 @@ class Vp {
     /// One row of cells at CurrentY, which moves below it; a row that does not fit begins the next page.
     /// `format` gives each column's alignment and share of the width; a line feed in a cell begins a new line
     /// there. `bodyShade` fills the row.
-    virtual void AddTable(std::string_view format, const std::vector<std::string>& cells,
+    virtual void AddTable(std::string_view format, std::vector<std::string> cells,
                           std::optional<Colour> bodyShade = std::nullopt) = 0;
     /// Between the two, the cells of a table can be touched up; EndTable adds it.
     virtual void StartTable() = 0;
