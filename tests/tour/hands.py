@@ -19,8 +19,19 @@ class Hands:
     def type(self, text):
         self._do("type", text)
 
-    def click(self, place, button=1):
-        self._do("mousemove", *place, "click", button)
+    def click(self, place, button=1, held=None):
+        """A click, perhaps while a key is held."""
+        if held is None:
+            self._do("mousemove", *place, "click", button)
+        else:
+            self._do("keydown", held, "mousemove", *place, "click", button, "keyup", held)
+
+    def double_click(self, place):
+        self._do("mousemove", *place, "click", "--repeat", 2, "--delay", 60, 1)
+
+    def triple_click(self, place):
+        """Marks a whole line of text."""
+        self._do("mousemove", *place, "click", "--repeat", 3, "--delay", 60, 1)
 
     def drag(self, start, stop, steps=8):
         """Presses at one place, moves on in steps and lets go at the other."""

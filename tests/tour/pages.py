@@ -231,3 +231,80 @@ class Editor(Menus):
         box = self.station.box("You made changes")
         until_equal(lambda: box.message, "Save the changes first?", "the question")
         return box
+
+
+class Schedules(Page):
+    """The form that prints schedules, with its options."""
+
+    def button(self, name):
+        """The one that shows: the preview has buttons of the same names."""
+        return until(lambda: next((button for button in self.window.all("push button", name) if button.shows), None),
+                     f"the button {name!r}")
+
+    def tick(self, name):
+        box = self.window.await_("check box", name)
+        left, top, _, height = box.place
+        if not box.checked:
+            self.hands.click((left + 8, top + height // 2))
+        until(lambda: box.checked, f"{name!r} to be ticked")
+
+    def ticked(self, name):
+        return self.window.await_("check box", name).checked
+
+    def choose(self, name):
+        option = self.window.await_("radio button", name)
+        left, top, _, height = option.place
+        self.hands.click((left + 8, top + height // 2))
+        until(lambda: option.checked, f"{name!r} to be chosen")
+
+    def pick(self, names):
+        """Picks people in the list, and nobody else."""
+        rows = self.window.await_("list", "Employees").children
+        for number, name in enumerate(names):
+            row = next(row for row in rows if row.name.startswith(name))
+            left, top, width, height = row.place
+            self.hands.click((left + 40, top + height // 2), held="ctrl" if number else None)
+
+    def preview(self, title="Review print pages..."):
+        return Preview(self.station, self.station.window(title))
+
+    def print_to(self, file):
+        """Prints into a file by the desktop's dialog."""
+        self.press("Print")
+        dialog = self.station.page("Print")
+        box = dialog.window.await_("text", "Output file:")
+        self.hands.triple_click(box.middle)
+        self.hands.type(file)
+        until_equal(lambda: box.text, str(file), "the name of the file")
+        dialog.press("Print")
+        self.station.await_gone(dialog.title)
+
+    def save_as(self, file):
+        """Saves a web page by the desktop's dialog."""
+        self.press("Save HTML")
+        dialog = self.station.page("Save HTML")
+        box = dialog.window.await_("text", "File name:")
+        self.hands.triple_click(box.middle)
+        self.hands.type(file)
+        until_equal(lambda: box.text, str(file), "the name of the file")
+        self.hands.press("Return")
+        self.station.await_gone(dialog.title)
+
+
+class Preview(Schedules):
+    """The same form while it shows the pages."""
+
+    @property
+    def page(self):
+        """The number of the page that shows, and of all."""
+        words = self.says("Page").split()
+        return int(words[1]), int(words[3])
+
+    @property
+    def pages(self):
+        return self.page[1]
+
+    @property
+    def paper(self):
+        """Where the pages show."""
+        return self.window.await_("filler", "Preview of the pages").place

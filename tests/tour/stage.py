@@ -13,7 +13,7 @@ import time
 from pathlib import Path
 
 PR_SET_PDEATHSIG = 1
-TOOLS = ["Xvfb", "openbox", "xdotool", "maim", "xprop", "dbus-daemon"]
+TOOLS = ["Xvfb", "openbox", "xdotool", "maim", "xprop", "dbus-daemon", "pdftotext", "pdftoppm"]
 
 
 class StageTrouble(Exception):

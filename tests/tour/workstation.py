@@ -4,7 +4,7 @@ import time
 
 from eyes import Failed, until
 from hands import Hands
-from pages import Box, Console, Editor, Page
+from pages import Box, Console, Editor, Page, Schedules
 from stage import end
 
 DATABASE = "TVX.MDB"
@@ -102,6 +102,10 @@ class Workstation:
 
     def box(self, title, process=None):
         return Box(self, self.window(title, process, role="alert"))
+
+    def schedules(self, picked=False):
+        title = "Printing schedules for selected Employees" if picked else "Include in schedule"
+        return Schedules(self, self.window(title))
 
     def page_over(self, below):
         """The screen that has come to the front over another one, whatever its title."""
