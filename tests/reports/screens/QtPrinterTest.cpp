@@ -3,6 +3,7 @@
 
 #include "platform/files/FileError.h"
 #include "reports/screens/DocumentPainter.h"
+#include "support/FullDisk.h"
 #include "support/TempFolder.h"
 
 #include <QAbstractButton>
@@ -107,6 +108,18 @@ TEST_F(QtPrinterTest, leaves_an_old_PDF_whole_when_it_cannot_be_written) {
     EXPECT_THROW(qt::WritePdf(document, "Week", folder / "week.pdf"), FileError);
     EXPECT_THROW(qt::WritePdf(document, "Week", folder / "none/week.pdf"), FileError);
     EXPECT_TRUE(std::filesystem::is_directory(folder / "week.pdf"));
+    EXPECT_EQ(test::NamesIn(folder.Path()), std::vector<std::string>{"week.pdf"});
+}
+
+TEST_F(QtPrinterTest, leaves_an_old_PDF_whole_on_a_full_disk) {
+    test::WriteFile(folder / "week.pdf", "old");
+    VpDocument document(measures);
+    Draw(document, 2);
+    {
+        const test::FullDisk full(1000);
+        EXPECT_THROW(qt::WritePdf(document, "Week", folder / "week.pdf"), FileError);
+    }
+    EXPECT_EQ(test::ReadFile(folder / "week.pdf"), "old");
     EXPECT_EQ(test::NamesIn(folder.Path()), std::vector<std::string>{"week.pdf"});
 }
 

@@ -1,36 +1,13 @@
 #include "ScheduleFormFixture.h"
+#include "support/FullDisk.h"
 #include "support/Usability.h"
 
-#include <QDir>
 #include <QListWidget>
-
-#include <csignal>
-#include <sys/resource.h>
 
 namespace tvx {
 namespace {
 
 using Strings = std::vector<std::string>;
-
-/// While it lives no file of this process grows beyond some bytes, as on a full disk.
-class FullDisk {
-  public:
-    explicit FullDisk(rlim_t bytes) : before_(std::signal(SIGXFSZ, SIG_IGN)) {
-        getrlimit(RLIMIT_FSIZE, &limit_);
-        const rlimit low{bytes, limit_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &low);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &limit_);
-        std::signal(SIGXFSZ, before_);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-  private:
-    rlimit limit_{};
-    void (*before_)(int);
-};
 
 class ScheduleFormTest : public ScheduleFormFixture {
   protected:
@@ -344,7 +321,7 @@ TEST_F(WebPageTest, leave_the_old_file_whole_on_a_full_disk) {
     store.prompt().WillSaveTo(Target("week.htm"));
     store.prompt().WillAnswer(Answer::Ok);
     {
-        const FullDisk full(2000);
+        const test::FullDisk full(2000);
         Click("cmdSaveHTML");
     }
     EXPECT_EQ(store.prompt().Last().title, "File error");
