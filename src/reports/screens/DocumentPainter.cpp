@@ -107,19 +107,24 @@ QFont FontInTwips(const ReportFont& font) {
     return made;
 }
 
-const QFontMetricsF& QtFontMeasures::MetricsOf(const ReportFont& font) const {
+QtFontMeasures::Known& QtFontMeasures::KnownOf(const ReportFont& font) const {
     const auto found =
-        std::find_if(known_.begin(), known_.end(), [&](const auto& known) { return known.first == font; });
-    if (found != known_.end()) return found->second;
-    return known_.emplace_back(font, QFontMetricsF(FontInTwips(font))).second;
+        std::find_if(known_.begin(), known_.end(), [&](const Known& known) { return known.font == font; });
+    if (found != known_.end()) return *found;
+    return known_.emplace_back(Known{font, QFontMetricsF(FontInTwips(font)), {}});
 }
 
 Twips QtFontMeasures::Width(const ReportFont& font, std::string_view text) const {
-    return static_cast<Twips>(std::lround(MetricsOf(font).horizontalAdvance(ToText(text))));
+    constexpr std::size_t MostKept = 5000;
+    Known& known = KnownOf(font);
+    if (known.widths.size() >= MostKept) known.widths.clear();
+    const auto [width, isNew] = known.widths.try_emplace(std::string(text), 0);
+    if (isNew) width->second = static_cast<Twips>(std::lround(known.metrics.horizontalAdvance(ToText(text))));
+    return width->second;
 }
 
 Twips QtFontMeasures::Height(const ReportFont& font) const {
-    return static_cast<Twips>(std::lround(MetricsOf(font).height()));
+    return static_cast<Twips>(std::lround(KnownOf(font).metrics.height()));
 }
 
 void PaintPage(QPainter& painter, const VpDocument& document, int page) {

@@ -7,7 +7,8 @@
 #include <QFontMetricsF>
 
 #include <filesystem>
-#include <utility>
+#include <string>
+#include <unordered_map>
 #include <vector>
 
 class QPagedPaintDevice;
@@ -23,9 +24,14 @@ class QtFontMeasures : public FontMeasures {
     Twips Height(const ReportFont& font) const override;
 
   private:
-    const QFontMetricsF& MetricsOf(const ReportFont& font) const;
+    struct Known {
+        ReportFont font;
+        QFontMetricsF metrics;
+        std::unordered_map<std::string, Twips> widths; // of texts: those of a schedule come again and again
+    };
+    Known& KnownOf(const ReportFont& font) const;
 
-    mutable std::vector<std::pair<ReportFont, QFontMetricsF>> known_; // a report has few fonts
+    mutable std::vector<Known> known_; // a report has few fonts
 };
 
 /// A font for painting where one unit is a twip.
