@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -51,7 +52,7 @@ DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, Form* owner)
     column->addWidget(Label4);
     BuildButtons(*column);
     ShowProfile(DepartmentProfile());
-    setFixedWidth(Pixels(9000));
+    setFixedWidth(std::max(Pixels(9000), minimumSizeHint().width())); // a title carries the department's word
     adjustSize();
     setFixedSize(size());
     CenterForm();

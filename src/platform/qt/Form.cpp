@@ -6,10 +6,21 @@
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <QScreen>
 #include <QVBoxLayout>
 
 namespace tvx::qt {
+namespace {
+
+/// The Tab key comes to the chosen one of a group of options, also when the program chose it.
+void MakeTabStop(QRadioButton& chosen) {
+    for (QRadioButton* option :
+         chosen.parentWidget()->findChildren<QRadioButton*>(Qt::FindDirectChildrenOnly))
+        option->setFocusPolicy(option == &chosen ? Qt::StrongFocus : Qt::ClickFocus);
+}
+
+} // namespace
 
 Form::Form(Ports& ports, const char* designerName, Form* owner)
     : QWidget(owner, Qt::Window), ports_(ports), owner_(owner), face_(new QWidget(this)) {
@@ -36,6 +47,10 @@ QMenuBar& Form::Menus() {
 void Form::Name(QWidget& control, const char* name, const std::string& accessible) {
     control.setObjectName(QString::fromUtf8(name));
     if (!accessible.empty()) control.setAccessibleName(ToQString(accessible));
+    if (auto* option = qobject_cast<QRadioButton*>(&control))
+        connect(option, &QRadioButton::toggled, option, [option](bool chosen) {
+            if (chosen) MakeTabStop(*option);
+        });
 }
 
 void Form::Place(QWidget& control, Twips left, Twips top, Twips width, Twips height) {
