@@ -35,10 +35,12 @@ void ColourSwatch::paintEvent(QPaintEvent*) {
 }
 
 void ShowChosen(const ControlArray<ColourSwatch>& swatches, int index) {
+    const int tabStop = swatches.Has(index) ? index : swatches.begin()->first;
     for (const auto& [i, swatch] : swatches) {
         const QSignalBlocker quiet(swatch);
         swatch->setAutoExclusive(false);
         swatch->setChecked(i == index);
+        swatch->setFocusPolicy(i == tabStop ? Qt::TabFocus : Qt::NoFocus);
     }
     for (const auto& [i, swatch] : swatches) swatch->setAutoExclusive(true);
 }

@@ -21,6 +21,7 @@ constexpr Twips HoursRight = 1170; // right edge of the text of hour 0
 constexpr Twips RulerTop = 4130;
 constexpr Twips RulerRight = 9660;
 constexpr Twips HourWidth = 4 * absence::QuarterWidth;
+constexpr Colour RowGround = RGB(228, 228, 228); // light, so that a row reads as one lane around its band
 constexpr Twips BoxHeight = 300;
 constexpr Twips CaptionHeight = 210;
 constexpr Twips FirstRow = 60; // tops of the rows of boxes above the grid
@@ -191,11 +192,14 @@ void EmployeeForm::BuildButtons() {
         Place(made, left, FormHeight - 570, width, 420);
         return &made;
     };
-    Command2 = button("Command2", "&Previous", Margin, 2700);
-    Command3 = button("Command3", "&Next", 2940, 2700);
-    QPushButton* helpButton = button("Command3D3", "&Help", FormWidth - 4020, 1220);
-    QPushButton* ok = button("Command3D1", "&OK", FormWidth - 2680, 1220);
-    QPushButton* close = button("cmdExit", "&Close", FormWidth - 1340, 1220);
+    constexpr Twips Wide = 3360; // room for the department's own word
+    constexpr Twips Narrow = 900;
+    constexpr Twips Step = Narrow + Margin;
+    Command2 = button("Command2", "&Previous", Margin, Wide);
+    Command3 = button("Command3", "&Next", 2 * Margin + Wide, Wide);
+    QPushButton* helpButton = button("Command3D3", "&Help", FormWidth - 3 * Step, Narrow);
+    QPushButton* ok = button("Command3D1", "&OK", FormWidth - 2 * Step, Narrow);
+    QPushButton* close = button("cmdExit", "&Close", FormWidth - Step, Narrow);
     On(*Command2, &QPushButton::clicked, [this] { MoveTo(-1); });
     On(*Command3, &QPushButton::clicked, [this] { MoveTo(1); });
     On(*helpButton, &QPushButton::clicked, [this] { ports_.help.ShowTopic(help::EmployeeRecord); });
@@ -220,7 +224,7 @@ void EmployeeForm::PaintGrid(QPainter& painter) const {
     const auto fill = [&](const TwipsBox& box, const QColor& colour) {
         painter.fillRect(SharpRect(box, device), colour);
     };
-    painter.fillRect(Picture1->rect(), ToColor(Silver));
+    painter.fillRect(Picture1->rect(), ToColor(RowGround));
     for (int row = 1; row <= 7; ++row) {
         const Twips top = (row - 1) * absence::RowHeight;
         PaintTicks(painter, top);
@@ -235,11 +239,11 @@ void EmployeeForm::PaintGrid(QPainter& painter) const {
         fill({left, top + absence::BandTop, right, top + absence::BandBottom}, ToColor(QBColor(12)));
 }
 
-/// The ticks of a row stand between its band and the line that ends it, those of the hours a little taller.
+/// The ticks of a row stand on the line that ends it, those of the hours up to its band.
 void EmployeeForm::PaintTicks(QPainter& painter, Twips top) const {
     for (Twips x = 0; x <= absence::RightEnd; x += absence::QuarterWidth) {
         const bool hour = x % HourWidth == 0;
-        const Twips from = hour ? absence::BandTop - 20 : absence::BandBottom + 30;
+        const Twips from = absence::BandBottom + (hour ? 0 : 30);
         painter.fillRect(SharpRect({x, top + from, x + 15, top + absence::SeparatorTop}, *painter.device()),
                          ToColor(hour ? QBColor(12) : QBColor(0)));
     }
