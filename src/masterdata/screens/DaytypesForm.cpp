@@ -133,6 +133,8 @@ void DaytypesForm::Enter(Mode mode) {
     mode_ = mode;
     selected_ = 0;
     EmptyBoxes();
+    Text1->setReadOnly(false); // the one to be deleted was only shown
+    Text2->setReadOnly(false);
     Frame3D2->hide();
     Command3D4->show();
     ShowBoxes(mode == Mode::Add);

@@ -142,9 +142,10 @@ void ShiftsForm::EnterList(const char* title, const std::string& label) {
 
 void ShiftsForm::ShowOther() {
     OtherActFRAME->show();
-    OptionsCMD->hide();
     cmdChange->setEnabled(g_.shifts.ShiftCount != 0);
     cmdDelete->setEnabled(g_.shifts.ShiftCount != 0);
+    cmdChange->isEnabled() ? cmdChange->setFocus() : Text1->setFocus();
+    OptionsCMD->hide();
     Label3->SetText("The current number of Shifts to copy is:" + std::to_string(g_.shifts.ShiftCount));
 }
 

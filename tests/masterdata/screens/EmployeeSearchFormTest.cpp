@@ -1,0 +1,167 @@
+#include "masterdata/screens/EmployeeSearchForm.h"
+
+#include "support/Screens.h"
+#include "support/TestStore.h"
+#include "support/Usability.h"
+
+#include <QApplication>
+
+#include <gtest/gtest.h>
+
+namespace tvx {
+namespace {
+
+using test::Find;
+
+class EmployeeSearchFormTest : public testing::Test {
+  protected:
+    test::TestStore store;
+    GlobalState& g = store.g;
+    std::unique_ptr<qt::EmployeeSearchForm> form;
+
+    void SetUp() override { store.AddDepartment("Bakery"); }
+    void AddUsual() {
+        store.AddEmployee({.lastName = "Clark", .firstName = "Cleo", .id = "C3", .assignment = "Ovens"});
+        store.AddEmployee({.lastName = "adams", .firstName = "Anna"});
+        store.AddEmployee({.lastName = "Carter", .firstName = "Carl", .active = false});
+        store.AddEmployee({.lastName = "Østby", .firstName = "Åse"});
+    }
+    qt::EmployeeSearchForm& Open(const char* command = "Change") {
+        g.application.FormCommand = command;
+        form = std::make_unique<qt::EmployeeSearchForm>(g, store.ports(), nullptr);
+        form->ShowModeless();
+        QApplication::processEvents(); // it becomes the active window
+        return *form;
+    }
+    QListView& List() { return Find<QListView>(*form, "List1"); }
+    std::string Row(int row) {
+        return List().model()->index(row, 0).data(Qt::DisplayRole).toString().toStdString();
+    }
+    std::string Selected() {
+        const std::string row = Row(List().currentIndex().row());
+        return row.substr(0, row.find(' '));
+    }
+    void Search(const std::string& text) {
+        auto& box = Find<qt::TextBox>(*form, "Text1");
+        box.setFocus();
+        box.selectAll();
+        test::TypeAny(box, text);
+    }
+};
+
+TEST_F(EmployeeSearchFormTest, lists_the_department_by_last_name_and_selects_the_first) {
+    AddUsual();
+    Open();
+    ASSERT_EQ(List().model()->rowCount(), 4);
+    EXPECT_EQ(Row(0).substr(0, 10), "adams Anna");
+    EXPECT_EQ(Row(1).substr(0, 11), "Carter Carl");
+    EXPECT_EQ(Row(2).substr(0, 10), "Clark Cleo");
+    EXPECT_TRUE(Row(2).ends_with("\tC3\tOvens")) << Row(2);
+    EXPECT_EQ(Selected(), "adams");
+    EXPECT_EQ(test::FocusOf(*form), "Text1");
+}
+
+TEST_F(EmployeeSearchFormTest, is_titled_for_what_the_pick_is_for) {
+    g.department.EmployeeNameSingle = "Associate";
+    for (const char* command : {"Change", "Delete", "Transfer"})
+        EXPECT_EQ(Open(command).windowTitle().toStdString(), std::string(command) + " Associate");
+}
+
+TEST_F(EmployeeSearchFormTest, follows_what_is_typed) {
+    AddUsual();
+    Open();
+    Search("c");
+    EXPECT_EQ(Selected(), "Carter");
+    Search("cL");
+    EXPECT_EQ(Selected(), "Clark");
+    test::Press(*form, Qt::Key_Backspace);
+    EXPECT_EQ(Selected(), "Carter");
+    Search("cx");
+    EXPECT_EQ(Selected(), "Carter"); // no match leaves the selection
+    Search("øs");
+    EXPECT_EQ(Selected(), "Østby");
+    test::Paste(Find<qt::TextBox>(*form, "Text1"), "\"');🥐");
+    EXPECT_EQ(Selected(), "Østby");
+    Search("CARTER CARL");
+    EXPECT_EQ(Selected(), "Carter");
+}
+
+TEST_F(EmployeeSearchFormTest, arrows_in_the_box_move_the_selection) {
+    AddUsual();
+    Open();
+    test::Press(*form, Qt::Key_Up);
+    EXPECT_EQ(Selected(), "adams");
+    test::Press(*form, Qt::Key_Down);
+    test::Press(*form, Qt::Key_Down);
+    EXPECT_EQ(Selected(), "Clark");
+    EXPECT_EQ(test::FocusOf(*form), "Text1");
+}
+
+TEST_F(EmployeeSearchFormTest, is_chosen_by_enter_double_click_and_ok) {
+    AddUsual();
+    const auto expectClark = [&] {
+        EXPECT_FALSE(form->isVisible());
+        EXPECT_TRUE(form->Picked());
+        EXPECT_EQ(g.SelectedEmployee, 1);
+        g.SelectedEmployee = 0;
+    };
+    Open();
+    Search("cl");
+    test::Press(*form, Qt::Key_Return);
+    expectClark();
+    Open();
+    Search("cl");
+    List().setFocus();
+    test::Press(*form, Qt::Key_Return);
+    expectClark();
+    Open();
+    Search("cl");
+    test::Click(*form, "Command3D1");
+    expectClark();
+    Open();
+    const QPoint place = List().visualRect(List().model()->index(2, 0)).center();
+    QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    QTest::mouseDClick(List().viewport(), Qt::LeftButton, Qt::NoModifier, place);
+    expectClark();
+}
+
+TEST_F(EmployeeSearchFormTest, cancel_and_escape_choose_nobody) {
+    AddUsual();
+    g.SelectedEmployee = 77;
+    for (const bool byKey : {true, false}) {
+        Open("Delete");
+        if (byKey)
+            test::Press(*form, Qt::Key_Escape);
+        else
+            test::Click(*form, "Command3D2");
+        EXPECT_FALSE(form->isVisible());
+        EXPECT_FALSE(form->Picked());
+        EXPECT_EQ(g.SelectedEmployee, 77);
+    }
+}
+
+TEST_F(EmployeeSearchFormTest, says_so_when_nobody_is_there) {
+    g.department.EmployeeNamePlural = "Associates";
+    Open();
+    EXPECT_EQ(List().model()->rowCount(), 0);
+    Search("a");
+    store.prompt().Expect("Department has no Associates entered!", 0, "No Associates");
+    test::Press(*form, Qt::Key_Return);
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_FALSE(form->Picked());
+    EXPECT_EQ(store.prompt().Beeps(), 1);
+}
+
+TEST_F(EmployeeSearchFormTest, can_be_used_without_mouse_and_without_eyes) {
+    AddUsual();
+    Open();
+    EXPECT_EQ(test::Obstacles(*form), "");
+    EXPECT_EQ(test::CutTexts(*form), "");
+    EXPECT_EQ(test::TabOrder(*form),
+              (std::vector<std::string>{"Text1", "List1", "Command3D1", "Command3D2"}));
+    EXPECT_EQ(test::SpokenName(List()), "Employees");
+    test::TakePicture(*form, "Form5");
+}
+
+} // namespace
+} // namespace tvx
