@@ -39,10 +39,10 @@ void DeleteDaysOf(GlobalState& g, std::int64_t key) {
 std::string FitToNameColumn(const std::string& name,
                             const std::function<Twips(const std::string&)>& widthOf) {
     std::string fitted = name;
-    const Twips blank = std::max(1, widthOf(" "));
     Twips width = widthOf(fitted);
     if (width < NarrowestName) {
         // Most blanks at once; measuring the text again settles the last ones.
+        const Twips blank = std::max(1, widthOf(fitted + ' ') - width);
         fitted.append(static_cast<std::size_t>((NarrowestName - width) / blank), ' ');
         while (widthOf(fitted) < NarrowestName) fitted += ' ';
         return fitted;

@@ -29,6 +29,28 @@ class FoundModel : public QAbstractListModel {
     const std::vector<FoundEmployee>& rows_;
 };
 
+/// Measures texts that are padded with blanks one after the other: what stands before the blanks is measured
+/// once, which is what counts in a long list.
+class PaddedWidth {
+  public:
+    explicit PaddedWidth(const QFontMetrics& metrics)
+        : metrics_(metrics), blank_(metrics.horizontalAdvance(QLatin1Char(' '))) {}
+    Twips operator()(const std::string& text) {
+        const std::size_t length = text.find_last_not_of(' ') + 1; // 0 when all are blanks
+        if (text.compare(0, length, measured_) != 0) {
+            measured_ = text.substr(0, length);
+            width_ = metrics_.horizontalAdvance(ToQString(measured_));
+        }
+        return ToTwips(width_ + blank_ * static_cast<int>(text.size() - length));
+    }
+
+  private:
+    QFontMetrics metrics_;
+    int blank_;
+    std::string measured_;
+    int width_ = 0;
+};
+
 /// Draws the parts of a row in columns.
 class ColumnDelegate : public QStyledItemDelegate {
   public:
@@ -99,9 +121,8 @@ void EmployeeSearchForm::Build() {
 }
 
 void EmployeeSearchForm::Fill() {
-    const QFontMetrics metrics = List1->fontMetrics();
-    rows_ = FindEmployees(
-        g_, [&](const std::string& text) { return ToTwips(metrics.horizontalAdvance(ToQString(text))); });
+    PaddedWidth widthOf(List1->fontMetrics());
+    rows_ = FindEmployees(g_, [&](const std::string& text) { return widthOf(text); });
     List1->setModel(new FoundModel(rows_, List1));
     Select(0);
 }
