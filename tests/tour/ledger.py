@@ -69,13 +69,14 @@ def sales_of_week(file, start):
                                  (start - 1, start, start + 6)).fetchall())
 
 
-def people(file):
-    """The active employees in the order of their names."""
+def people(file, department=None):
+    """The active employees in the order of their names, of one department if one is named."""
     with reading(file) as base:
         found = base.execute(
             "SELECT [Employee], [Last name] || ' ' || [First name], [Pay], [Wage or Sal], [ID], [Assignment],"
-            " [Labor type], [EbarColor], [Hire Date], [Avail start], [Avail stop] FROM [Employee] WHERE [Active]"
-            " ORDER BY [Last name], [First name]")
+            " [Labor type], [EbarColor], [Hire Date], [Avail start], [Avail stop] FROM [Employee] JOIN [Department]"
+            " USING ([Dep number]) WHERE [Active] AND [Department name] = ifnull(?, [Department name])"
+            " ORDER BY [Last name], [First name]", (department,))
         return [Person(key, name, Decimal(pay), bool(hourly), number, job, LABOR_TYPES[labor], colour,
                        date_of(hired), periods_away(starts, stops))
                 for key, name, pay, hourly, number, job, labor, colour, hired, starts, stops in found]
@@ -102,14 +103,16 @@ def text_of(periods):
 class Week:
     """A week of work as it should stand on the screen: begun from the rows, then changed as a person changes it."""
 
-    def __init__(self, file, start):
+    def __init__(self, file, start, department=None):
         self.start = start
-        self.people = people(file)
+        self.people = people(file, department)
         self.bars = {person.key: [] for person in self.people}
         self.daytypes = {}
         self.days_off = set()
         self.frozen = {}
         for (serial, who), row in rows_of_week(file, start).items():
+            if who not in self.bars:
+                continue
             day = serial - start + 1
             self.frozen[serial, who] = row
             self.daytypes[who, day] = row.daytype

@@ -142,7 +142,7 @@ TextBox& DepartmentForm::AddWord(Frame& frame, const char* name, const char* lab
     const int row = line->rowCount();
     auto& caption = Add<Label>("", "", &frame);
     caption.SetText(label);
-    auto& box = Add<TextBox>(name, FromQString(frame.title()) + ", " + label, &frame);
+    auto& box = Add<TextBox>(name, FromQString(frame.title().trimmed()) + ", " + label, &frame);
     box.SetTypingLimit(WordLength);
     line->addWidget(&caption, row, 0);
     line->addWidget(&box, row, 1);

@@ -3,6 +3,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QCloseEvent>
+#include <QComboBox>
 #include <QEventLoop>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -46,7 +47,10 @@ QMenuBar& Form::Menus() {
 
 void Form::Name(QWidget& control, const char* name, const std::string& accessible) {
     control.setObjectName(QString::fromUtf8(name));
-    if (!accessible.empty()) control.setAccessibleName(ToQString(accessible));
+    if (!accessible.empty()) control.setAccessibleName(ToQString(accessible).trimmed());
+    // Assistive tools call a combo box by what it shows; what it is for must still reach them.
+    if (qobject_cast<QComboBox*>(&control) != nullptr)
+        control.setAccessibleDescription(control.accessibleName());
     if (auto* option = qobject_cast<QRadioButton*>(&control))
         connect(option, &QRadioButton::toggled, option, [option](bool chosen) {
             if (chosen) MakeTabStop(*option);

@@ -360,6 +360,8 @@ TEST_F(DepartmentFormTest, can_be_used_without_mouse_and_without_eyes) {
                                         "txtGenEmployee", "txtGenEmployees", "txtDayOff", "txtDaysOff",
                                         "Command3D3", "Command3D1", "Command3D2"}));
     EXPECT_EQ(test::SpokenName(Box("txtGenEmployees")), "Generic name for Employees, Plural");
+    EXPECT_EQ(test::SpokenName(Box("txtDayOff")), "Generic name for requested days off, Single");
+    EXPECT_EQ(test::SpokenName(Find<QWidget>(*form, "SSOption1(1)")), "First full week in the new year");
 }
 
 TEST_F(DepartmentFormTest, shows_every_text_whole_with_the_longest_words_and_times) {
