@@ -141,9 +141,10 @@ void DaytypesForm::Enter(Mode mode) {
     List1->setVisible(mode != Mode::Add);
     Label5->setVisible(mode != Mode::Drop);
     Command3D2->setText(mode == Mode::Delete ? QStringLiteral("&Delete") : QStringLiteral("&Save"));
-    Label6->SetText("");
     setWindowTitle(mode == Mode::Drop ? ToQString(DropTitle(g_)) : QStringLiteral(" Daytypes"));
     Label4->SetText(Task(mode));
+    Label4->setVisible(mode != Mode::Add); // its frame says it
+    Label6->hide();
     if (mode == Mode::Add)
         EnterAdd();
     else
@@ -178,6 +179,7 @@ void DaytypesForm::ShowMenuPage() {
     Command3D4->hide();
     Frame3D2->show();
     Label5->show();
+    Label4->show();
     Label4->SetText("The current number of Daytypes is:" + std::to_string(g_.daytypes.DayTypeCount));
     ShowCount();
     cmdAdd->setEnabled(g_.daytypes.DayTypeCount < DaytypesOffered);
@@ -222,6 +224,7 @@ void DaytypesForm::TakeRow(int index) {
     const bool deleting = mode_ == Mode::Delete;
     Frame3D1->SetTitle(deleting ? "Daytype to be deleted" : "Change the Daytype");
     Label6->SetText(deleting ? "Daytype to be deleted" : " Change the  Daytype and Save");
+    Label6->show();
     Text1->setReadOnly(deleting);
     Text2->setReadOnly(deleting);
     if (deleting)

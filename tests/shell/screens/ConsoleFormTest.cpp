@@ -12,6 +12,7 @@
 #include "support/Usability.h"
 
 #include <QApplication>
+#include <QListView>
 #include <QMenu>
 
 #include <gtest/gtest.h>
@@ -293,6 +294,21 @@ TEST_F(ConsoleFormTest, a_search_that_is_left_opens_nothing) {
     for (const char* entry : {"ChangeEmplRec", "DeleteEmpl"})
         Open(entry, "Form5", [](QWidget& form) { test::Press(form, Qt::Key_Escape); });
     EXPECT_EQ(LastNames().size(), 3u);
+}
+
+TEST_F(ConsoleFormTest, somebody_whom_another_workstation_deletes_meanwhile_is_told_and_not_opened) {
+    Start();
+    const auto deleteMeanwhile = [this](QWidget& form) {
+        test::RunAsAnotherProgram(db(), "DELETE FROM Employee WHERE [Last name] = 'Clark'");
+        prompt().WillAnswer(Answer::Ok);
+        Search(form, "clark");
+    };
+    Open("ChangeEmplRec", "Form5", deleteMeanwhile);
+    EXPECT_EQ(prompt().Last().text, "No current record.");
+    Open("ChangeEmplRec", "Form5", [](QWidget& form) {
+        EXPECT_EQ(Find<QListView>(form, "List1").model()->rowCount(), 2);
+        test::Press(form, Qt::Key_Escape);
+    });
 }
 
 TEST_F(ConsoleFormTest, somebody_deleted_leaves_roster_and_list_and_the_schedule_stays) {
