@@ -31,7 +31,6 @@ ShiftsForm::ShiftsForm(GlobalState& g, Ports& ports, Form* owner) : Form(ports, 
 
 void ShiftsForm::BuildNameFrame(QVBoxLayout& column) {
     Frame1 = &Add<Frame>("Frame1", "Store this shift for later use ");
-    Frame1->SetTitle("Store this shift for later use ");
     auto* lines = new QVBoxLayout(Frame1);
     Label2 = &Add<Label>("Label2", "", Frame1);
     lines->addWidget(Label2);
@@ -100,6 +99,8 @@ void ShiftsForm::Enter(Mode mode) {
     Text1->clear();
     Text1->setReadOnly(false);
     OtherActFRAME->hide();
+    // What is changed or deleted has been stored long ago.
+    Frame1->SetTitle(mode == Mode::Add ? "Store this shift for later use " : "");
     SaveCMD->setText(mode == Mode::Delete ? QStringLiteral("&Delete") : QStringLiteral("&Save"));
     switch (mode) {
     case Mode::Add:

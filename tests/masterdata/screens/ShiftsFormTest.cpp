@@ -199,6 +199,7 @@ TEST_F(ShiftsFormTest, a_name_is_changed_and_the_bars_stay) {
     EXPECT_EQ(Name().Text(), "Late");
     EXPECT_EQ(TextOf("Label1"), " Change the  Shift name and Save");
     EXPECT_EQ(TextOf("Label2"), "Change the Shift name and Save");
+    EXPECT_EQ(Find<qt::Frame>(*form, "Frame1").title().toStdString(), "");
     Retype("Day");
     test::Press(*form, Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
