@@ -55,7 +55,6 @@ void DaytypesForm::BuildEditFrame(QVBoxLayout& column) {
 void DaytypesForm::ConnectSymbol() {
     Text1->SetTypingLimit(SymbolLength);
     Text1->keyFilter = Guarded([this](int code) {
-        if (code == key::Enter) return 0;
         const int taken = FilterSymbolKey(code, ports_.prompt);
         if (taken != 0 && taken != key::Backspace) g_.week.WeekChanged = true;
         return taken;
