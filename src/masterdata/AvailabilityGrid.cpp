@@ -260,7 +260,7 @@ void AvailabilityGrid::NormalizeAvailabilityRow() {
 std::pair<Twips, Twips> AvailabilityGrid::Band() const {
     if (!open_) return {0, 0};
     const auto [left, right] = std::minmax(bandStart_, bandStop_);
-    return {std::max(left, 0), std::min(right, RightEnd)};
+    return {std::clamp(left, 0, RightEnd), std::clamp(right, 0, RightEnd)}; // a moved bar may be outside
 }
 
 void AvailabilityGrid::CopyLine() {
