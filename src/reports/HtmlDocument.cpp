@@ -9,6 +9,8 @@
 #include <cmath>
 #include <cstdio>
 #include <map>
+#include <optional>
+#include <utility>
 
 namespace tvx {
 namespace {
@@ -60,10 +62,50 @@ bool IsForPages(char32_t c) {
     return (c & 0xFFFE) != 0xFFFE && (c < 0xFDD0 || c > 0xFDEF);
 }
 
+/// A page while it is written: a great many small pieces, handed on together.
+class Markup {
+  public:
+    explicit Markup(const ByteSink& sink) : sink_(sink) {}
+
+    Markup& operator<<(std::string_view piece) {
+        if (piece.size() > bytes_.size() - length_) HandOn();
+        if (piece.size() > bytes_.size()) {
+            sink_(piece);
+            return *this;
+        }
+        std::copy_n(piece.data(), piece.size(), bytes_.data() + length_);
+        length_ += piece.size();
+        return *this;
+    }
+    /// A literal, whose length the compiler knows.
+    template <std::size_t Size>
+    Markup& operator<<(const char (&piece)[Size]) {
+        return *this << std::string_view(piece, Size - 1);
+    }
+    void HandOn() { sink_({bytes_.data(), std::exchange(length_, 0)}); }
+
+  private:
+    const ByteSink& sink_;
+    std::vector<char> bytes_ = std::vector<char>(0x10000);
+    std::size_t length_ = 0;
+};
+
+/// A text of its own, for the same writers.
+struct Letters {
+    std::string text;
+    Letters& operator<<(std::string_view piece) {
+        text += piece;
+        return *this;
+    }
+};
+
 /// Characters beyond ASCII, damaged ones as a mark of replacement.
-void AppendForeign(std::string& html, std::string_view bytes) {
+template <typename Out>
+void AppendForeign(Out& html, std::string_view bytes) {
+    std::string characters;
     for (const char32_t c : DecodeUtf8(bytes))
-        if (IsForPages(c)) AppendUtf8(html, c);
+        if (IsForPages(c)) AppendUtf8(characters, c);
+    html << characters;
 }
 
 /// For each byte whether it stands for itself.
@@ -79,25 +121,26 @@ bool IsPlain(char c) {
 }
 
 /// Marks of markup as references; control characters go.
-void AppendMark(std::string& html, char c) {
+template <typename Out>
+void AppendMark(Out& html, char c) {
     switch (c) {
     case '&':
-        html += "&amp;";
+        html << "&amp;";
         break;
     case '<':
-        html += "&lt;";
+        html << "&lt;";
         break;
     case '>':
-        html += "&gt;";
+        html << "&gt;";
         break;
     case '"':
-        html += "&quot;";
+        html << "&quot;";
         break;
     case '\'':
-        html += "&#39;";
+        html << "&#39;";
         break;
     default:
-        if (IsForPages(static_cast<unsigned char>(c))) html += c;
+        if (IsForPages(static_cast<unsigned char>(c))) html << std::string_view(&c, 1);
     }
 }
 
@@ -115,9 +158,10 @@ std::string_view TakeRun(std::string_view& text, const Belongs& belongs) {
     return run;
 }
 
-void AppendEscaped(std::string& html, std::string_view text) {
+template <typename Out>
+void AppendEscaped(Out& html, std::string_view text) {
     while (!text.empty()) {
-        html += TakeRun(text, IsPlain);
+        html << TakeRun(text, IsPlain);
         if (text.empty()) return;
         if (IsAscii(text.front())) {
             AppendMark(html, text.front());
@@ -129,9 +173,9 @@ void AppendEscaped(std::string& html, std::string_view text) {
 }
 
 std::string Escaped(std::string_view text) {
-    std::string html;
+    Letters html;
     AppendEscaped(html, text);
-    return html;
+    return html.text;
 }
 
 std::string HexOf(Colour colour) {
@@ -157,9 +201,9 @@ double Luminance(Colour c) {
 std::string_view AlignClass(CellAlign align) {
     switch (align) {
     case CellAlign::Centre:
-        return "c";
+        return " c";
     case CellAlign::Right:
-        return "r";
+        return " r";
     case CellAlign::Left:
         break;
     }
@@ -178,17 +222,13 @@ std::string_view BorderClass(TableBorders border) {
     return "";
 }
 
-bool IsGrid(const TableBlock& block) {
-    return block.columns.size() > 1;
-}
-
 bool IsHead(const TableBlock& block) {
-    return IsGrid(block) && std::any_of(block.columns.begin(), block.columns.end(),
-                                        [](const TableColumn& column) { return column.head; });
+    return block.columns.size() > 1 && std::any_of(block.columns.begin(), block.columns.end(),
+                                                   [](const TableColumn& column) { return column.head; });
 }
 
 bool IsBlank(std::string_view text) {
-    return text.find_first_not_of(" \n") == std::string_view::npos;
+    return std::all_of(text.begin(), text.end(), [](char c) { return c == ' ' || c == '\n'; });
 }
 
 std::size_t LineCount(std::string_view text) {
@@ -217,22 +257,19 @@ std::string SafeFontName(const std::string& name) {
 /// Writes the blocks of a document one after the other and remembers the heads that name the columns.
 class PageWriter {
   public:
-    explicit PageWriter(const VpDocument& document) : document_(document) {}
+    PageWriter(const VpDocument& document, const ByteSink& sink) : document_(document), html_(sink) {}
 
-    std::string Write(const std::string& title, const std::string& language) {
-        constexpr std::size_t UsualTable = 1000; // bytes
-        html_.reserve(document_.Tables().size() * UsualTable);
-        for (const TableBlock& block : document_.Tables()) WriteBlock(block);
+    void Write(const std::string& title, const std::string& language) {
+        NumberColours();
         const std::string safeTitle = Escaped(title);
-        std::string page =
-            "<!DOCTYPE html>\n<html lang=\"" + Escaped(language) +
-            "\">\n<head>\n<meta charset=\"utf-8\">\n"
-            "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>" +
-            safeTitle + "</title>\n<style>" + FontRule() + std::string(Style) + ColourRules() +
-            "</style>\n</head>\n<body>\n<main>\n<h1 class=\"hidden\">" + safeTitle + "</h1>\n";
-        constexpr std::string_view End = "</main>\n</body>\n</html>\n";
-        page.reserve(page.size() + html_.size() + End.size());
-        return page.append(html_).append(End);
+        html_ << "<!DOCTYPE html>\n<html lang=\"" << Escaped(language)
+              << "\">\n<head>\n<meta charset=\"utf-8\">\n"
+                 "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>"
+              << safeTitle << "</title>\n<style>" << FontRule() << Style << ColourRules()
+              << "</style>\n</head>\n<body>\n<main>\n<h1 class=\"hidden\">" << safeTitle << "</h1>\n";
+        for (const TableBlock& block : document_.Tables()) WriteBlock(block);
+        html_ << "</main>\n</body>\n</html>\n";
+        html_.HandOn();
     }
 
   private:
@@ -253,37 +290,80 @@ class PageWriter {
         return rules;
     }
 
-    /// The class of a text colour on a ground.
-    int ColourClass(const TableBlockCell& cell, const TableBlock& block) {
-        const Colour ground = block.shade ? Plain(*block.shade) : QBColor(15);
-        const auto known = static_cast<int>(colours_.size());
-        return colours_.try_emplace({Plain(cell.colour), ground}, known).first->second;
+    using ColourPair = std::pair<Colour, Colour>; // text and ground
+
+    static ColourPair ColoursOf(const TableBlockCell& cell, const TableBlock& block) {
+        return {Plain(cell.colour), block.shade ? Plain(*block.shade) : QBColor(15)};
+    }
+
+    /// The style stands before what it is for, so the colours are counted first.
+    void NumberColours() {
+        std::optional<ColourPair> last; // a cell mostly has the colours of the one before
+        for (const TableBlock& block : document_.Tables())
+            for (const TableBlockCell& cell : block.cells)
+                if (const ColourPair pair = ColoursOf(cell, block); pair != last) {
+                    colours_.try_emplace(pair, static_cast<int>(colours_.size()));
+                    last = pair;
+                }
+    }
+
+    /// The class of a text colour on its ground, "k" and its number.
+    std::string_view ColourClass(const TableBlockCell& cell, const TableBlock& block) {
+        const ColourPair pair = ColoursOf(cell, block);
+        if (pair != lastPair_) {
+            lastPair_ = pair;
+            lastClass_ = "k" + std::to_string(colours_.at(pair));
+        }
+        return lastClass_;
     }
 
     // ---- a table for each block ----
 
+    /// What a row is, for all its cells.
+    struct Kind {
+        bool grid = false;    // more than one column
+        bool head = false;    // names the columns below it
+        bool named = false;   // its cells stand below named columns, with or without one more column of sums
+        std::size_t sums = 0; // columns before the named ones
+        bool rows = false;    // the lines of its first cell name the lines of the others
+        std::size_t firstFigure = 0; // column from which a figure may be pushed
+    };
+
+    Kind KindOf(const TableBlock& block) const {
+        Kind kind;
+        kind.grid = block.columns.size() > 1;
+        kind.head = IsHead(block);
+        const std::size_t names = heads_.size();
+        kind.named = names > 1 && (block.columns.size() == names || block.columns.size() == names + 1);
+        kind.sums = kind.named ? block.columns.size() - names : 0;
+        const std::string_view first = block.cells.empty() ? std::string_view() : block.cells.front().text;
+        kind.rows = kind.grid && block.columns.size() != names && first.find('\n') != std::string::npos;
+        kind.firstFigure = IsBlank(first) ? 1 : 2;
+        return kind;
+    }
+
     void WriteBlock(const TableBlock& block) {
         TakeHeads(block);
-        const bool grid = IsGrid(block);
-        html_ += "<table class=\"";
-        html_ += grid ? "grid" : "line";
-        html_ += KindOf(block);
-        html_ += BorderClass(block.border);
-        html_ += grid ? "\">" : "\" role=\"presentation\">";
-        if (grid) WriteCaption(block);
-        WriteColumns(block);
-        html_ += "<tbody>";
-        html_ += block.shade ? "<tr style=\"background:" + HexOf(*block.shade) + "\">" : "<tr>";
+        kind_ = KindOf(block);
         pushed_ = false;
+        html_ << "<table class=\"" << (kind_.grid ? "grid" : "line") << PhoneClass(block)
+              << BorderClass(block.border) << (kind_.grid ? "\">" : "\" role=\"presentation\">");
+        if (kind_.grid) WriteCaption(block);
+        WriteColumns(block);
+        html_ << "<tbody>";
+        if (block.shade)
+            html_ << "<tr style=\"background:" << HexOf(*block.shade) << "\">";
+        else
+            html_ << "<tr>";
         for (std::size_t i = 0; i < block.cells.size(); ++i) WriteCell(block, i);
-        html_ += "</tr></tbody></table>\n";
+        html_ << "</tr></tbody></table>\n";
     }
 
     /// How a phone lays out the rows.
-    std::string_view KindOf(const TableBlock& block) const {
-        if (IsHead(block)) return " head";
-        if (IsNamed(block)) return " named";
-        if (HasRows(block)) return " rows";
+    std::string_view PhoneClass(const TableBlock& block) const {
+        if (kind_.head) return " head";
+        if (kind_.named) return " named";
+        if (kind_.rows) return " rows";
         return IsWide(block) ? " wide" : "";
     }
 
@@ -297,18 +377,6 @@ class PageWriter {
         afterHead_ = head;
     }
 
-    /// True for a row whose cells stand below named columns, with or without one more column of sums.
-    bool IsNamed(const TableBlock& block) const {
-        return heads_.size() > 1 &&
-               (block.columns.size() == heads_.size() || block.columns.size() == heads_.size() + 1);
-    }
-
-    /// True when the lines of the first cell name the lines of the others.
-    bool HasRows(const TableBlock& block) const {
-        return IsGrid(block) && block.columns.size() != heads_.size() &&
-               block.cells.front().text.find('\n') != std::string::npos;
-    }
-
     /// True for a row of a name, a date, several texts and two figures.
     static bool IsWide(const TableBlock& block) {
         constexpr std::size_t Fewest = 5;
@@ -317,17 +385,17 @@ class PageWriter {
                block.columns[count - 2].align == CellAlign::Right;
     }
 
+    /// The first line of the block that shows something.
     void WriteCaption(const TableBlock& block) {
-        html_ += "<caption class=\"hidden\">";
-        html_ += CaptionOf(block);
-        html_ += "</caption>";
+        html_ << "<caption class=\"hidden\">";
+        AppendEscaped(html_, CaptionOf(block));
+        html_ << "</caption>";
     }
 
-    /// The first line of the block that shows something.
     static std::string CaptionOf(const TableBlock& block) {
         for (const TableBlockCell& cell : block.cells)
             for (std::size_t line = 0; line < LineCount(cell.text); ++line)
-                if (std::string caption = Trim(Escaped(LineOf(cell.text, line))); !caption.empty())
+                if (std::string caption = Trim(LineOf(cell.text, line)); !Escaped(caption).empty())
                     return caption;
         return "Schedule";
     }
@@ -337,78 +405,71 @@ class PageWriter {
         const auto known = std::find_if(columnGroups_.begin(), columnGroups_.end(),
                                         [&](const auto& group) { return group.first == block.columns; });
         if (known != columnGroups_.end()) {
-            html_ += known->second;
+            html_ << known->second;
             return;
         }
         std::string group = "<colgroup>";
         for (const TableColumn& column : block.columns)
             group += "<col style=\"width:" + TrimmedNumber(column.percent) + "%\">";
-        html_ += columnGroups_.emplace_back(block.columns, group + "</colgroup>").second;
+        html_ << columnGroups_.emplace_back(block.columns, group + "</colgroup>").second;
     }
 
     // ---- cells ----
 
     void WriteCell(const TableBlock& block, std::size_t i) {
-        const TableBlockCell& cell = block.cells[i];
-        const bool head = IsGrid(block) && !IsBlank(cell.text) && (i == 0 || IsHead(block));
-        html_ += head ? "<th" : "<td";
-        if (head) html_ += IsHead(block) ? " scope=\"col\"" : " scope=\"row\"";
-        WriteClasses(block, i);
+        const std::string& text = block.cells[i].text;
+        const bool blank = IsBlank(text);
+        const bool head = kind_.grid && !blank && (i == 0 || kind_.head);
+        if (head)
+            html_ << (kind_.head ? "<th scope=\"col\"" : "<th scope=\"row\"");
+        else
+            html_ << "<td";
+        WriteClasses(block, i, blank);
         // Only letters beyond ASCII can run from right to left.
-        if (!std::all_of(cell.text.begin(), cell.text.end(), IsAscii)) html_ += " dir=\"auto\"";
-        if (!head) WriteLabel(block, i);
-        html_ += ">";
-        WriteLines(block, i);
-        html_ += head ? "</th>" : "</td>";
+        if (!std::all_of(text.begin(), text.end(), IsAscii)) html_ << " dir=\"auto\"";
+        if (!head) WriteLabel(i);
+        html_ << ">";
+        if (!blank)
+            WriteLines(block, i);
+        else if (!kind_.grid)
+            html_ << "&nbsp;"; // a line that parts two others
+        html_ << (head ? "</th>" : "</td>");
     }
 
-    void WriteClasses(const TableBlock& block, std::size_t i) {
+    void WriteClasses(const TableBlock& block, std::size_t i, bool blank) {
         const TableBlockCell& cell = block.cells[i];
-        html_ += " class=\"k";
-        html_ += std::to_string(ColourClass(cell, block));
-        const std::string_view align = AlignClass(block.columns[i].align);
-        if (!align.empty()) html_.append(" ").append(align);
-        if (cell.bold) html_ += " b";
-        if (IsPushed(block, i)) html_ += " push";
-        html_ += "\"";
+        const CellAlign align = block.columns[i].align;
+        html_ << " class=\"" << ColourClass(cell, block) << AlignClass(align);
+        if (cell.bold) html_ << " b";
+        // A phone pushes the first figure behind the texts of a row to its right edge.
+        if (!pushed_ && !blank && i >= kind_.firstFigure && align == CellAlign::Right) {
+            html_ << " push";
+            pushed_ = true;
+        }
+        html_ << "\"";
     }
 
-    /// True for the first figure behind the texts of a row, which a phone pushes to its right edge.
-    bool IsPushed(const TableBlock& block, std::size_t i) {
-        const std::size_t texts = IsBlank(block.cells.front().text) ? 1 : 2;
-        if (pushed_ || i < texts || block.columns[i].align != CellAlign::Right ||
-            IsBlank(block.cells[i].text))
-            return false;
-        return pushed_ = true;
-    }
-
-    void WriteLabel(const TableBlock& block, std::size_t i) {
-        if (IsHead(block) || !IsNamed(block)) return;
-        const std::size_t sums = block.columns.size() - heads_.size();
-        if (i <= sums || heads_[i - sums].empty()) return;
-        html_ += " data-label=\"";
-        html_ += heads_[i - sums];
-        html_ += "\"";
+    void WriteLabel(std::size_t i) {
+        if (kind_.head || !kind_.named || i <= kind_.sums || heads_[i - kind_.sums].empty()) return;
+        html_ << " data-label=\"" << heads_[i - kind_.sums] << "\"";
     }
 
     void WriteLines(const TableBlock& block, std::size_t i) {
         const std::string& text = block.cells[i].text;
-        if (IsBlank(text)) {
-            if (!IsGrid(block)) html_ += "&nbsp;"; // a line that parts two others
-            return;
-        }
-        const std::size_t count = LineCount(text);
         const std::string& names = block.cells.front().text;
-        const bool named = i > 0 && HasRows(block) && LineCount(names) == count;
-        for (std::size_t line = 0; line < count; ++line) {
-            if (line > 0) html_ += "<br>";
-            const std::string_view words = LineOf(text, line);
+        const bool named = kind_.rows && i > 0 && LineCount(names) == LineCount(text);
+        std::string_view rest = text;
+        for (std::size_t line = 0;; ++line) {
+            const std::string_view words = rest.substr(0, rest.find('\n'));
             if (named && !IsBlank(words))
                 WriteNamedLine(LineOf(names, line), words);
-            else if (IsGrid(block))
+            else if (kind_.grid)
                 AppendEscaped(html_, words);
             else
                 WriteWords(words);
+            if (words.size() == rest.size()) return;
+            rest.remove_prefix(words.size() + 1);
+            html_ << "<br>";
         }
     }
 
@@ -417,27 +478,32 @@ class PageWriter {
         constexpr std::size_t LongestDate = 12;
         bool first = true;
         for (const std::string& word : Split(line, ' ')) {
-            if (!first) html_ += " ";
+            if (!first) html_ << " ";
             first = false;
             const bool date = word.size() <= LongestDate && word.find('-') != std::string::npos;
-            if (date) html_ += "<span class=\"n\">";
+            if (date) html_ << "<span class=\"n\">";
             AppendEscaped(html_, word);
-            if (date) html_ += "</span>";
+            if (date) html_ << "</span>";
         }
     }
 
     void WriteNamedLine(std::string_view name, std::string_view line) {
-        html_ += "<span data-row=\"" + Escaped(name) + "\">";
+        html_ << "<span data-row=\"";
+        AppendEscaped(html_, name);
+        html_ << "\">";
         AppendEscaped(html_, line);
-        html_ += "</span>";
+        html_ << "</span>";
     }
 
     const VpDocument& document_;
-    std::string html_;
+    Markup html_;
+    Kind kind_;
     std::vector<std::string> heads_; // texts of the head row that is in force, escaped
     bool afterHead_ = false;
-    bool pushed_ = false;                              // in the present row
-    std::map<std::pair<Colour, Colour>, int> colours_; // text, ground; number of the class
+    bool pushed_ = false;               // in the present row
+    std::map<ColourPair, int> colours_; // number of the class
+    std::optional<ColourPair> lastPair_;
+    std::string lastClass_;
     std::vector<std::pair<std::vector<TableColumn>, std::string>> columnGroups_; // and their markup
 };
 
@@ -458,12 +524,14 @@ Colour Readable(Colour text, Colour ground) {
 }
 
 std::string HtmlOf(const VpDocument& document, const std::string& title, const std::string& language) {
-    return PageWriter(document).Write(title, language);
+    std::string page;
+    PageWriter(document, [&](std::string_view piece) { page += piece; }).Write(title, language);
+    return page;
 }
 
 void WriteHtml(const VpDocument& document, const std::string& title, const std::string& language,
                const std::filesystem::path& file) {
-    ReplaceWholeFile(file, HtmlOf(document, title, language));
+    ReplaceWholeFile(file, [&](const ByteSink& sink) { PageWriter(document, sink).Write(title, language); });
 }
 
 } // namespace tvx

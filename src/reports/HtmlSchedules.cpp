@@ -47,10 +47,12 @@ class HtmlSchedule {
     bool Wages() const { return g_.reports.options.PrintTotalWages != 0; }
 
     /// Two lines of a cell; the line feed only where both are asked for.
-    std::string Stacked(const std::string& hours, const std::string& wages) const {
-        std::string text = Hours() ? hours : "";
-        if (Hours() && Wages() && !(hours.empty() && wages.empty())) text += "\n";
-        return Wages() ? text + wages : text;
+    std::string Stacked(std::string hours, const std::string& wages) const {
+        const bool both = Hours() && Wages() && !(hours.empty() && wages.empty());
+        if (!Hours()) hours.clear();
+        if (both) hours += '\n';
+        if (Wages()) hours += wages;
+        return hours;
     }
 
     GlobalState& g_;
@@ -115,7 +117,9 @@ class ShortHtml : private HtmlSchedule {
         ports_.prompt.MousePointer(Pointer::Hourglass);
         LoadPrintArrays(g_, e);
         const EmployeeSums own = AddToSums(g_, e, request_.productivity, sums_);
-        std::vector<std::string> cells{NameCell(e)};
+        std::vector<std::string> cells;
+        cells.reserve(8);
+        cells.push_back(NameCell(e));
         for (int d = 1; d <= 7; ++d) cells.push_back(DayCell(e, d));
         vp_.TableBorder(TableBorders::BoxColumns);
         vp_.TextColor(QBColor(3));
@@ -133,15 +137,17 @@ class ShortHtml : private HtmlSchedule {
     std::string DayCell(int e, int d) {
         std::string cell = DayLabel(g_, e, d);
         for (int r = 1; r <= g_.reports.print.PrintRangeCount[d]; ++r)
-            cell += (cell.empty() ? "" : "\n") + RangeText(g_, request_, d, r, true);
+            cell.append(cell.empty() ? "" : "\n").append(RangeText(g_, request_, d, r, true));
         return cell;
     }
 
     void FigureRow(int e, const EmployeeSums& own) {
         const std::string hours = WeekHoursText(g_, e, own);
         const std::string money = WeekMoneyText(g_, e, own);
-        std::vector<std::string> cells{
-            Stacked(hours.empty() ? "" : "Total:  " + hours, money.empty() ? "" : "Total:  " + money)};
+        std::vector<std::string> cells;
+        cells.reserve(8);
+        cells.push_back(
+            Stacked(hours.empty() ? "" : "Total:  " + hours, money.empty() ? "" : "Total:  " + money));
         for (int d = 1; d <= 7; ++d)
             cells.push_back(Stacked(DayHoursText(g_, own.quarters[d]),
                                     DayWagesText(g_, e, own.quarters[d], own.wages[d])));

@@ -120,11 +120,12 @@ std::string RangeText(const GlobalState& g, const ScheduleRequest& request, int 
     std::string start = ClockOf(g, print.PrintRangeStart[row][day], day);
     std::string stop = ClockOf(g, print.PrintRangeStop[row][day], day);
     if (cut) {
-        start = Left(start, RangeCharacters);
-        stop = Left(stop, RangeCharacters);
+        start.resize(std::min(start.size(), RangeCharacters));
+        stop.resize(std::min(stop.size(), RangeCharacters));
     }
     if (request.lastStop && row == print.PrintRangeCount[day]) stop = Trim(request.openWord);
-    return start + "  " + stop;
+    start.append("  ").append(stop);
+    return start;
 }
 
 std::string DayLabel(const GlobalState& g, int e, int day) {

@@ -4,6 +4,7 @@
 #include "platform/basic/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <cstdlib>
 #include <limits>
@@ -26,8 +27,9 @@ std::string PadLeft(std::string text, std::size_t width) {
 /// Hours and a remainder of quarters as "h:mm", at least two characters for either.
 std::string DurationText(long hours, long remainder, std::string_view timeFormat) {
     const long minutes = std::labs(remainder * (timeFormat == "0" ? 15 : 25));
-    const std::string minuteText = std::to_string(minutes);
-    return PadLeft(std::to_string(hours), 2) + ":" + (minuteText.size() == 1 ? "0" : "") + minuteText;
+    std::string text = PadLeft(std::to_string(hours), 2);
+    text += minutes < 10 ? ":0" : ":";
+    return text += std::to_string(minutes);
 }
 
 std::string TwentyFourHourText(int minutes, const std::string& minuteText) {
@@ -111,7 +113,22 @@ std::string MinutesToClockText(int& minutes, std::string_view clockStyle) {
 }
 
 std::string QuarterToClockText(int quarter, std::string_view clockStyle) {
-    int minutes = quarter * 15;
+    constexpr int Minutes = 15;
+    constexpr int Known = 2 * QuartersPerDay; // a report asks for thousands of them
+    static const auto textsOf = [](std::string_view style) {
+        std::array<std::string, Known + 1> texts;
+        for (int minutes = 0; std::string & text : texts) {
+            int asked = minutes;
+            text = MinutesToClockText(asked, style);
+            minutes += Minutes;
+        }
+        return texts;
+    };
+    static const auto twelve = textsOf("12");
+    static const auto twentyFour = textsOf("24");
+    if (quarter >= 0 && quarter <= Known)
+        return (clockStyle == "12" ? twelve : twentyFour)[static_cast<std::size_t>(quarter)];
+    int minutes = quarter * Minutes;
     return MinutesToClockText(minutes, clockStyle);
 }
 

@@ -46,8 +46,7 @@ Decimal FromCurrency(Currency x) {
     const auto scaled = decimal.negative ? 0 - static_cast<std::uint64_t>(x.Scaled())
                                          : static_cast<std::uint64_t>(x.Scaled());
     if (scaled / 10000 != 0) decimal.whole = std::to_string(scaled / 10000);
-    const std::string rest = std::to_string(scaled % 10000);
-    decimal.fraction = std::string(4 - rest.size(), '0') + rest;
+    decimal.fraction.assign(std::to_string(10000 + scaled % 10000), 1); // with its leading zeros
     return decimal;
 }
 
@@ -138,7 +137,7 @@ std::string Write(Decimal decimal, std::string_view patternText) {
         decimal.whole.insert(0, pattern.forcedWhole - decimal.whole.size(), '0');
     std::string text = decimal.negative && !IsZero(decimal) ? "-" : "";
     text += pattern.grouped ? Grouped(decimal.whole) : decimal.whole;
-    if (pattern.point) text += "." + decimal.fraction;
+    if (pattern.point) text.append(".").append(decimal.fraction);
     return text;
 }
 

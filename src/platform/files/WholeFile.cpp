@@ -53,10 +53,12 @@ int FlushToDisk(std::FILE* file) {
 #endif
 }
 
-void WriteAndFlush(const fs::path& path, std::string_view content) {
+void WriteAndFlush(const fs::path& path, const std::function<void(const ByteSink&)>& write) {
     FileHandle file(std::fopen(path.c_str(), "wb"));
     if (!file) FailFromErrno(path);
-    if (std::fwrite(content.data(), 1, content.size(), file.get()) != content.size()) FailFromErrno(path);
+    write([&](std::string_view piece) {
+        if (std::fwrite(piece.data(), 1, piece.size(), file.get()) != piece.size()) FailFromErrno(path);
+    });
     if (FlushToDisk(file.get()) != 0) FailFromErrno(path);
     if (std::fclose(file.release()) != 0) FailFromErrno(path);
 }
@@ -80,12 +82,16 @@ std::string ReadWholeFile(const fs::path& path) {
 }
 
 void ReplaceWholeFile(const fs::path& path, std::string_view content) {
+    ReplaceWholeFile(path, [&](const ByteSink& sink) { sink(content); });
+}
+
+void ReplaceWholeFile(const fs::path& path, const std::function<void(const ByteSink&)>& write) {
     fs::path temporary = path;
     temporary += "." + RandomSuffix();
     try {
-        WriteAndFlush(temporary, content);
+        WriteAndFlush(temporary, write);
         if (std::rename(temporary.c_str(), path.c_str()) != 0) FailFromErrno(path);
-    } catch (const FileError&) {
+    } catch (...) {
         std::error_code ignored;
         fs::remove(temporary, ignored);
         throw;

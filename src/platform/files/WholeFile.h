@@ -2,6 +2,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,13 @@ std::string ReadWholeFile(const std::filesystem::path& path);
 /// either as before or complete, also when two workstations write it at once. Throws FileError 61 on a full
 /// disk, 64 on a name that cannot be, 70, 75 or 76 when the file cannot be made, and leaves nothing behind.
 void ReplaceWholeFile(const std::filesystem::path& path, std::string_view content);
+
+/// Takes the bytes of a file, piece after piece.
+using ByteSink = std::function<void(std::string_view)>;
+
+/// The same for a file that is made while it is written: `write` gets the sink, and what it throws leaves
+/// `path` as it was.
+void ReplaceWholeFile(const std::filesystem::path& path, const std::function<void(const ByteSink&)>& write);
 
 /// A few characters that no other workstation comes upon at the same time.
 std::string RandomSuffix();

@@ -3,6 +3,7 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
+#include "platform/files/WholeFile.h"
 #include "support/ChildProcess.h"
 #include "support/Random.h"
 #include "support/TempFolder.h"
@@ -10,6 +11,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <stdexcept>
 #include <sys/stat.h>
 
 namespace fs = std::filesystem;
@@ -279,6 +281,24 @@ TEST_F(SequentialFileTest, replaces_the_whole_file) {
     EXPECT_EQ(test::ReadFile(file), "new\r\n");
     SequentialWriter().ReplaceFile(file);
     EXPECT_EQ(test::ReadFile(file), "");
+    EXPECT_EQ(test::NamesIn(folder.Path()), Names{"Shift.txt"});
+}
+
+TEST_F(SequentialFileTest, is_made_of_the_pieces_in_their_order) {
+    ReplaceWholeFile(file, [](const ByteSink& sink) {
+        for (const char* piece : {"one, ", "", "two"}) sink(piece);
+    });
+    EXPECT_EQ(test::ReadFile(file), "one, two");
+}
+
+TEST_F(SequentialFileTest, is_as_before_when_the_next_piece_cannot_be_made) {
+    test::WriteFile(file, "old");
+    const auto fail = [](const ByteSink& sink) {
+        sink("new");
+        throw std::runtime_error("no second piece");
+    };
+    EXPECT_THROW(ReplaceWholeFile(file, fail), std::runtime_error);
+    EXPECT_EQ(test::ReadFile(file), "old");
     EXPECT_EQ(test::NamesIn(folder.Path()), Names{"Shift.txt"});
 }
 
