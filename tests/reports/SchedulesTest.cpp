@@ -69,13 +69,14 @@ class SchedulesTest : public testing::Test {
     std::set<std::string> Totals() const {
         std::set<std::string> totals;
         bool behind = false;
-        for (const PageOperation& operation : vp.Page(vp.PageCount()))
-            if (const auto* text = std::get_if<DrawnPageText>(&operation)) {
-                std::string amount = Trim(text->text);
-                std::erase(amount, ',');
-                if (behind) totals.insert(amount);
-                behind = amount.rfind("Department total", 0) == 0;
-            }
+        for (int page = 1; page <= vp.PageCount(); ++page)
+            for (const PageOperation& operation : vp.Page(page))
+                if (const auto* text = std::get_if<DrawnPageText>(&operation)) {
+                    std::string amount = Trim(text->text);
+                    std::erase(amount, ',');
+                    if (behind) totals.insert(amount);
+                    behind = amount.rfind("Department total", 0) == 0;
+                }
         return totals;
     }
 };
