@@ -77,9 +77,7 @@ void DaytypesForm::BuildMenuFrame(QVBoxLayout& column) {
     Frame3D2->SetTitle("Other Daytype activity");
     auto* row = new QHBoxLayout(Frame3D2);
     const auto add = [&](const char* name, const char* text, Mode mode) {
-        auto& button = Add<QPushButton>(name, "", Frame3D2);
-        button.setText(QLatin1String(text));
-        row->addWidget(&button);
+        QPushButton& button = AddButton(name, text, *row, Frame3D2);
         On(button, &QPushButton::clicked, [=, this] { Enter(mode); });
         return &button;
     };
@@ -95,16 +93,10 @@ void DaytypesForm::BuildMenuFrame(QVBoxLayout& column) {
 
 void DaytypesForm::BuildButtons(QVBoxLayout& column) {
     auto* row = new QHBoxLayout;
-    const auto add = [&](const char* name, const char* text) {
-        auto& button = Add<QPushButton>(name, "");
-        button.setText(QLatin1String(text));
-        row->addWidget(&button);
-        return &button;
-    };
-    Command3D4 = add("Command3D4", "&Other activity...");
+    Command3D4 = &AddButton("Command3D4", "&Other activity...", *row);
     row->addStretch();
-    Command3D2 = add("Command3D2", "&Save");
-    Command3D1 = add("Command3D1", "&Close");
+    Command3D2 = &AddButton("Command3D2", "&Save", *row);
+    Command3D1 = &AddButton("Command3D1", "&Close", *row);
     column.addLayout(row);
     On(*Command3D4, &QPushButton::clicked, [this] { ShowMenuPage(); });
     On(*Command3D2, &QPushButton::clicked, [this] { SaveOrDelete(); });

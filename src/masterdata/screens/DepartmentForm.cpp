@@ -166,22 +166,16 @@ void DepartmentForm::BuildWords(QVBoxLayout& column) {
 
 void DepartmentForm::BuildButtons(QVBoxLayout& column) {
     auto* row = new QHBoxLayout;
-    const auto add = [&](const char* name, const char* caption) {
-        auto& button = Add<QPushButton>(name, "");
-        button.setText(QLatin1String(caption));
-        row->addWidget(&button);
-        return &button;
-    };
-    auto* helpButton = add("Command3D3", "&Help");
+    QPushButton& helpButton = AddButton("Command3D3", "&Help", *row);
     row->addStretch();
-    auto* ok = add("Command3D1", "&OK");
-    auto* cancel = add("Command3D2", "&Cancel");
+    QPushButton& ok = AddButton("Command3D1", "&OK", *row);
+    QPushButton& cancel = AddButton("Command3D2", "&Cancel", *row);
     column.addLayout(row);
-    On(*ok, &QPushButton::clicked, [this] { Save(); });
-    On(*cancel, &QPushButton::clicked, [this] { Unload(); });
-    On(*helpButton, &QPushButton::clicked, [this] { ports_.help.ShowTopic(help::DepartmentProfile); });
-    SetDefaultButton(*ok);
-    SetCancelButton(*cancel);
+    On(ok, &QPushButton::clicked, [this] { Save(); });
+    On(cancel, &QPushButton::clicked, [this] { Unload(); });
+    On(helpButton, &QPushButton::clicked, [this] { ports_.help.ShowTopic(help::DepartmentProfile); });
+    SetDefaultButton(ok);
+    SetCancelButton(cancel);
 }
 
 void DepartmentForm::ShowProfile(const DepartmentProfile& profile) {

@@ -50,9 +50,7 @@ void ShiftsForm::BuildOtherFrame(QVBoxLayout& column) {
     lines->addWidget(Label3);
     auto* row = new QHBoxLayout;
     const auto add = [&](const char* name, const char* text, Mode mode) {
-        auto& button = Add<QPushButton>(name, "", OtherActFRAME);
-        button.setText(QLatin1String(text));
-        row->addWidget(&button);
+        QPushButton& button = AddButton(name, text, *row, OtherActFRAME);
         On(button, &QPushButton::clicked, [=, this] { Enter(mode); });
         return &button;
     };
@@ -64,16 +62,10 @@ void ShiftsForm::BuildOtherFrame(QVBoxLayout& column) {
 
 void ShiftsForm::BuildButtons(QVBoxLayout& column) {
     auto* row = new QHBoxLayout;
-    const auto add = [&](const char* name, const char* text) {
-        auto& button = Add<QPushButton>(name, "");
-        button.setText(QLatin1String(text));
-        row->addWidget(&button);
-        return &button;
-    };
-    OptionsCMD = add("OptionsCMD", "&Other activity...");
+    OptionsCMD = &AddButton("OptionsCMD", "&Other activity...", *row);
     row->addStretch();
-    SaveCMD = add("SaveCMD", "&Save");
-    ExitCMD = add("ExitCMD", "&Close");
+    SaveCMD = &AddButton("SaveCMD", "&Save", *row);
+    ExitCMD = &AddButton("ExitCMD", "&Close", *row);
     column.addLayout(row);
     On(*OptionsCMD, &QPushButton::clicked, [this] { ShowOther(); });
     On(*SaveCMD, &QPushButton::clicked, [this] { SaveOrDelete(); });

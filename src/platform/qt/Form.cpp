@@ -57,6 +57,13 @@ void Form::Name(QWidget& control, const char* name, const std::string& accessibl
         });
 }
 
+QPushButton& Form::AddButton(const char* name, const char* caption, QLayout& row, QWidget* parent) {
+    auto& button = Add<QPushButton>(name, "", parent);
+    button.setText(QLatin1String(caption));
+    row.addWidget(&button);
+    return button;
+}
+
 void Form::Place(QWidget& control, Twips left, Twips top, Twips width, Twips height) {
     control.setGeometry(
         QRect(QPoint(Pixels(left), Pixels(top)), QPoint(Pixels(left + width) - 1, Pixels(top + height) - 1)));

@@ -6,7 +6,9 @@
 #include "platform/qt/Controls.h"
 
 #include <QAction>
+#include <QLayout>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QWidget>
 
 #include <concepts>
@@ -72,6 +74,9 @@ class Form : public QWidget {
         array.Put(index, control);
         return control;
     }
+
+    /// Makes a button, behind the others of a row. Its caption names it.
+    QPushButton& AddButton(const char* name, const char* caption, QLayout& row, QWidget* parent = nullptr);
 
     /// Places a control on its parent, in twips.
     static void Place(QWidget& control, Twips left, Twips top, Twips width, Twips height);

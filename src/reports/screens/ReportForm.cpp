@@ -43,10 +43,7 @@ ReportForm::ReportForm(GlobalState& g, Ports& ports, Printer& printer, const cha
 }
 
 QPushButton& ReportForm::AddButton(const char* name, const char* caption) {
-    auto& button = Add<QPushButton>(name, "", buttons_);
-    button.setText(QLatin1String(caption));
-    buttons_->layout()->addWidget(&button);
-    return button;
+    return Form::AddButton(name, caption, *buttons_->layout(), buttons_);
 }
 
 void ReportForm::BuildFont() {
