@@ -1,5 +1,6 @@
 // The start of every program of screen tests: one application on a screen of 1920 x 1080 that nobody sees.
 #include "platform/qt/QtPorts.h"
+#include "support/Screens.h"
 
 #include <QApplication>
 
@@ -21,5 +22,6 @@ int main(int count, char** arguments) {
     std::filesystem::remove(screen);
     QApplication::setQuitOnLastWindowClosed(false);
     tvx::qt::SetUpLook();
+    tvx::test::WatchOverTests();
     return RUN_ALL_TESTS();
 }

@@ -10,7 +10,8 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <memory>
+#include <utility>
+#include <vector>
 
 namespace tvx::test {
 namespace {
@@ -26,17 +27,66 @@ QWidget& Focused(QWidget& form) {
     return focused != nullptr ? *focused : form;
 }
 
-/// Looks for the window again and again until it shows.
-struct Watch {
+/// A window that a test waits for, and what it does there.
+struct Awaited {
     std::string window;
     std::function<void(QWidget&)> deed;
-    QTimer timer;
-    bool done = false;
-
-    ~Watch() {
-        if (!done) ADD_FAILURE() << "the window " << window << " never showed";
-    }
 };
+
+/// Does the deeds of a test as their windows show. What never showed when the test ends fails it, and so does
+/// a window that nobody closes.
+class Doorkeeper : public testing::EmptyTestEventListener {
+  public:
+    void Await(Awaited awaited) { awaited_.push_back(std::move(awaited)); }
+    void OnTestStart(const testing::TestInfo&) override {
+        stuckSteps_ = 0;
+        timer_.setSingleShot(true);
+        QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Look(); });
+        timer_.start(Step);
+    }
+    void OnTestEnd(const testing::TestInfo&) override {
+        timer_.stop();
+        timer_.disconnect();
+        for (const Awaited& missing : std::exchange(awaited_, {}))
+            ADD_FAILURE() << "the window " << missing.window << " never showed";
+    }
+
+  private:
+    static constexpr int Step = 5;                 // milliseconds
+    static constexpr int MostSteps = 20000 / Step; // nothing that a test does takes so long
+
+    void Look() {
+        timer_.start(Step); // anew: a timer does not fire while its own deed lets events run
+        for (std::size_t i = 0; i < awaited_.size(); ++i)
+            if (QWidget* window = VisibleWindow(awaited_[i].window)) {
+                const Awaited now = awaited_[i];
+                awaited_.erase(awaited_.begin() + static_cast<std::ptrdiff_t>(i));
+                stuckSteps_ = 0;
+                now.deed(*window);
+                return;
+            }
+        CloseWhatIsStuck();
+    }
+
+    /// A window that waits for a person would wait for ever.
+    void CloseWhatIsStuck() {
+        QWidget* popup = QApplication::activePopupWidget();
+        QWidget* waiting = popup != nullptr ? popup : QApplication::activeModalWidget();
+        stuckSteps_ = waiting != nullptr && waiting == stuck_ ? stuckSteps_ + 1 : 0;
+        stuck_ = waiting;
+        if (stuckSteps_ < MostSteps) return;
+        stuckSteps_ = 0;
+        ADD_FAILURE() << "nobody closes the window " << waiting->objectName().toStdString();
+        waiting->hide();
+    }
+
+    QTimer timer_;
+    std::vector<Awaited> awaited_;
+    QWidget* stuck_ = nullptr; // only compared
+    int stuckSteps_ = 0;
+};
+
+Doorkeeper* doorkeeper = nullptr; // of the run, owned by the list of listeners
 
 } // namespace
 
@@ -86,21 +136,13 @@ void Drag(QWidget& surface, TwipsPoint from, TwipsPoint to, int steps) {
     QTest::mouseRelease(&surface, Qt::LeftButton, Qt::NoModifier, At(to.x, to.y));
 }
 
+void WatchOverTests() {
+    doorkeeper = new Doorkeeper;
+    testing::UnitTest::GetInstance()->listeners().Append(doorkeeper);
+}
+
 void WhenShown(const std::string& window, std::function<void(QWidget&)> deed) {
-    auto watch = std::make_shared<Watch>();
-    watch->window = window;
-    watch->deed = std::move(deed);
-    Watch* raw = watch.get();
-    // The watch lives in the connection and ends with the timer's stop.
-    QObject::connect(&watch->timer, &QTimer::timeout, qApp, [watch, raw] {
-        QWidget* found = VisibleWindow(raw->window);
-        if (found == nullptr || raw->done) return;
-        raw->done = true;
-        raw->timer.stop();
-        const auto act = raw->deed;
-        act(*found);
-    });
-    watch->timer.start(5);
+    doorkeeper->Await({window, std::move(deed)});
 }
 
 void TakePicture(QWidget& form, const std::string& name) {

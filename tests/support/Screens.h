@@ -36,6 +36,9 @@ void Drag(QWidget& surface, TwipsPoint from, TwipsPoint to, int steps = 6);
 /// The same without the release.
 void DragAndHold(QWidget& surface, TwipsPoint from, TwipsPoint to, int steps = 6);
 
+/// Fails tests that wait for a window in vain, or leave one waiting. Called once, before the tests run.
+void WatchOverTests();
+
 /// Does something with the next modal window of that name as soon as it shows; the deed must close it. The
 /// test fails when the window has not come before the test ends.
 void WhenShown(const std::string& window, std::function<void(QWidget&)> deed);
