@@ -1,7 +1,7 @@
 #include "platform/files/Folder.h"
 
-#include "platform/files/FileError.h"
 #include "support/ChildProcess.h"
+#include "support/FileTrouble.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -14,17 +14,7 @@ namespace tvx {
 namespace {
 
 using Names = std::vector<std::string>;
-
-/// The number of the trouble that the work meets; 0 when it meets none.
-template <typename Work>
-int NumberOf(const Work& work) {
-    try {
-        work();
-        return 0;
-    } catch (const FileError& trouble) {
-        return trouble.Number();
-    }
-}
+using test::NumberOf;
 
 class FolderTest : public testing::Test {
   protected:

@@ -5,6 +5,7 @@
 #include "platform/files/FileError.h"
 #include "platform/files/WholeFile.h"
 #include "support/ChildProcess.h"
+#include "support/FileTrouble.h"
 #include "support/Random.h"
 #include "support/TempFolder.h"
 
@@ -20,16 +21,7 @@ namespace tvx {
 namespace {
 
 using Names = std::vector<std::string>;
-
-template <typename Work>
-int NumberOf(const Work& work) {
-    try {
-        work();
-        return 0;
-    } catch (const FileError& trouble) {
-        return trouble.Number();
-    }
-}
+using test::NumberOf;
 
 // --- reading ----------------------------------------------------------------------------------------------
 
