@@ -1,11 +1,11 @@
 // Painting the Main Editor with 100 lanes on a screen of 3840 x 2160, beside a bare painter that fills the
 // same rectangles and writes the same texts.
 #include "Ratios.h"
-#include "editor/GridView.h"
+#include "desktop/QtPorts.h"
 #include "editor/RowValues.h"
+#include "editor/lanes/GridView.h"
+#include "editor/lanes/screens/PaintDrawing.h"
 #include "editor/screens/MainEditorForm.h"
-#include "editor/screens/PaintDrawing.h"
-#include "platform/qt/QtPorts.h"
 #include "support/TestStore.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 // The search for an employee and the saving of one, beside a bare list and a bare transaction.
 #include "Ratios.h"
+#include "desktop/QtPorts.h"
 #include "masterdata/EmployeeRecord.h"
 #include "masterdata/screens/EmployeeSearchForm.h"
 #include "platform/dao/TimeText.h"
-#include "platform/qt/QtPorts.h"
 #include "support/TestStore.h"
 
 #include <QApplication>

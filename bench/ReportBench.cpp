@@ -1,12 +1,12 @@
 // Reports, beside a bare painter that writes the same texts and lines and beside a bare write of the same
 // bytes; how memory grows with the pages, and how soon a preview shows.
 #include "Ratios.h"
+#include "desktop/Scale.h"
 #include "platform/files/WholeFile.h"
-#include "platform/qt/Scale.h"
-#include "reports/HtmlDocument.h"
-#include "reports/HtmlSchedules.h"
-#include "reports/screens/DocumentPainter.h"
-#include "reports/screens/Preview.h"
+#include "reports/page/HtmlDocument.h"
+#include "reports/page/screens/DocumentPainter.h"
+#include "reports/page/screens/Preview.h"
+#include "reports/schedules/HtmlSchedules.h"
 #include "support/TestStore.h"
 
 #include <QApplication>

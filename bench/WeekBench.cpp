@@ -1,8 +1,8 @@
 // Loading and saving a week, beside the fewest bare statements that read or leave the same rows.
 #include "Ratios.h"
-#include "editor/LoadWeek.h"
-#include "editor/SaveWeek.h"
-#include "editor/StoredDays.h"
+#include "editor/week/LoadWeek.h"
+#include "editor/week/SaveWeek.h"
+#include "editor/week/StoredDays.h"
 #include "platform/dao/TimeText.h"
 #include "support/TestStore.h"
 

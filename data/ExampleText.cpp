@@ -1,13 +1,13 @@
 #include "ExampleText.h"
 
-#include "masterdata/ShiftFile.h"
+#include "masterdata/files/ShiftFile.h"
 #include "platform/basic/Date.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/Database.h"
 #include "platform/dao/Recordset.h"
 #include "shell/state/Roster.h"
-#include "store/Schema.h"
+#include "store/rows/Schema.h"
 
 #include <algorithm>
 #include <array>

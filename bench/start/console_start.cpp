@@ -1,6 +1,6 @@
 // A start of the program up to its painted console, and with "schedule" up to its painted Main Editor. The
 // clock jumps over the splash's two seconds.
-#include "platform/qt/QtPorts.h"
+#include "desktop/QtPorts.h"
 #include "shell/screens/ConsoleForm.h"
 #include "shell/screens/Run.h"
 

@@ -1,8 +1,8 @@
 // The menu bar of the Main Editor and what of it can be chosen.
 #pragma once
 
-#include "shell/MenuBar.h"
-#include "shell/TVXGLOB.h"
+#include "platform/ports/MenuBar.h"
+#include "shell/state/TVXGLOB.h"
 
 namespace tvx {
 

@@ -1,7 +1,7 @@
 #include "editor/RowValues.h"
 
 #include "platform/basic/Format.h"
-#include "shell/Conversions.h"
+#include "shell/common/Conversions.h"
 
 namespace tvx {
 namespace {

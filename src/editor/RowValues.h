@@ -1,9 +1,9 @@
 // The value column beside the names: what it shows for each of the twelve options, and in which colours.
 #pragma once
 
-#include "editor/Totals.h"
+#include "editor/week/Totals.h"
 #include "platform/ports/Region.h"
-#include "shell/TVXGLOB.h"
+#include "shell/state/TVXGLOB.h"
 
 #include <array>
 #include <string>

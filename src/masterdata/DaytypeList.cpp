@@ -1,10 +1,10 @@
 #include "masterdata/DaytypeList.h"
 
-#include "editor/DaytypeBox.h"
+#include "editor/lanes/DaytypeBox.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
-#include "shell/Conversions.h"
-#include "shell/TVXMOD1.h"
+#include "shell/common/Conversions.h"
+#include "shell/common/TVXMOD1.h"
 
 namespace tvx {
 namespace {

@@ -2,8 +2,8 @@
 
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
-#include "shell/Conversions.h"
-#include "shell/TVXMOD1.h"
+#include "shell/common/Conversions.h"
+#include "shell/common/TVXMOD1.h"
 
 #include <algorithm>
 #include <vector>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/ports/Ports.h"
-#include "shell/TVXGLOB.h"
+#include "shell/state/TVXGLOB.h"
 
 #include <array>
 #include <optional>

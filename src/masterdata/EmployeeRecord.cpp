@@ -4,7 +4,7 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
-#include "shell/Conversions.h"
+#include "shell/common/Conversions.h"
 
 #include <algorithm>
 

@@ -3,7 +3,7 @@
 
 #include "masterdata/AvailabilityGrid.h"
 #include "platform/ports/Ports.h"
-#include "shell/TVXGLOB.h"
+#include "shell/state/TVXGLOB.h"
 
 #include <array>
 #include <optional>

@@ -3,7 +3,7 @@
 
 #include "platform/basic/Twips.h"
 #include "platform/ports/Prompt.h"
-#include "shell/TVXGLOB.h"
+#include "shell/state/TVXGLOB.h"
 
 #include <functional>
 #include <string>

@@ -1,9 +1,9 @@
 #include "masterdata/StoredShifts.h"
 
-#include "editor/BarDrag.h"
-#include "editor/Totals.h"
-#include "editor/WeekModel.h"
-#include "masterdata/ShiftFile.h"
+#include "editor/lanes/BarDrag.h"
+#include "editor/week/Totals.h"
+#include "editor/week/WeekModel.h"
+#include "masterdata/files/ShiftFile.h"
 #include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
 

@@ -3,7 +3,7 @@
 
 #include "masterdata/DaytypeList.h"
 #include "platform/ports/Ports.h"
-#include "shell/TVXGLOB.h"
+#include "shell/state/TVXGLOB.h"
 
 #include <string>
 #include <utility>

@@ -1,13 +1,13 @@
 // Texts of any kind in the file: quotes, brackets, percent signs, characters of four bytes, ten thousand of
 // them. They are shown as they stand, and a save leaves them as they stand.
-#include "editor/GridView.h"
-#include "editor/LoadWeek.h"
 #include "editor/RowValues.h"
-#include "editor/SaveWeek.h"
+#include "editor/lanes/GridView.h"
+#include "editor/week/LoadWeek.h"
+#include "editor/week/RosterBuilder.h"
+#include "editor/week/SaveWeek.h"
 #include "platform/basic/Text.h"
-#include "shell/Console.h"
-#include "shell/RosterBuilder.h"
-#include "shell/TVXMOD1.h"
+#include "shell/common/TVXMOD1.h"
+#include "shell/console/Console.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
 

@@ -1,6 +1,6 @@
 #include "masterdata/DaytypeList.h"
 
-#include "shell/TVXMOD1.h"
+#include "shell/common/TVXMOD1.h"
 #include "support/OtherWorkstation.h"
 #include "support/Rows.h"
 #include "support/TestStore.h"

@@ -2,7 +2,7 @@
 
 #include "platform/dao/DaoError.h"
 #include "platform/files/Folder.h"
-#include "shell/TVXMOD1.h"
+#include "shell/common/TVXMOD1.h"
 #include "support/OtherWorkstation.h"
 #include "support/Rows.h"
 #include "support/TestStore.h"

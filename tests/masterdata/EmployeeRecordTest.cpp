@@ -1,7 +1,7 @@
 #include "masterdata/EmployeeRecord.h"
 
 #include "platform/dao/DaoError.h"
-#include "shell/Conversions.h"
+#include "shell/common/Conversions.h"
 #include "support/OtherWorkstation.h"
 #include "support/Rows.h"
 #include "support/TestStore.h"

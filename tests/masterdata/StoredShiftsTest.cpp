@@ -1,7 +1,7 @@
 #include "masterdata/StoredShifts.h"
 
-#include "editor/Totals.h"
-#include "masterdata/ShiftFile.h"
+#include "editor/week/Totals.h"
+#include "masterdata/files/ShiftFile.h"
 #include "support/TestStore.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
 #include "support/Quarters.h"
 
-#include "editor/Totals.h"
+#include "editor/week/Totals.h"
 
 #include <gtest/gtest.h>
 

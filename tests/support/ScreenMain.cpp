@@ -1,5 +1,5 @@
 // The start of every program of screen tests: one application on a screen of 1920 x 1080 that nobody sees.
-#include "platform/qt/QtPorts.h"
+#include "desktop/QtPorts.h"
 #include "support/Screens.h"
 
 #include <QApplication>

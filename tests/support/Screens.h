@@ -1,7 +1,7 @@
 // Working real forms on the offscreen platform: finding controls, keys, drags, modal windows, pictures.
 #pragma once
 
-#include "platform/qt/Form.h"
+#include "desktop/Form.h"
 
 #include <QTest>
 

@@ -1,14 +1,14 @@
 #include "support/TestStore.h"
 
-#include "editor/GridView.h"
-#include "editor/LoadWeek.h"
-#include "editor/Totals.h"
+#include "editor/lanes/GridView.h"
+#include "editor/week/LoadWeek.h"
+#include "editor/week/RosterBuilder.h"
+#include "editor/week/Totals.h"
 #include "platform/basic/Number.h"
 #include "platform/dao/TimeText.h"
-#include "shell/Console.h"
-#include "shell/RosterBuilder.h"
-#include "shell/TVXMOD1.h"
-#include "store/Schema.h"
+#include "shell/common/TVXMOD1.h"
+#include "shell/console/Console.h"
+#include "store/rows/Schema.h"
 #include "support/TestEngine.h"
 
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
 // A database of a test's own, and the one builder of departments of a realistic size.
 #pragma once
 
-#include "shell/TVXGLOB.h"
+#include "shell/state/TVXGLOB.h"
 #include "support/Scripted.h"
 #include "support/TempFolder.h"
 

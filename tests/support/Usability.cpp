@@ -1,6 +1,6 @@
 #include "support/Usability.h"
 
-#include "platform/qt/Controls.h"
+#include "desktop/Controls.h"
 
 #include <QAccessible>
 #include <QApplication>

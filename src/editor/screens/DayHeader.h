@@ -1,8 +1,8 @@
 // The seven days above the grid: which one is shown, its date, its week number and whether it has a memo.
 #pragma once
 
-#include "editor/GridView.h"
-#include "platform/qt/Controls.h"
+#include "desktop/Controls.h"
+#include "editor/lanes/GridView.h"
 
 #include <array>
 

@@ -1,8 +1,8 @@
 // The controls of the Main Editor and where they stand.
-#include "editor/DaytypeBox.h"
+#include "desktop/FloodGauge.h"
 #include "editor/RowValues.h"
+#include "editor/lanes/DaytypeBox.h"
 #include "editor/screens/MainEditorForm.h"
-#include "platform/qt/FloodGauge.h"
 
 #include <QHBoxLayout>
 

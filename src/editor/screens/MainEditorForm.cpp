@@ -1,15 +1,15 @@
 #include "editor/screens/MainEditorForm.h"
 
-#include "editor/DaytypeBox.h"
 #include "editor/EditorMenus.h"
-#include "editor/LoadWeek.h"
 #include "editor/RowValues.h"
-#include "editor/SaveWeek.h"
+#include "editor/lanes/DaytypeBox.h"
 #include "editor/screens/TotalsForm.h"
-#include "masterdata/ProductivityFile.h"
-#include "masterdata/ShiftFile.h"
+#include "editor/week/LoadWeek.h"
+#include "editor/week/SaveWeek.h"
 #include "masterdata/StoredShifts.h"
-#include "shell/TVXMOD1.h"
+#include "masterdata/files/ProductivityFile.h"
+#include "masterdata/files/ShiftFile.h"
+#include "shell/common/TVXMOD1.h"
 
 #include <QApplication>
 #include <QEvent>

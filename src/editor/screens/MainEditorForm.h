@@ -1,14 +1,14 @@
 // The Main Editor: a department's week, one day at a time, as bars on a grid of quarter-hours.
 #pragma once
 
-#include "editor/BarDrag.h"
+#include "desktop/Form.h"
+#include "desktop/MenuRenderer.h"
+#include "editor/lanes/BarDrag.h"
+#include "editor/lanes/screens/TimeGrid.h"
 #include "editor/screens/DayHeader.h"
 #include "editor/screens/EditorScreens.h"
-#include "editor/screens/TimeGrid.h"
 #include "platform/ports/Gauge.h"
-#include "platform/qt/Form.h"
-#include "platform/qt/MenuRenderer.h"
-#include "shell/MenuBar.h"
+#include "platform/ports/MenuBar.h"
 
 #include <QScrollBar>
 

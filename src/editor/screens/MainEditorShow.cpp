@@ -1,8 +1,8 @@
 // What the Main Editor shows: names, values, totals, header and ruler.
 #include "editor/EditorMenus.h"
 #include "editor/RowValues.h"
+#include "editor/lanes/screens/PaintDrawing.h"
 #include "editor/screens/MainEditorForm.h"
-#include "editor/screens/PaintDrawing.h"
 
 #include <QPainter>
 #include <QPainterPath>

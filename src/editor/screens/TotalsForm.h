@@ -1,8 +1,8 @@
 // The small window with the hours and the money of the whole week.
 #pragma once
 
-#include "editor/Totals.h"
-#include "platform/qt/Form.h"
+#include "desktop/Form.h"
+#include "editor/week/Totals.h"
 
 namespace tvx::qt {
 

@@ -1,7 +1,7 @@
 // One colour of a row of colours to choose from; the chosen one stands in a frame.
 #pragma once
 
-#include "platform/qt/Controls.h"
+#include "desktop/Controls.h"
 
 #include <QAbstractButton>
 

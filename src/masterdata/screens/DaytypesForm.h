@@ -1,8 +1,8 @@
 // Daytypes: picks one for a day, and adds, changes and deletes those of the department.
 #pragma once
 
+#include "desktop/Form.h"
 #include "masterdata/DaytypeList.h"
-#include "platform/qt/Form.h"
 
 class QVBoxLayout;
 

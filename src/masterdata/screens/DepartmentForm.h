@@ -1,8 +1,8 @@
 // Department profile: adds a department or changes the settings of the current one.
 #pragma once
 
+#include "desktop/Form.h"
 #include "masterdata/Departments.h"
-#include "platform/qt/Form.h"
 
 #include <QComboBox>
 #include <QRadioButton>

@@ -1,10 +1,10 @@
 #include "masterdata/screens/EmployeeForm.h"
 
+#include "desktop/FloodGauge.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
-#include "platform/qt/FloodGauge.h"
-#include "shell/Conversions.h"
-#include "shell/TVXMOD1.h"
+#include "shell/common/Conversions.h"
+#include "shell/common/TVXMOD1.h"
 
 #include <QApplication>
 #include <QMenu>

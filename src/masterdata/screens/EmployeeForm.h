@@ -1,11 +1,11 @@
 // Employee record: adds an employee or changes one, with pay, status, colour and hours of absence.
 #pragma once
 
+#include "desktop/Form.h"
 #include "masterdata/AvailabilityGrid.h"
 #include "masterdata/EmployeeRecord.h"
 #include "masterdata/screens/ColourSwatch.h"
 #include "platform/ports/Gauge.h"
-#include "platform/qt/Form.h"
 
 #include <QPlainTextEdit>
 #include <QRadioButton>

@@ -1,6 +1,6 @@
 // The controls of the employee record, where they stand, and what is painted around them.
+#include "desktop/FloodGauge.h"
 #include "masterdata/screens/EmployeeForm.h"
-#include "platform/qt/FloodGauge.h"
 
 #include <QPainter>
 

@@ -1,8 +1,8 @@
 // Employee search: picks an employee of the department by the beginning of the last name.
 #pragma once
 
+#include "desktop/Form.h"
 #include "masterdata/EmployeeSearch.h"
-#include "platform/qt/Form.h"
 
 #include <QListView>
 

@@ -1,8 +1,8 @@
 // Stored shifts: names the bars of a day for later, and picks, renames and deletes what was stored.
 #pragma once
 
+#include "desktop/Form.h"
 #include "masterdata/StoredShifts.h"
-#include "platform/qt/Form.h"
 
 class QVBoxLayout;
 

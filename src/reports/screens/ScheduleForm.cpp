@@ -4,9 +4,9 @@
 #include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
 #include "platform/files/Folder.h"
-#include "reports/HtmlDocument.h"
-#include "reports/HtmlSchedules.h"
-#include "shell/Conversions.h"
+#include "reports/page/HtmlDocument.h"
+#include "reports/schedules/HtmlSchedules.h"
+#include "shell/common/Conversions.h"
 
 #include <QGridLayout>
 #include <QHBoxLayout>

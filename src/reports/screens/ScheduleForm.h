@@ -2,8 +2,8 @@
 // as a web page.
 #pragma once
 
-#include "reports/PrintWeek.h"
-#include "reports/screens/ReportForm.h"
+#include "reports/page/screens/ReportForm.h"
+#include "reports/schedules/PrintWeek.h"
 
 #include <QCheckBox>
 

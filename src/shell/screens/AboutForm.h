@@ -1,8 +1,8 @@
 // About the program: its version, and facts of the system it runs on.
 #pragma once
 
-#include "platform/qt/Form.h"
-#include "shell/TVXGLOB.h"
+#include "desktop/Form.h"
+#include "shell/state/TVXGLOB.h"
 
 namespace tvx::qt {
 

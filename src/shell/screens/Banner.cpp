@@ -1,6 +1,6 @@
 #include "shell/screens/Banner.h"
 
-#include "platform/qt/Scale.h"
+#include "desktop/Scale.h"
 
 #include <QLinearGradient>
 #include <QPainter>

@@ -1,10 +1,10 @@
 // The console: picks a department and leads to everything else. It stays open behind every other screen.
 #pragma once
 
+#include "desktop/Form.h"
+#include "desktop/MenuRenderer.h"
 #include "editor/screens/EditorScreens.h"
-#include "platform/qt/Form.h"
-#include "platform/qt/MenuRenderer.h"
-#include "shell/Console.h"
+#include "shell/console/Console.h"
 
 #include <QComboBox>
 

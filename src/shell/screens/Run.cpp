@@ -1,8 +1,8 @@
 #include "shell/screens/Run.h"
 
-#include "editor/screens/TimeGrid.h"
+#include "desktop/QtPorts.h"
+#include "editor/lanes/screens/TimeGrid.h"
 #include "platform/files/Folder.h"
-#include "platform/qt/QtPorts.h"
 #include "shell/screens/ConsoleForm.h"
 
 #include <QApplication>

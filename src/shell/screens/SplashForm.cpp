@@ -1,6 +1,6 @@
 #include "shell/screens/SplashForm.h"
 
-#include "shell/Console.h"
+#include "shell/console/Console.h"
 #include "shell/screens/Banner.h"
 
 #include <QEventLoop>

@@ -1,7 +1,7 @@
 // The splash: stands for two seconds while the program starts.
 #pragma once
 
-#include "platform/qt/Form.h"
+#include "desktop/Form.h"
 
 namespace tvx::qt {
 

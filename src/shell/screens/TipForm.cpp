@@ -1,6 +1,6 @@
 #include "shell/screens/TipForm.h"
 
-#include "shell/Console.h"
+#include "shell/console/Console.h"
 
 #include <QHBoxLayout>
 #include <QPainter>

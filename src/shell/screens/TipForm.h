@@ -1,7 +1,7 @@
 // A note over the console: what the example department is for.
 #pragma once
 
-#include "platform/qt/Form.h"
+#include "desktop/Form.h"
 #include "shell/state/Department.h"
 
 namespace tvx::qt {

@@ -1,6 +1,6 @@
 #include "editor/screens/MainEditorForm.h"
 
-#include "editor/GridView.h"
+#include "editor/lanes/GridView.h"
 #include "support/Screens.h"
 #include "support/TestStore.h"
 

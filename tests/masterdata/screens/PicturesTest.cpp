@@ -3,7 +3,7 @@
 #include "masterdata/screens/EmployeeForm.h"
 #include "masterdata/screens/EmployeeSearchForm.h"
 #include "masterdata/screens/ShiftsForm.h"
-#include "shell/TVXMOD1.h"
+#include "shell/common/TVXMOD1.h"
 #include "support/Screens.h"
 #include "support/TestStore.h"
 

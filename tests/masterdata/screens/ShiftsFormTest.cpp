@@ -1,6 +1,6 @@
 #include "masterdata/screens/ShiftsForm.h"
 
-#include "masterdata/ShiftFile.h"
+#include "masterdata/files/ShiftFile.h"
 #include "platform/files/Folder.h"
 #include "support/Screens.h"
 #include "support/TestStore.h"

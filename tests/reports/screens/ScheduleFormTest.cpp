@@ -1,5 +1,5 @@
-#include "ScheduleFormFixture.h"
 #include "support/FullDisk.h"
+#include "support/ScheduleFormFixture.h"
 #include "support/Usability.h"
 
 #include <QListWidget>

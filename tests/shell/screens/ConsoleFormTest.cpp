@@ -1,10 +1,10 @@
 #include "shell/screens/ConsoleForm.h"
 
-#include "editor/GridView.h"
+#include "editor/lanes/GridView.h"
 #include "masterdata/DaytypeList.h"
-#include "masterdata/ShiftFile.h"
+#include "masterdata/files/ShiftFile.h"
 #include "platform/files/Folder.h"
-#include "shell/TVXMOD1.h"
+#include "shell/common/TVXMOD1.h"
 #include "support/Rows.h"
 #include "support/Screens.h"
 #include "support/TestEngine.h"

@@ -1,0 +1,320 @@
+#include "desktop/QtPorts.h"
+
+#include "desktop/Scale.h"
+#include "platform/basic/Text.h"
+#include "platform/files/Folder.h"
+
+#include <QAbstractButton>
+#include <QCloseEvent>
+#include <QCryptographicHash>
+#include <QDate>
+#include <QDir>
+#include <QFileDialog>
+#include <QFontDialog>
+#include <QGridLayout>
+#include <QKeyEvent>
+#include <QMessageBox>
+#include <QScreen>
+#include <QStandardPaths>
+#include <QTextBrowser>
+#include <QTime>
+
+namespace fs = std::filesystem;
+
+namespace tvx::qt {
+namespace {
+
+/// A box with two answers that means to be answered: neither Escape nor the window's cross answers for a
+/// person.
+class InsistentBox : public QMessageBox {
+  public:
+    using QMessageBox::QMessageBox;
+    bool insists = false;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override {
+        if (insists)
+            event->ignore();
+        else
+            QMessageBox::closeEvent(event);
+    }
+    void keyPressEvent(QKeyEvent* event) override {
+        if (insists && event->key() == Qt::Key_Escape)
+            event->accept();
+        else
+            QMessageBox::keyPressEvent(event);
+    }
+};
+
+/// Widens a box whose title is longer than its text: the title says half of it.
+void MakeRoomForTitle(QMessageBox& message) {
+    constexpr Twips FrameButtons = 1800;
+    QFont bold = message.font();
+    bold.setBold(true);
+    const int room = QFontMetrics(bold).horizontalAdvance(message.windowTitle()) + Pixels(FrameButtons);
+    if (auto* grid = qobject_cast<QGridLayout*>(message.layout()))
+        grid->addItem(new QSpacerItem(room, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+QMessageBox::StandardButtons ButtonsOf(int style) {
+    switch (style & 7) {
+    case box::OkCancel:
+        return QMessageBox::Ok | QMessageBox::Cancel;
+    case box::AbortRetryIgnore:
+        return QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+    case box::YesNoCancel:
+        return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    case box::YesNo:
+        return QMessageBox::Yes | QMessageBox::No;
+    case box::RetryCancel:
+        return QMessageBox::Retry | QMessageBox::Cancel;
+    default:
+        return QMessageBox::Ok;
+    }
+}
+
+QMessageBox::Icon IconOf(int style) {
+    switch (style & 0x70) {
+    case box::Stop:
+        return QMessageBox::Critical;
+    case box::Question:
+        return QMessageBox::Question;
+    case box::Exclamation:
+        return QMessageBox::Warning;
+    case box::Information:
+        return QMessageBox::Information;
+    default:
+        return QMessageBox::NoIcon;
+    }
+}
+
+Answer AnswerOf(int button) {
+    switch (button) {
+    case QMessageBox::Ok:
+        return Answer::Ok;
+    case QMessageBox::Abort:
+        return Answer::Abort;
+    case QMessageBox::Retry:
+        return Answer::Retry;
+    case QMessageBox::Ignore:
+        return Answer::Ignore;
+    case QMessageBox::Yes:
+        return Answer::Yes;
+    case QMessageBox::No:
+        return Answer::No;
+    default:
+        return Answer::Cancel;
+    }
+}
+
+Qt::CursorShape CursorOf(Pointer shape) {
+    switch (shape) {
+    case Pointer::Cross:
+        return Qt::CrossCursor;
+    case Pointer::IBeam:
+        return Qt::IBeamCursor;
+    case Pointer::SizeAll:
+        return Qt::SizeAllCursor;
+    case Pointer::SizeNorthSouth:
+        return Qt::SizeVerCursor;
+    case Pointer::SizeWestEast:
+        return Qt::SizeHorCursor;
+    case Pointer::UpArrow:
+        return Qt::UpArrowCursor;
+    case Pointer::Hourglass:
+        return Qt::WaitCursor;
+    case Pointer::NoDrop:
+        return Qt::ForbiddenCursor;
+    default:
+        return Qt::ArrowCursor;
+    }
+}
+
+QString PathText(const fs::path& path) {
+    return QString::fromStdU16String(path.u16string());
+}
+
+std::optional<fs::path> PathOf(const QString& file) {
+    if (file.isEmpty()) return std::nullopt;
+    return fs::path(file.toStdU16String());
+}
+
+QString FilterOf(const FileRequest& request) {
+    if (request.filterPattern.empty()) return {};
+    // The pattern of the filter in both cases, for file systems that tell them apart.
+    const QString pattern = ToQString(request.filterPattern);
+    QString text = ToQString(request.filterText);
+    text.truncate(text.indexOf(QLatin1Char('(')) < 0 ? text.size() : text.indexOf(QLatin1Char('(')));
+    return text.trimmed() + QLatin1String(" (") + pattern.toLower() + QLatin1Char(' ') + pattern.toUpper() +
+           QLatin1Char(')');
+}
+
+DateOrder OrderOf(const QLocale& locale) {
+    const QString format = locale.dateFormat(QLocale::ShortFormat).toLower();
+    const auto day = format.indexOf(QLatin1Char('d'));
+    const auto month = format.indexOf(QLatin1Char('m'));
+    const auto year = format.indexOf(QLatin1Char('y'));
+    if (month >= 0 && month < day && month < year) return DateOrder::MonthDayYear;
+    if (day >= 0 && day < month && day < year) return DateOrder::DayMonthYear;
+    return DateOrder::YearMonthDay;
+}
+
+QLocale Known(const QLocale& locale) {
+    return locale.language() == QLocale::C ? QLocale(QLocale::English, QLocale::UnitedStates) : locale;
+}
+
+/// A short name without the point that some languages put behind it.
+std::string ShortName(const QString& name) {
+    return FromQString(name.endsWith(QLatin1Char('.')) ? name.chopped(1) : name);
+}
+
+} // namespace
+
+Answer QtPrompt::MsgBox(const std::string& text, int style, const std::string& title) {
+    InsistentBox message(IconOf(style), ToQString(title), ToQString(NormalizedLineEnds(text)),
+                         ButtonsOf(style), QApplication::activeWindow());
+    message.setTextFormat(Qt::PlainText);
+    for (QAbstractButton* button : message.buttons()) button->setIcon({}); // as on every other form
+    MakeRoomForTitle(message);
+    message.insists = (style & 7) == box::YesNo || (style & 7) == box::AbortRetryIgnore;
+    return AnswerOf(message.exec());
+}
+
+std::optional<fs::path> QtPrompt::OpenDialog(const FileRequest& request) {
+    return PathOf(QFileDialog::getOpenFileName(QApplication::activeWindow(), ToQString(request.title),
+                                               PathText(request.folder / request.fileName),
+                                               FilterOf(request)));
+}
+
+std::optional<fs::path> QtPrompt::SaveDialog(const FileRequest& request) {
+    return PathOf(QFileDialog::getSaveFileName(QApplication::activeWindow(), ToQString(request.title),
+                                               PathText(request.folder / request.fileName),
+                                               FilterOf(request)));
+}
+
+std::optional<FontChoice> QtPrompt::FontDialog(const FontChoice& present, const std::string& title) {
+    QFont font(ToQString(present.name));
+    font.setPointSizeF(present.size);
+    font.setBold(present.bold);
+    font.setItalic(present.italic);
+    bool taken = false;
+    const QFont chosen = QFontDialog::getFont(&taken, font, QApplication::activeWindow(), ToQString(title));
+    if (!taken) return std::nullopt;
+    return FontChoice{FromQString(chosen.family()), chosen.pointSizeF(), chosen.bold(), chosen.italic()};
+}
+
+void QtPrompt::Beep() {
+    QApplication::beep();
+}
+
+void QtPrompt::MousePointer(Pointer shape) {
+    if (shape == Pointer::Default) {
+        if (overridden_) QApplication::restoreOverrideCursor();
+        overridden_ = false;
+    } else if (overridden_) {
+        QApplication::changeOverrideCursor(CursorOf(shape));
+    } else {
+        QApplication::setOverrideCursor(CursorOf(shape));
+        overridden_ = true;
+    }
+}
+
+void QtPrompt::DoEvents() {
+    QApplication::processEvents();
+}
+
+QDate ToQDate(DaySerial serial) {
+    return QDate(1899, 12, 30).addDays(serial);
+}
+
+DaySerial FromQDate(const QDate& date) {
+    return static_cast<DaySerial>(QDate(1899, 12, 30).daysTo(date));
+}
+
+DaySerial QtClock::Today() const {
+    return FromQDate(QDate::currentDate());
+}
+int QtClock::SecondOfDay() const {
+    return QTime::currentTime().msecsSinceStartOfDay() / 1000;
+}
+double QtClock::Timer() const {
+    return QTime::currentTime().msecsSinceStartOfDay() / 1000.0;
+}
+
+QtRegion::QtRegion(const QLocale& locale) : locale_(Known(locale)), order_(OrderOf(locale_)) {
+    for (int month = 1; month <= 12; ++month) {
+        names_.months[month] = FromQString(locale_.standaloneMonthName(month, QLocale::LongFormat));
+        names_.shortMonths[month] = ShortName(locale_.standaloneMonthName(month, QLocale::ShortFormat));
+    }
+    for (int day = 1; day <= 7; ++day) {
+        const int isoDay = day == 1 ? 7 : day - 1; // Monday is 1 there
+        names_.weekdays[day] = FromQString(locale_.standaloneDayName(isoDay, QLocale::LongFormat));
+        names_.shortWeekdays[day] = ShortName(locale_.standaloneDayName(isoDay, QLocale::ShortFormat));
+    }
+}
+
+std::string QtRegion::ShortDate(DaySerial serial) const {
+    return FromQString(locale_.toString(ToQDate(serial), QLocale::ShortFormat));
+}
+
+std::string QtRegion::LongDate(DaySerial serial) const {
+    return FromQString(locale_.toString(ToQDate(serial), QLocale::LongFormat));
+}
+
+Twips QtScreen::Width() const {
+    return ToTwips(QGuiApplication::primaryScreen()->availableGeometry().width());
+}
+Twips QtScreen::Height() const {
+    return ToTwips(QGuiApplication::primaryScreen()->availableGeometry().height());
+}
+
+QtInstance::QtInstance(const fs::path& programFolder) {
+    QString runtime = QStandardPaths::writableLocation(QStandardPaths::RuntimeLocation);
+    if (runtime.isEmpty() || !QDir(runtime).exists()) runtime = QDir::tempPath();
+    std::error_code ignored;
+    const fs::path whole = fs::weakly_canonical(programFolder, ignored);
+    const QByteArray mark =
+        QCryptographicHash::hash(PathText(whole).toUtf8(), QCryptographicHash::Sha1).toHex();
+    lock_ = std::make_unique<QLockFile>(runtime + QLatin1String("/tarvex-") +
+                                        QString::fromLatin1(mark.left(16)) + QLatin1String(".lock"));
+    lock_->setStaleLockTime(0); // only the end of the other run frees the place, however long it lasts
+}
+
+bool QtInstance::Claim() {
+    return lock_->isLocked() || lock_->tryLock(0) || lock_->error() != QLockFile::LockFailedError;
+}
+
+QtHelp::~QtHelp() {
+    delete window_;
+}
+
+void QtHelp::ShowTopic(int topic) {
+    auto page = FindFile(folder_, std::to_string(topic) + ".html");
+    if (!page) page = FindFile(folder_, "index.html");
+    if (window_ == nullptr) {
+        window_ = new QTextBrowser;
+        window_->setObjectName(QStringLiteral("Tvxhelp"));
+        window_->setWindowTitle(QStringLiteral("Tarvex help"));
+        window_->setOpenExternalLinks(false);
+        window_->document()->setDocumentMargin(Pixels(180));
+        window_->resize(Pixels(9600), Pixels(8400));
+    }
+    window_->setSource(page ? QUrl::fromLocalFile(PathText(*page)) : QUrl());
+    // A modal form keeps every other window of the program from the keyboard, but not a child of its own.
+    window_->setWindowModality(Qt::NonModal);
+    window_->setParent(QApplication::activeWindow(), Qt::Dialog);
+    window_->show();
+    window_->raise();
+    window_->activateWindow();
+}
+
+void SetUpLook() {
+    QApplication::setStyle(QStringLiteral("Fusion"));
+    QFont font;
+    font.setFamilies(
+        {QStringLiteral("Liberation Sans"), QStringLiteral("Arial"), QStringLiteral("Helvetica")});
+    font.setPointSizeF(9);
+    QApplication::setFont(font);
+}
+
+} // namespace tvx::qt

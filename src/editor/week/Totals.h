@@ -1,0 +1,83 @@
+// Hours, wages, overtime, headcount and labor figures: everything that is computed from the bars.
+#pragma once
+
+#include "shell/state/TVXGLOB.h"
+
+#include <array>
+#include <string>
+
+namespace tvx {
+
+/// The business day that the editor shows: week quarters, high exclusive.
+struct DayWindow {
+    WeekQuarter low = 0;
+    WeekQuarter high = 0;
+};
+
+/// Day 1 to 7 from its cut-off to the cut-off of the next day.
+DayWindow WindowOfDay(int day, int cutoffQuarters);
+
+/// Adds one bar to `WeekQuarters` and `DayQuarters` of an employee: what of it lies in the business week,
+/// which runs from the cut-off of day 1 over exactly seven days, and on the business day shown.
+void AddBarToTotals(Week& week, int employee, int bar, int cutoffQuarters);
+
+/// Zeroes both quarters of an employee and adds all bars.
+void CountBars(Week& week, int employee, int cutoffQuarters);
+
+/// The day's quarters of an employee on any day, without touching the totals.
+int QuartersOnDay(const Week& week, int employee, int day, int cutoffQuarters);
+
+/// Adds an employee's quarters and wages to the sums of the department. `sign` -1 takes them out.
+void AddEmployeeToTotals(GlobalState& g, int employee, int sign);
+
+/// Recomputes the day's quarters of everybody and the day's sums; the week's sums stay.
+void SumDay(GlobalState& g);
+
+/// Recomputes everything from the bars.
+void SumWeek(GlobalState& g);
+
+/// Texts of the totals: 0 day time, 1 week time, 2 day wages, 3 week wages; wages are "" when pay is hidden.
+std::array<std::string, 4> TotalsTexts(const GlobalState& g);
+
+/// Texts of the labor figures: 0 to 2 the day's labor percentage, sales per hour and transactions per hour,
+/// 3 to 5 the week's. "" where a divisor is 0, for labor also when pay is hidden; the day's labor is "" too
+/// when it costs nothing.
+std::array<std::string, 6> ProductivityTexts(const GlobalState& g);
+
+/// Colours of a value: text and back, &HBBGGRR.
+struct ValueColours {
+    Colour text = 0;
+    Colour back = 0;
+
+    friend bool operator==(const ValueColours&, const ValueColours&) = default;
+};
+
+/// True when an employee's quarters of the day, or of the week, lie above the limit of the options; an exact
+/// hit does not.
+bool IsOverDayLimit(const GlobalState& g, int employee);
+bool IsOverWeekLimit(const GlobalState& g, int employee);
+
+/// People at work in each quarter of the business day shown: [1..96], 0 stays 0.
+std::array<int, QuartersPerDay + 1> FillHeadCount(const GlobalState& g);
+
+/// One figure of the headcount band: the mean of an hour's four quarters at the middle of that hour.
+struct HeadcountFigure {
+    Twips x = 0; // middle of the hour, grid twips
+    std::string text;
+};
+
+/// The figures across the hours shown. With a cut-off that is no whole hour the hours begin at the first full
+/// one.
+std::vector<HeadcountFigure> HeadcountFigures(const GlobalState& g);
+
+/// Texts of the totals box: wages, salaries and their sum; the hours of both kinds and their sum; and the
+/// number of people, with a trailing blank when it has one digit. Money is "" when pay is hidden.
+struct TotalsBox {
+    std::array<std::string, 4> Label2; // [1..3]
+    std::array<std::string, 4> Label3; // [1..3]
+    std::string activeCaption;
+    std::string activeCount;
+};
+TotalsBox WeeklyTotalsBox(const GlobalState& g);
+
+} // namespace tvx

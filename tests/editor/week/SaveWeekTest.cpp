@@ -1,0 +1,493 @@
+#include "editor/week/SaveWeek.h"
+
+#include "editor/lanes/BarDrag.h"
+#include "editor/lanes/GridView.h"
+#include "editor/week/LoadWeek.h"
+#include "platform/dao/DaoError.h"
+#include "shell/common/TVXMOD1.h"
+#include "support/Quarters.h"
+#include "support/RawFile.h"
+
+#include <gtest/gtest.h>
+
+namespace tvx {
+namespace {
+
+using test::BarList;
+using test::RawFile;
+using test::StartsStops;
+using Rows = std::vector<std::string>;
+
+constexpr DaySerial Sunday = 46082; // 1 March 2026
+
+/// The bytes of a stored day as the rows of a TestStore show them.
+std::string Codes(const std::vector<std::pair<int, int>>& periods) {
+    std::string codes;
+    for (const char byte : StartsStops(periods))
+        codes += (codes.empty() ? "" : " ") + std::to_string(static_cast<unsigned char>(byte));
+    return codes;
+}
+
+class SaveWeekTest : public testing::Test {
+  protected:
+    test::TestStore store;
+    GlobalState& g = store.g;
+    int adams = 0;
+    int brown = 0;
+
+    void SetUp() override {
+        store.AddDepartment("Bakery");
+        adams = store.AddEmployee({"Adams", "Anna", "7.25"});
+        brown = store.AddEmployee({"Brown", "Bob", "700", false});
+    }
+    bool Save() { return SaveWeek(g, store.ports(), store.gauge); }
+    void Load(DaySerial first = Sunday) { LoadWeek(g, store.ports(), first); }
+    /// One row as it should stand.
+    std::string Row(DaySerial day, int key, const std::string& dayType,
+                    const std::vector<std::pair<int, int>>& periods, const std::string& rest) {
+        return std::to_string(day) + "|" + std::to_string(key) + "|" + dayType + "|" + Codes(periods) + "|" +
+               rest;
+    }
+};
+
+// --- what is written --------------------------------------------------------------------------------------
+
+TEST_F(SaveWeekTest, a_bar_is_stored_as_a_row_of_its_day) {
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{36, 68}});
+    g.week.WeekChanged = true;
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{"46082|1||68 32 32 32 32 32 32 100 32 32 32 32 32 32|8|7.25|W|0"});
+    EXPECT_FALSE(g.week.WeekChanged);
+}
+
+TEST_F(SaveWeekTest, a_salaried_day_carries_a_seventh_of_the_salary) {
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 2, {{36, 69}});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, brown, "", {{36, 69}}, "8.25|100|S|0")});
+}
+
+TEST_F(SaveWeekTest, the_rate_is_exact_to_four_decimals_or_a_whole_seventh) {
+    store.SetEmployee(adams, "Pay", std::string("7.12345"));
+    store.SetEmployee(brown, "Pay", std::string("500"));
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{36, 68}});
+    test::SetBars(g, 2, {{36, 68}});
+    ASSERT_TRUE(Save());
+    const Rows rates =
+        RawFile(store.folder / "TVX.MDB").Rows("SELECT [Current Rate] FROM [Day Schedule] ORDER BY Employee");
+    ASSERT_EQ(rates.size(), 2U);
+    EXPECT_EQ(std::stod(rates[0]), 7.1234);
+    EXPECT_NEAR(std::stod(rates[1]), 500.0 / 7, 1e-12);
+}
+
+TEST_F(SaveWeekTest, a_bar_over_midnight_is_stored_in_two_rows_and_comes_back_as_one) {
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 2, {{88, 120}});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, brown, "", {{88, 96}}, "2|100|S|0"),
+                                  Row(Sunday + 1, brown, "", {{0, 24}}, "6|100|S|0")}));
+    Load();
+    EXPECT_EQ(test::Bars(g, 2), (BarList{{88, 120}}));
+    EXPECT_EQ(g.totals.SalaryWeekQuarters, 32);
+}
+
+TEST_F(SaveWeekTest, midnight_is_stored_as_code_128) {
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{0, 96}});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{"46082|1||32 32 32 32 32 32 32 128 32 32 32 32 32 32|24|7.25|W|0"});
+    // In the file it is the character of that number, and no code page's.
+    EXPECT_EQ(RawFile(store.folder / "TVX.MDB")
+                  .Rows("SELECT hex([Starts & Stops]), typeof([Starts & Stops]) FROM [Day Schedule]"),
+              Rows{"20202020202020C280202020202020|text"});
+}
+
+TEST_F(SaveWeekTest, of_eight_bars_on_a_day_seven_are_stored) {
+    store.OpenWeek(Sunday);
+    BarList bars;
+    std::vector<std::pair<int, int>> seven;
+    for (int b = 0; b < 8; ++b) {
+        bars.emplace_back(10 + 10 * b, 14 + 10 * b);
+        if (b < 7) seven.push_back(bars.back());
+    }
+    test::SetBars(g, 1, bars);
+    g.week.WeekChanged = true;
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", seven, "7|7.25|W|0")});
+    EXPECT_FALSE(g.week.WeekChanged);
+    EXPECT_EQ(test::Bars(g, 1), bars) << "the week in memory stays";
+}
+
+TEST_F(SaveWeekTest, a_daytype_alone_makes_a_row_without_time) {
+    store.OpenWeek(Sunday);
+    g.week.DayTypeText[3][1] = "V";
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday + 2, adams, "V", {}, "0|7.25|W|0")});
+}
+
+TEST_F(SaveWeekTest, a_daytype_of_blanks_counts_as_none) {
+    store.OpenWeek(Sunday);
+    for (const char* blank : {"", " ", "  "}) {
+        g.week.DayTypeText[3][1] = blank;
+        ASSERT_TRUE(Save());
+        EXPECT_TRUE(store.Rows().empty()) << '"' << blank << '"';
+    }
+    for (const char* some : {"A", "1", "zz", "~"}) {
+        g.week.DayTypeText[3][1] = some;
+        ASSERT_TRUE(Save());
+        EXPECT_EQ(store.Rows().size(), 1U) << some;
+    }
+}
+
+TEST_F(SaveWeekTest, an_empty_week_writes_nothing) {
+    store.OpenWeek(Sunday);
+    EXPECT_TRUE(Save());
+    EXPECT_TRUE(store.Rows().empty());
+}
+
+TEST_F(SaveWeekTest, the_eighth_day_is_written_too) {
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{660, 700}});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday + 6, adams, "", {{84, 96}}, "3|7.25|W|0"),
+                                  Row(Sunday + 7, adams, "", {{0, 28}}, "7|7.25|W|0")}));
+}
+
+// --- rows that are there already --------------------------------------------------------------------------
+
+TEST_F(SaveWeekTest, a_day_that_was_emptied_loses_its_row) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
+    store.PutDay(Sunday + 1, adams, StartsStops({{36, 68}}));
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{132, 164}});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday + 1, adams, "", {{36, 68}}, "8|10|W|0")});
+}
+
+TEST_F(SaveWeekTest, a_row_that_holds_nothing_is_removed) {
+    store.PutDay(Sunday, adams, StartsStops({}), "  ");
+    store.PutDay(Sunday + 1, brown, "");
+    store.OpenWeek(Sunday);
+    ASSERT_TRUE(Save());
+    EXPECT_TRUE(store.Rows().empty());
+}
+
+TEST_F(SaveWeekTest, a_day_off_keeps_its_row_and_stores_no_time) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}), "V", true);
+    store.PutDay(Sunday + 1, adams, StartsStops({}), "", true);
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{40, 60}});
+    ASSERT_TRUE(Save());
+    // The hours of the bars are written all the same.
+    EXPECT_EQ(store.Rows(),
+              (Rows{Row(Sunday, adams, "", {}, "5|10|W|-1"), Row(Sunday + 1, adams, "", {}, "0|10|W|-1")}));
+    EXPECT_EQ(test::Bars(g, 1), (BarList{{40, 60}}));
+}
+
+TEST_F(SaveWeekTest, the_mark_of_a_day_off_is_never_changed_by_a_save) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}), "", true);
+    store.OpenWeek(Sunday);
+    g.week.DayOffFlag[1][1] = false; // as after a load for the copy of a week
+    g.week.DayOffFlag[2][1] = true;
+    test::SetBars(g, 1, {{36, 68}, {132, 164}});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, adams, "", {}, "8|10|W|-1"),
+                                  Row(Sunday + 1, adams, "", {{36, 68}}, "8|7.25|W|0")}));
+}
+
+TEST_F(SaveWeekTest, a_rate_that_stands_in_a_row_stays) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}), "", false, "W", 6.5);
+    store.PutDay(Sunday + 1, adams, StartsStops({{36, 68}}), "", false, "S", 90);
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{36, 60}, {132, 150}});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, adams, "", {{36, 60}}, "6|6.5|W|0"),
+                                  Row(Sunday + 1, adams, "", {{36, 54}}, "4.5|90|S|0")}));
+}
+
+TEST_F(SaveWeekTest, a_new_pay_does_not_change_the_past) {
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{36, 68}});
+    ASSERT_TRUE(Save());
+    store.SetEmployee(adams, "Pay", std::string("99"));
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{36, 69}, {132, 164}});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, adams, "", {{36, 69}}, "8.25|7.25|W|0"),
+                                  Row(Sunday + 1, adams, "", {{36, 68}}, "8|99|W|0")}));
+}
+
+TEST_F(SaveWeekTest, a_row_without_a_rate_gets_the_present_one) {
+    int day = 0;
+    for (const char* mark : {"", "w", "X"})
+        store.PutDay(Sunday + day++, adams, StartsStops({{36, 68}}), "", false, mark, 1);
+    store.OpenWeek(Sunday);
+    ASSERT_TRUE(Save());
+    for (int d = 0; d < 3; ++d)
+        EXPECT_EQ(store.Rows()[d], Row(Sunday + d, adams, "", {{36, 68}}, "8|7.25|W|0"));
+}
+
+TEST_F(SaveWeekTest, small_letters_of_a_daytype_become_capitals) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}), "v");
+    store.OpenWeek(Sunday);
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "V", {{36, 68}}, "8|10|W|0")});
+}
+
+TEST_F(SaveWeekTest, a_row_of_the_eighth_day_alone_goes_with_a_save_of_the_week_before) {
+    store.PutDay(Sunday + 7, adams, StartsStops({{36, 68}}));
+    store.OpenWeek(Sunday);
+    ASSERT_TRUE(Save());
+    EXPECT_TRUE(store.Rows().empty()) << "the week before shows no bars there, and writes what it shows";
+}
+
+TEST_F(SaveWeekTest, touches_nobody_elses_rows_and_no_other_days) {
+    store.PutDay(Sunday - 1, adams, StartsStops({{36, 68}}));
+    store.PutDay(Sunday + 8, adams, StartsStops({{36, 68}}));
+    store.PutDay(Sunday, 999, StartsStops({{36, 68}}));
+    const Rows before = store.Rows();
+    store.OpenWeek(Sunday);
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), before);
+}
+
+TEST_F(SaveWeekTest, overwrites_what_another_workstation_wrote_meanwhile) {
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{36, 68}});
+    store.PutDay(Sunday, adams, StartsStops({{10, 20}}), "A", false, "W", 5);
+    store.PutDay(Sunday + 1, brown, StartsStops({{10, 20}}));
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", {{36, 68}}, "8|5|W|0")});
+}
+
+TEST_F(SaveWeekTest, an_unchanged_week_writes_nothing) {
+    store.AddPeople(20);
+    store.FillWeeks(Sunday, 2, 7);
+    store.OpenWeek(Sunday);
+    ASSERT_TRUE(Save()); // brings hours and rates up to date
+    RawFile file(store.folder / "TVX.MDB");
+    const Rows version = file.Rows("PRAGMA data_version");
+    ASSERT_TRUE(Save());
+    Load();
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(file.Rows("PRAGMA data_version"), version);
+    test::SetBars(g, 5, {{1, 2}});
+    ASSERT_TRUE(Save());
+    EXPECT_NE(file.Rows("PRAGMA data_version"), version);
+}
+
+TEST_F(SaveWeekTest, saving_what_was_loaded_changes_no_time_and_no_daytype) {
+    store.AddPeople(30);
+    store.FillWeeks(Sunday, 2, 9);
+    const std::string kept =
+        "SELECT [Day Julian], Employee, DayType, [Starts & Stops], Salary, [Current Rate] FROM"
+        " [Day Schedule] ORDER BY 1, 2";
+    const Rows before = RawFile(store.folder / "TVX.MDB").Rows(kept);
+    store.OpenWeek(Sunday);
+    std::vector<BarList> bars;
+    for (int e = 1; e <= g.roster.EmployeeCount; ++e) bars.push_back(test::Bars(g, e));
+    ASSERT_TRUE(Save());
+    Load();
+    for (int e = 1; e <= g.roster.EmployeeCount; ++e) EXPECT_EQ(test::Bars(g, e), bars[e - 1]);
+    Rows after = RawFile(store.folder / "TVX.MDB").Rows(kept);
+    // The row of a person who works on the eighth day alone went; nothing else did.
+    std::erase_if(after, [&](const std::string& row) {
+        return std::find(before.begin(), before.end(), row) != before.end();
+    });
+    EXPECT_TRUE(after.empty()) << after.front();
+}
+
+TEST_F(SaveWeekTest, writes_every_person_of_a_sorted_roster_under_the_own_key) {
+    store.OpenWeek(Sunday);
+    std::swap(g.roster.RowOrder[1], g.roster.RowOrder[2]);
+    test::SetBars(g, 1, {{36, 68}});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", {{36, 68}}, "8|7.25|W|0")});
+}
+
+// --- the gauge and the flags ------------------------------------------------------------------------------
+
+TEST_F(SaveWeekTest, shows_a_gauge_that_fills_in_twenty_steps) {
+    store.OpenWeek(Sunday);
+    std::vector<bool> shown;
+    store.prompt().WhenEventsRun([&] { shown.push_back(store.gauge.visible); });
+    ASSERT_TRUE(Save());
+    std::vector<int> floods{0};
+    for (int percent = 5; percent <= 100; percent += 5) floods.push_back(percent);
+    EXPECT_EQ(store.gauge.floods, floods);
+    EXPECT_TRUE(store.gauge.wasVisible);
+    EXPECT_FALSE(store.gauge.visible);
+    ASSERT_FALSE(shown.empty());
+    EXPECT_TRUE(std::all_of(shown.begin(), shown.end(), [](bool visible) { return visible; }));
+    EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
+}
+
+TEST_F(SaveWeekTest, what_is_edited_while_the_gauge_fills_is_a_change_again) {
+    store.OpenWeek(Sunday);
+    g.week.WeekChanged = true;
+    store.prompt().WhenEventsRun([&] {
+        if (store.gauge.floods.back() == 50) g.week.WeekChanged = true;
+    });
+    ASSERT_TRUE(Save());
+    EXPECT_TRUE(g.week.WeekChanged);
+}
+
+TEST_F(SaveWeekTest, a_bar_in_hand_is_saved_with_the_week) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
+    store.OpenWeek(Sunday);
+    BarDrag(g).Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", {{36, 68}}, "8|10|W|0")});
+}
+
+TEST_F(SaveWeekTest, a_bar_taken_while_the_gauge_appears_is_saved_with_the_week) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
+    store.OpenWeek(Sunday);
+    bool taken = false;
+    store.prompt().WhenEventsRun([&] {
+        if (!taken) BarDrag(g).Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
+        taken = true;
+    });
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", {{36, 68}}, "8|10|W|0")});
+    BarDrag(g).Release({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
+    EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
+}
+
+// --- trouble ----------------------------------------------------------------------------------------------
+
+TEST_F(SaveWeekTest, a_table_that_cannot_be_opened_is_told_and_the_week_stays_changed) {
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{36, 68}});
+    g.week.WeekChanged = true;
+    RawFile(store.folder / "TVX.MDB").Run("DROP TABLE [Day Schedule]");
+    store.prompt().Expect("Database error, try again..\n\n3078 The database engine cannot find the input "
+                          "table or query 'DAY SCHEDULE'.",
+                          box::Ok, "Database error...");
+    EXPECT_FALSE(Save());
+    EXPECT_TRUE(g.week.WeekChanged);
+    EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
+    EXPECT_FALSE(store.gauge.visible);
+    EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
+}
+
+TEST_F(SaveWeekTest, a_refusal_in_the_middle_undoes_the_days_before_it) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}), "A");
+    store.OpenWeek(Sunday);
+    RawFile file(store.folder / "TVX.MDB");
+    file.Run("CREATE TRIGGER refuse BEFORE INSERT ON [Day Schedule] WHEN new.Employee = 2"
+             " BEGIN SELECT raise(ABORT, 'refused'); END");
+    const Rows before = store.Rows();
+    test::SetBars(g, 1, {{10, 20}, {132, 150}});
+    test::SetBars(g, 2, {{36, 68}});
+    g.week.WeekChanged = true;
+    const std::string sums = test::SumsText(g);
+    store.prompt().Expect(
+        "Could not save this schedule,\nthis page is locked by another user, try again..\n\n(3022)", box::Ok,
+        "Locked page...");
+    EXPECT_FALSE(Save());
+    EXPECT_EQ(store.Rows(), before);
+    EXPECT_TRUE(g.week.WeekChanged);
+    EXPECT_EQ(test::Bars(g, 1), (BarList{{10, 20}, {132, 150}}));
+    EXPECT_EQ(test::SumsText(g), sums);
+    EXPECT_FALSE(store.gauge.visible);
+    EXPECT_FALSE(store.db().InTransaction());
+    file.Run("DROP TRIGGER refuse");
+    EXPECT_TRUE(Save());
+    EXPECT_EQ(store.Rows().size(), 3U);
+    EXPECT_FALSE(g.week.WeekChanged);
+}
+
+TEST_F(SaveWeekTest, WriteWeek_says_what_went_wrong_and_leaves_the_flag_alone) {
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{36, 68}});
+    g.week.WeekChanged = true;
+    WriteWeek(store.db(), g.roster, g.week);
+    EXPECT_EQ(store.Rows().size(), 1U);
+    EXPECT_TRUE(g.week.WeekChanged);
+    RawFile(store.folder / "TVX.MDB").Run("DROP TABLE [Day Schedule]");
+    EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week), dao::DaoError);
+}
+
+// --- leaving the week -------------------------------------------------------------------------------------
+
+class LeaveWeekTest : public SaveWeekTest {
+  protected:
+    static constexpr int YesNoCancelQuestion = 35;
+
+    void WillSay(Answer answer) {
+        store.prompt().Expect("Save the changes first?", YesNoCancelQuestion, "You made changes", answer);
+    }
+    bool Go(int direction) { return GoToNeighbourWeek(g, store.ports(), store.gauge, direction); }
+    void Change() {
+        test::SetBars(g, 1, {{36, 68}});
+        g.week.WeekChanged = true;
+    }
+};
+
+TEST_F(LeaveWeekTest, an_unchanged_week_is_left_without_a_question) {
+    store.OpenWeek(Sunday + 2);
+    EXPECT_TRUE(Go(1));
+    EXPECT_EQ(g.week.WeekStartJulian, Sunday + 7);
+    EXPECT_EQ(g.week.CurrentDay, 3);
+    EXPECT_TRUE(Go(-1));
+    EXPECT_TRUE(Go(-1));
+    EXPECT_EQ(g.week.WeekStartJulian, Sunday - 7);
+}
+
+TEST_F(LeaveWeekTest, yes_saves_first) {
+    store.OpenWeek(Sunday);
+    Change();
+    WillSay(Answer::Yes);
+    EXPECT_TRUE(Go(1));
+    EXPECT_EQ(g.week.WeekStartJulian, Sunday + 7);
+    EXPECT_EQ(store.Rows().size(), 1U);
+}
+
+TEST_F(LeaveWeekTest, no_gives_the_changes_up) {
+    store.OpenWeek(Sunday);
+    Change();
+    WillSay(Answer::No);
+    EXPECT_TRUE(Go(1));
+    EXPECT_TRUE(store.Rows().empty());
+    EXPECT_FALSE(g.week.WeekChanged);
+}
+
+TEST_F(LeaveWeekTest, cancel_stays) {
+    store.OpenWeek(Sunday);
+    Change();
+    WillSay(Answer::Cancel);
+    EXPECT_FALSE(Go(1));
+    EXPECT_EQ(g.week.WeekStartJulian, Sunday);
+    EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
+    EXPECT_TRUE(g.week.WeekChanged);
+    EXPECT_TRUE(store.Rows().empty());
+}
+
+TEST_F(LeaveWeekTest, a_save_that_fails_stays) {
+    store.OpenWeek(Sunday);
+    Change();
+    RawFile(store.folder / "TVX.MDB").Run("DROP TABLE [Day Schedule]");
+    WillSay(Answer::Yes);
+    store.prompt().WillAnswer(Answer::Ok);
+    EXPECT_FALSE(Go(1));
+    EXPECT_EQ(g.week.WeekStartJulian, Sunday);
+    EXPECT_TRUE(g.week.WeekChanged);
+    EXPECT_EQ(store.prompt().Last().title, "Database error...");
+}
+
+TEST_F(LeaveWeekTest, a_bar_in_hand_is_a_change_to_be_asked_about) {
+    store.OpenWeek(Sunday);
+    BarDrag drag(g);
+    drag.Press({MouseButton::Left, 40 * g.grid.QuarterWidth, 100});
+    drag.Move({MouseButton::Left, 60 * g.grid.QuarterWidth, 100});
+    WillSay(Answer::Yes);
+    EXPECT_TRUE(Go(1));
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", {{40, 60}}, "5|7.25|W|0")});
+}
+
+} // namespace
+} // namespace tvx

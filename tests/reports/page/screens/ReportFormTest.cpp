@@ -1,0 +1,400 @@
+// What every report form shares, seen on the schedule form; and that a form needs no more than its options
+// and its drawing.
+#include "desktop/Scale.h"
+#include "support/ScheduleFormFixture.h"
+
+#include <QListWidget>
+
+namespace tvx {
+namespace {
+
+class ReportFormTest : public ScheduleFormFixture {
+  protected:
+    std::string Font(const std::string& name, double size) {
+        return name + "\r\n" + (size == 10 ? " 10 " : " 12.5 ") +
+               "\r\n 0 \r\n-1 \r\n 1 \r\n 0 \r\n 0 \r\n 0 \r\n";
+    }
+    qt::Preview& Vp() { return Get<qt::Preview>("vp"); }
+    /// Many pages: everybody on a page of his own.
+    void OpenPreviewOfPages() {
+        Open("SelectedEmployees");
+        Get<QListWidget>("List1").selectAll();
+        Click("cmdPreview");
+    }
+    /// Where the preview shows texts.
+    QPoint TopOfPage() { return {Vp().width() / 2, Vp().height() / 6}; }
+    QImage Seen() { return Vp().grab().toImage(); }
+};
+
+// ---- the settings file ----
+
+TEST_F(ReportFormTest, opens_with_the_font_and_paper_of_its_kind) {
+    test::WriteFile(store.folder / "1.Sho", Font("Liberation Serif", 12.5));
+    test::WriteFile(store.folder / "1.Lon", "Liberation Mono\r\n 10 \r\n");
+    Open("7DayShort");
+    EXPECT_TRUE(Checked("optOrient(1)"));
+    Click("cmdPrint");
+    EXPECT_EQ(printer.font, (ReportFont{"Liberation Serif", 12.5, false, true}));
+    EXPECT_EQ(printer.orientation, PageOrientation::Landscape);
+    Open("7DayLong");
+    EXPECT_EQ(g.reports.settings.ReportFontName, "Liberation Mono");
+    EXPECT_TRUE(Checked("optOrient(1)")) << "what the file does not tell stays";
+}
+
+TEST_F(ReportFormTest, opens_with_the_font_of_the_report_before_where_there_is_no_file) {
+    test::WriteFile(store.folder / "1.Sho", Font("Liberation Serif", 10));
+    Open("7DayShort");
+    Open("SelectedEmployees");
+    EXPECT_EQ(g.reports.settings.ReportFontName, "Liberation Serif");
+}
+
+TEST_F(ReportFormTest, opens_in_Arial_9_portrait_in_a_fresh_run) {
+    Open("7DayShort");
+    EXPECT_TRUE(Checked("optOrient(0)"));
+    Click("cmdPrint");
+    EXPECT_EQ(printer.font, (ReportFont{"Arial", 9, false, false}));
+    EXPECT_EQ(g.reports.settings.ReportFontName, "");
+    EXPECT_EQ(SettingsFile(".Sho"), "") << "opening and printing write nothing";
+}
+
+TEST_F(ReportFormTest, does_not_open_in_bold) {
+    test::WriteFile(store.folder / "1.Sho", "Arial\r\n 9 \r\n-1 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n");
+    Open("7DayShort");
+    Click("cmdPrint");
+    EXPECT_FALSE(printer.font.bold);
+    EXPECT_TRUE(g.reports.settings.ReportFontBold) << "it is kept all the same";
+}
+
+TEST_F(ReportFormTest, keeps_a_chosen_font_at_once) {
+    Open("7DayShort");
+    store.prompt().WillChoose(FontChoice{"Liberation Mono", 10, true, true});
+    Click("cmdFont");
+    EXPECT_EQ(SettingsFile(".Sho"), "Liberation Mono\r\n 10 \r\n-1 \r\n-1 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n");
+    Click("cmdPrint");
+    EXPECT_EQ(printer.font, (ReportFont{"Liberation Mono", 10, true, true})) << "bold until the form closes";
+}
+
+TEST_F(ReportFormTest, changes_nothing_when_the_font_dialog_is_cancelled) {
+    Open("7DayShort");
+    store.prompt().WillChoose(std::nullopt);
+    Click("cmdFont");
+    EXPECT_EQ(SettingsFile(".Sho"), "");
+    EXPECT_EQ(g.reports.settings.ReportFontName, "");
+}
+
+TEST_F(ReportFormTest, tells_that_a_font_is_gone_and_takes_it_without_keeping_it) {
+    Open("7DayShort");
+    store.prompt().WillChoose(FontChoice{"Gone Grotesk", 10, false, false});
+    store.prompt().Expect("Font Gone Grotesk is not available.", box::Ok, "Tarvex");
+    Click("cmdFont");
+    EXPECT_EQ(SettingsFile(".Sho"), "");
+    EXPECT_EQ(g.reports.settings.ReportFontName, "Gone Grotesk");
+    Click("cmdPrint");
+    EXPECT_EQ(printer.font.name, "Gone Grotesk");
+    EXPECT_TRUE(printer.Has("Abbott Grace "));
+}
+
+TEST_F(ReportFormTest, compares_the_name_of_a_font_letter_by_letter) {
+    Open("7DayShort");
+    store.prompt().WillChoose(FontChoice{"liberation mono", 10, false, false});
+    store.prompt().Expect("Font liberation mono is not available.", box::Ok, "Tarvex");
+    Click("cmdFont");
+}
+
+TEST_F(ReportFormTest, shows_pages_in_another_font_where_the_kept_one_is_gone) {
+    test::WriteFile(store.folder / "1.Sho", Font("Gone Grotesk", 10));
+    Open("7DayShort");
+    Click("cmdPreview");
+    EXPECT_EQ(PageShown().rfind("Page 1 of ", 0), 0U);
+    test::TakePicture(*form, "Form8-preview-font-gone");
+}
+
+TEST_F(ReportFormTest, keeps_the_paper_at_once_and_cancelling_does_not_undo_it) {
+    Open("7DayShort");
+    Click("cmdPreview");
+    const QImage upright = Seen();
+    Click("optOrient(1)");
+    EXPECT_EQ(SettingsFile(".Sho"), "\r\n 9 \r\n 0 \r\n 0 \r\n 1 \r\n 0 \r\n 0 \r\n 0 \r\n");
+    EXPECT_NE(Seen(), upright) << "the open preview is drawn again";
+    Click("cmdCancelPreview");
+    EXPECT_EQ(g.reports.settings.ReportOrientation, 1);
+    EXPECT_TRUE(Checked("optOrient(1)"));
+}
+
+TEST_F(ReportFormTest, tells_that_the_settings_could_not_be_kept_and_goes_on) {
+    std::filesystem::create_directory(store.folder / "1.Sho");
+    Open("7DayShort");
+    Click("cmdPreview");
+    store.prompt().WillAnswer(Answer::Ok);
+    Click("optOrient(1)");
+    EXPECT_EQ(store.prompt().Last().title, "File error");
+    EXPECT_EQ(store.prompt().Last().text.rfind("The font and paper could not be kept.\n\n", 0), 0U);
+    EXPECT_TRUE(Shown("vp"));
+    EXPECT_EQ(g.reports.settings.ReportOrientation, 1);
+}
+
+TEST_F(ReportFormTest, samples_the_font_and_draws_it_anew) {
+    Open("7DayShort");
+    const QImage before = Get("Picture1").grab().toImage();
+    store.prompt().WillChoose(FontChoice{"Liberation Mono", 10, false, true});
+    Click("cmdFont");
+    EXPECT_NE(Get("Picture1").grab().toImage(), before);
+}
+
+// ---- the preview ----
+
+TEST_F(ReportFormTest, shows_the_preview_in_place_of_its_options) {
+    Open("7DayShort");
+    const QSize normal = form->size();
+    Click("cmdPreview");
+    EXPECT_EQ(Title(), "Review print pages...");
+    for (const char* part : {"vp", "cmdPreviewPrint", "cmdCancelPreview", "Frame1", "Frame2", "lblPage"})
+        EXPECT_TRUE(Shown(part)) << part;
+    for (const char* part : {"cmdPreview", "cmdPrint", "cmdCancel", "frame3D1", "Frame3D2"})
+        EXPECT_FALSE(Shown(part)) << part;
+    EXPECT_EQ(qt::ToTwips(form->frameGeometry().height()), store.ports().screen.Height() - 300);
+    Click("cmdCancelPreview");
+    EXPECT_EQ(Title(), "Include in schedule");
+    EXPECT_EQ(form->size(), normal);
+    EXPECT_FALSE(Shown("vp"));
+    EXPECT_EQ(Vp().size(), QSize(qt::Pixels(200), qt::Pixels(200)));
+    EXPECT_TRUE(Shown("cmdPreview"));
+    EXPECT_EQ(test::FocusOf(*form), "cmdPreview") << "where the person was";
+}
+
+TEST_F(ReportFormTest, places_the_preview_as_stated) {
+    Open("7DayShort");
+    Click("cmdPreview");
+    const Twips width = qt::ToTwips(form->width());
+    const Twips height = qt::ToTwips(form->height());
+    const auto at = [this](const char* name) {
+        const QRect place = Get(name).geometry();
+        return TwipsPoint{qt::ToTwips(place.x()), qt::ToTwips(place.y())};
+    };
+    EXPECT_EQ(at("vp"), (TwipsPoint{100 / 15 * 15 + 15, 105}));
+    EXPECT_NEAR(at("cmdPreviewPrint").x, width - 1200, 15);
+    EXPECT_NEAR(at("cmdCancelPreview").x, width - 2400, 15);
+    EXPECT_NEAR(at("cmdPreviewPrint").y, height - 1200, 15);
+    EXPECT_NEAR(at("Frame1").y, height - 1300, 15);
+    EXPECT_NEAR(at("Frame2").y, height - 1300, 15);
+}
+
+TEST_F(ReportFormTest, is_under_a_busy_pointer_only_while_it_draws) {
+    Open("7DayShort");
+    Click("cmdPreview");
+    EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
+}
+
+TEST_F(ReportFormTest, closes_the_preview_before_itself_by_Escape_and_by_the_cross) {
+    Open("7DayShort");
+    Click("cmdPreview");
+    test::Press(*form, Qt::Key_Escape);
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_FALSE(Shown("vp"));
+    Click("cmdPreview");
+    form->close();
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_FALSE(Shown("vp"));
+    form->close();
+    EXPECT_FALSE(form->isVisible());
+}
+
+TEST_F(ReportFormTest, draws_an_open_preview_again_in_a_new_font) {
+    Open("7DayShort");
+    Click("cmdPreview");
+    const QImage before = Seen();
+    store.prompt().WillChoose(FontChoice{"Liberation Serif", 14, false, false});
+    Click("cmdFont");
+    EXPECT_NE(Seen(), before);
+    EXPECT_EQ(Title(), "Review print pages...");
+}
+
+TEST_F(ReportFormTest, turns_pages_by_keys_wherever_the_focus_is) {
+    OpenPreviewOfPages();
+    EXPECT_EQ(test::FocusOf(*form), "vp");
+    const std::string of = " of " + std::to_string(g.roster.EmployeeCount);
+    EXPECT_EQ(PageShown(), "Page 1" + of);
+    for (const char* focused : {"vp", "cmdFont", "cmdPreviewPrint"}) {
+        Get(focused).setFocus();
+        test::Press(*form, Qt::Key_PageDown);
+        EXPECT_EQ(PageShown(), "Page 2" + of) << focused;
+        test::Press(*form, Qt::Key_End);
+        EXPECT_EQ(PageShown(), "Page " + std::to_string(g.roster.EmployeeCount) + of) << focused;
+        test::Press(*form, Qt::Key_PageDown);
+        EXPECT_EQ(PageShown(), "Page " + std::to_string(g.roster.EmployeeCount) + of) << "the last";
+        test::Press(*form, Qt::Key_Home);
+        test::Press(*form, Qt::Key_PageUp);
+        EXPECT_EQ(PageShown(), "Page 1" + of) << "the first";
+    }
+}
+
+TEST_F(ReportFormTest, turns_pages_by_buttons_that_stop_at_both_ends) {
+    OpenPreviewOfPages();
+    EXPECT_FALSE(Get("cmdPageBack").isEnabled());
+    Click("cmdPageOn");
+    Click("cmdPageOn");
+    EXPECT_EQ(Vp().PageNumber(), 3);
+    Click("cmdPageBack");
+    EXPECT_EQ(Vp().PageNumber(), 2);
+    test::Press(*form, Qt::Key_End);
+    EXPECT_FALSE(Get("cmdPageOn").isEnabled());
+}
+
+TEST_F(ReportFormTest, begins_at_the_first_page_each_time) {
+    OpenPreviewOfPages();
+    test::Press(*form, Qt::Key_End);
+    Click("cmdCancelPreview");
+    Click("cmdPreview");
+    EXPECT_EQ(Vp().PageNumber(), 1);
+}
+
+TEST_F(ReportFormTest, stays_on_a_page_while_font_and_paper_change_as_far_as_there_is_one) {
+    OpenPreviewOfPages();
+    Vp().GoToPage(5);
+    Click("optOrient(1)");
+    EXPECT_EQ(Vp().PageNumber(), 5);
+}
+
+TEST_F(ReportFormTest, zooms_by_a_double_click_around_the_place_and_back) {
+    OpenPreviewOfPages();
+    const QImage whole = Seen();
+    const QPoint place = TopOfPage();
+    QTest::mouseDClick(&Vp(), Qt::LeftButton, Qt::NoModifier, place);
+    EXPECT_TRUE(Vp().IsZoomed());
+    EXPECT_NE(Seen(), whole);
+    test::TakePicture(*form, "Form8-preview-zoomed");
+    QTest::mouseDClick(&Vp(), Qt::LeftButton, Qt::NoModifier, place);
+    EXPECT_FALSE(Vp().IsZoomed());
+    EXPECT_EQ(Seen(), whole);
+}
+
+TEST_F(ReportFormTest, zooms_by_keys) {
+    OpenPreviewOfPages();
+    test::Press(*form, Qt::Key_Plus);
+    EXPECT_TRUE(Vp().IsZoomed());
+    test::Press(*form, Qt::Key_Plus);
+    EXPECT_TRUE(Vp().IsZoomed());
+    test::Press(*form, Qt::Key_Minus);
+    EXPECT_FALSE(Vp().IsZoomed());
+}
+
+TEST_F(ReportFormTest, moves_a_zoomed_page_with_the_mouse_and_never_out_of_sight) {
+    OpenPreviewOfPages();
+    QTest::mouseDClick(&Vp(), Qt::LeftButton, Qt::NoModifier, TopOfPage());
+    const QImage before = Seen();
+    test::Drag(Vp(), {9000, 9000}, {9000, 6000});
+    const QImage moved = Seen();
+    EXPECT_NE(moved, before);
+    test::Drag(Vp(), {9000, 9000}, {9000, -90000});
+    test::Drag(Vp(), {9000, 9000}, {9000, -90000});
+    EXPECT_NE(Seen().pixelColor(Vp().width() / 2, Vp().height() / 2), QColor(128, 128, 128))
+        << "paper is still in the middle";
+}
+
+TEST_F(ReportFormTest, leaves_a_page_that_fits_where_it_is) {
+    OpenPreviewOfPages();
+    const QImage before = Seen();
+    test::Drag(Vp(), {9000, 9000}, {12000, 12000});
+    EXPECT_EQ(Seen(), before);
+}
+
+TEST_F(ReportFormTest, stays_sharp_when_zoomed) {
+    OpenPreviewOfPages();
+    QTest::mouseDClick(&Vp(), Qt::LeftButton, Qt::NoModifier, TopOfPage());
+    // Letters that are drawn at this size have edges of a pixel; ones that are blown up have none.
+    const QImage seen = Seen().convertToFormat(QImage::Format_Grayscale8);
+    int sharp = 0;
+    for (int y = 0; y < seen.height(); ++y)
+        for (int x = 1; x < seen.width(); ++x)
+            sharp += std::abs(qGray(seen.pixel(x, y)) - qGray(seen.pixel(x - 1, y))) > 200 ? 1 : 0;
+    EXPECT_GT(sharp, 300);
+}
+
+// ---- printing ----
+
+TEST_F(ReportFormTest, prints_on_the_sheet_of_the_printer) {
+    printer.sheet = Paper{8000, 8000, 0};
+    Open("7DayLong");
+    Click("cmdPrint");
+    const int small = printer.pages;
+    printer.sheet = Paper{16000, 30000, 0};
+    Click("cmdPrint");
+    EXPECT_LT(printer.pages, small);
+    EXPECT_EQ(printer.title, "Example department,  Week from 26-Feb-2006  to  4-Mar-2006");
+}
+
+TEST_F(ReportFormTest, prints_nothing_when_the_dialog_is_cancelled) {
+    printer.accepts = false;
+    Open("7DayShort");
+    Click("cmdPrint");
+    EXPECT_EQ(printer.asked, 1);
+    EXPECT_EQ(printer.printed, 0);
+    Click("cmdPreview");
+    Click("cmdPreviewPrint");
+    EXPECT_EQ(printer.printed, 0);
+    EXPECT_TRUE(Shown("vp")) << "the preview stays as it is";
+    EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
+}
+
+TEST_F(ReportFormTest, prints_from_the_preview_and_closes_it) {
+    Open("7DayShort");
+    Click("cmdPreview");
+    Click("cmdPreviewPrint");
+    EXPECT_EQ(printer.printed, 1);
+    EXPECT_FALSE(Shown("vp"));
+    EXPECT_EQ(Title(), "Include in schedule");
+}
+
+TEST_F(ReportFormTest, tells_that_it_could_not_print_and_the_preview_stays) {
+    printer.fails = true;
+    Open("7DayShort");
+    Click("cmdPreview");
+    store.prompt().Expect("The report could not be printed.\n\nNo space left", box::Exclamation,
+                          "File error");
+    Click("cmdPreviewPrint");
+    EXPECT_TRUE(Shown("vp"));
+    EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
+}
+
+// ---- another form ----
+
+/// A whole report: one option and two lines of drawing.
+class NoticeForm : public qt::ReportForm {
+  public:
+    NoticeForm(GlobalState& g, Ports& ports, Printer& printer)
+        : ReportForm(g, ports, printer, "FormNotice", report_file::Employees, nullptr) {
+        loud_ = &Add<QCheckBox>("Check1", "Loud", &Options());
+        loud_->setText(QStringLiteral("Loud"));
+        Options().setMinimumSize(200, 40);
+        FinishLayout("Notices");
+    }
+
+  protected:
+    void Run(Vp& vp) override {
+        vp.StartDoc();
+        TextAt(vp, 0, 0, loud_->isChecked() ? "CLOSED" : "closed");
+        vp.EndDoc();
+    }
+
+  private:
+    QCheckBox* loud_ = nullptr;
+};
+
+TEST_F(ReportFormTest, needs_only_options_and_a_drawing_from_another_report) {
+    NoticeForm notice(g, store.ports(), printer);
+    notice.ShowModeless();
+    test::Click(notice, "Check1");
+    test::Click(notice, "cmdPreview");
+    EXPECT_EQ(notice.windowTitle(), "Review print...");
+    EXPECT_EQ(test::Find<qt::Label>(notice, "lblPage").text(), "Page 1 of 1");
+    test::Click(notice, "optOrient(1)");
+    test::Click(notice, "cmdPreviewPrint");
+    EXPECT_EQ(printer.texts, std::vector<std::string>{"CLOSED"});
+    EXPECT_EQ(printer.title, "Notices");
+    EXPECT_NE(SettingsFile(".Emp"), "");
+    EXPECT_EQ(notice.windowTitle(), "Notices");
+    test::TakePicture(notice, "FormNotice");
+}
+
+} // namespace
+} // namespace tvx

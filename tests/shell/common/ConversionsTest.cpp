@@ -1,0 +1,297 @@
+#include "shell/common/Conversions.h"
+
+#include "support/Random.h"
+#include "support/Scripted.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace tvx {
+namespace {
+
+constexpr DaySerial March5 = 46086; // 5 March 2026, a Thursday
+constexpr const char* MonthFirst = "MM-DD-YYYY";
+constexpr const char* DayFirst = "DD-MM-YYYY";
+constexpr const char* YearFirst = "YYYY-MM-DD";
+
+std::string Clock(int minutes, const char* style) {
+    return MinutesToClockText(minutes, style);
+}
+
+std::string Normalized(const std::string& text, DateOrder order = DateOrder::MonthDayYear,
+                       const char* setting = MonthFirst) {
+    return NormalizeDateText(text, setting, test::ScriptedRegion(order), March5);
+}
+
+// --- dates ------------------------------------------------------------------------------------------------
+
+TEST(DateText, writes_the_month_as_a_name_behind_the_day_or_behind_the_year) {
+    const test::ScriptedRegion region;
+    EXPECT_EQ(DateText(March5, MonthFirst, region), "5-Mar-2026");
+    EXPECT_EQ(DateText(March5, DayFirst, region), "5-Mar-2026");
+    EXPECT_EQ(DateText(March5, YearFirst, region), "2026-Mar-5");
+    EXPECT_EQ(DateText(36526, MonthFirst, region), "1-Jan-2000");
+    EXPECT_EQ(DateText(38774, YearFirst, region), "2006-Feb-26");
+    EXPECT_EQ(DateText(0, MonthFirst, region), "30-Dec-1899");
+}
+
+TEST(NormalizeDateText, takes_every_form_that_its_help_lists) {
+    struct Case {
+        const char* text;
+        DateOrder order;
+        const char* setting;
+        const char* shown;
+    };
+    const Case cases[] = {
+        {"2-Mar-2026", DateOrder::MonthDayYear, MonthFirst, "2-Mar-2026"},
+        {"Aug-12-2026", DateOrder::MonthDayYear, MonthFirst, "12-Aug-2026"},
+        {"12-23-2026", DateOrder::MonthDayYear, MonthFirst, "23-Dec-2026"},
+        {"12/23/2026", DateOrder::MonthDayYear, MonthFirst, "23-Dec-2026"},
+        {"2-Mar-2026", DateOrder::DayMonthYear, DayFirst, "2-Mar-2026"},
+        {"Aug-12-2026", DateOrder::DayMonthYear, DayFirst, "12-Aug-2026"},
+        {"23-12-2026", DateOrder::DayMonthYear, DayFirst, "23-Dec-2026"},
+        {"23/12/2026", DateOrder::DayMonthYear, DayFirst, "23-Dec-2026"},
+        {"Mar-12-2026", DateOrder::YearMonthDay, YearFirst, "2026-Mar-12"},
+        {"2026-Aug-12", DateOrder::YearMonthDay, YearFirst, "2026-Aug-12"},
+        {"2026-12-23", DateOrder::YearMonthDay, YearFirst, "2026-Dec-23"},
+        {"2026/12/23", DateOrder::YearMonthDay, YearFirst, "2026-Dec-23"},
+    };
+    for (const Case& c : cases) EXPECT_EQ(Normalized(c.text, c.order, c.setting), c.shown) << c.text;
+}
+
+TEST(NormalizeDateText, reads_its_own_output_as_the_same_date) {
+    for (const auto& [order, setting] : {std::pair{DateOrder::MonthDayYear, MonthFirst},
+                                         {DateOrder::DayMonthYear, DayFirst},
+                                         {DateOrder::YearMonthDay, YearFirst}})
+        for (DaySerial day = 20000; day < 60000; day += 97) {
+            const std::string shown = DateText(day, setting, test::ScriptedRegion(order));
+            ASSERT_EQ(Normalized(shown, order, setting), shown) << day;
+        }
+}
+
+TEST(NormalizeDateText, takes_a_short_number_as_a_day_serial) {
+    EXPECT_EQ(Normalized("36526"), "1-Jan-2000");
+    EXPECT_EQ(Normalized("  36526  "), "1-Jan-2000");
+    EXPECT_EQ(Normalized("123456"), "3-Jan-2238");
+    EXPECT_EQ(Normalized("36526", DateOrder::YearMonthDay, YearFirst), "2000-Jan-1");
+    EXPECT_EQ(Normalized("-5"), "25-Dec-1899");
+    EXPECT_EQ(Normalized("5 app"), "4-Jan-1900"); // only the leading number counts
+}
+
+TEST(NormalizeDateText, lets_a_date_win_over_a_number) {
+    EXPECT_EQ(Normalized("1.5"), "5-Jan-2026");
+    EXPECT_EQ(Normalized("1.5", DateOrder::DayMonthYear, DayFirst), "1-May-2026");
+}
+
+TEST(NormalizeDateText, refuses_what_is_no_date) {
+    for (const char* text : {"", "   ", "0", "1234567", "abc", "March", "31-Feb-2026", "13/13/2026",
+                             "0/0/2026", "5 apples", "\xF0\x9F\x8D\x9E"})
+        EXPECT_EQ(Normalized(text), "") << text;
+}
+
+TEST(NormalizeDateText, refuses_a_number_that_lies_outside_the_calendar) {
+    for (const char* text : {"1E9", "9E99", "-9E99", "-1E9", "1E7", "-1E6"})
+        EXPECT_EQ(Normalized(text), "") << text;
+    EXPECT_EQ(Normalized("1E5"), "14-Oct-2173");
+}
+
+TEST(NormalizeDateText, answers_any_bytes_with_a_date_or_nothing) {
+    test::Random random;
+    SCOPED_TRACE(random.Trace());
+    for (int i = 0; i < 20000; ++i) {
+        const std::string text =
+            i % 2 == 0 ? random.Bytes(12) : random.TextOf("0123456789-/. ,EeMarDc&H", 12);
+        const std::string shown = Normalized(text);
+        if (shown.empty()) continue;
+        ASSERT_EQ(Normalized(shown), shown) << text;
+    }
+}
+
+TEST(ShowDateHelp, lists_the_forms_of_each_country) {
+    struct Case {
+        const char* setting;
+        const char* text;
+    };
+    const Case cases[] = {
+        {MonthFirst, "Acceptable date formats are;\n\n2-Mar-2026, Aug-12-2026,\n\n12-23-2026 or 12/23/2026"},
+        {DayFirst, "Acceptable date formats are;\n\n2-Mar-2026, Aug-12-2026,\n\n23-12-2026 or 23/12/2026"},
+        {YearFirst, "Acceptable date formats are;\n\nMar-12-2026, 2026-Aug-12,\n\n2026-12-23 or 2026/12/23"},
+    };
+    for (const Case& c : cases) {
+        test::ScriptedPrompt prompt;
+        prompt.Expect(c.text, box::Ok, "Date error");
+        ShowDateHelp(prompt, c.setting, test::ScriptedRegion(), March5);
+        EXPECT_EQ(prompt.Beeps(), 1);
+    }
+}
+
+// --- hours and times of day -------------------------------------------------------------------------------
+
+TEST(HourLabel, counts_by_the_clock_of_the_options) {
+    for (int hour = 1; hour <= 23; ++hour) {
+        int twelve = hour;
+        int twentyFour = hour;
+        EXPECT_EQ(HourLabel(twelve, "12"), std::to_string(hour > 12 ? hour - 12 : hour));
+        EXPECT_EQ(HourLabel(twentyFour, "24"), std::to_string(hour));
+        EXPECT_EQ(twelve, hour);
+        EXPECT_EQ(twentyFour, hour);
+    }
+}
+
+TEST(HourLabel, calls_midnight_M_and_begins_the_hours_again) {
+    for (const char* style : {"12", "24", ""})
+        for (const int midnight : {0, 24}) {
+            int hour = midnight;
+            EXPECT_EQ(HourLabel(hour, style), "M");
+            EXPECT_EQ(hour, 0);
+            ++hour;
+            EXPECT_EQ(HourLabel(hour, style), "1");
+        }
+}
+
+TEST(MinutesToClockText, is_seven_characters_by_both_clocks) {
+    struct Case {
+        int minutes;
+        const char* twelve;
+        const char* twentyFour;
+    };
+    const Case cases[] = {
+        {0, " Midn. ", " Midn. "},    {15, "12:15am", "  0:15 "},   {45, "12:45am", "  0:45 "},
+        {60, " 1:00am", "  1:00 "},   {510, " 8:30am", "  8:30 "},  {600, "10:00am", " 10:00 "},
+        {705, "11:45am", " 11:45 "},  {720, "  Noon ", " 12:00 "},  {735, "12:15pm", " 12:15 "},
+        {780, " 1:00pm", " 13:00 "},  {810, " 1:30pm", " 13:30 "},  {1425, "11:45pm", " 23:45 "},
+        {1440, " Midn. ", " Midn. "}, {1455, "12:15am", "  0:15 "}, {2160, "  Noon ", " 12:00 "},
+        {2865, "11:45pm", " 23:45 "}, {2880, " Midn. ", " Midn. "},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(Clock(c.minutes, "12"), c.twelve) << c.minutes;
+        EXPECT_EQ(Clock(c.minutes, "24"), c.twentyFour) << c.minutes;
+    }
+    for (int minutes = 0; minutes <= 2880; minutes += 15)
+        for (const char* style : {"12", "24"}) EXPECT_EQ(Clock(minutes, style).size(), 7U) << minutes;
+}
+
+TEST(MinutesToClockText, takes_off_one_day_and_no_more) {
+    EXPECT_EQ(Clock(2895, "24"), " 24:15 ");
+    EXPECT_EQ(Clock(3000, "12"), "14:00pm");
+    EXPECT_EQ(Clock(4320, "24"), " 48:00 ");
+}
+
+TEST(MinutesToClockText, takes_the_day_off_in_the_callers_variable) {
+    for (const auto& [before, after] :
+         {std::pair{1440, 1440}, {1441, 1}, {1455, 15}, {2880, 1440}, {510, 510}}) {
+        int minutes = before;
+        MinutesToClockText(minutes, "12");
+        EXPECT_EQ(minutes, after);
+    }
+}
+
+TEST(MinutesToClockText, appends_its_zero_behind_a_single_minute_figure) {
+    EXPECT_EQ(Clock(5, "24"), "  0:50 ");
+}
+
+TEST(QuarterToClockText, is_the_time_of_a_quarter) {
+    for (int quarter = 0; quarter <= 192; ++quarter)
+        EXPECT_EQ(QuarterToClockText(quarter, "12"), Clock(quarter * 15, "12")) << quarter;
+}
+
+// --- durations --------------------------------------------------------------------------------------------
+
+TEST(QuartersToText, writes_hours_and_minutes_or_hundredths) {
+    struct Case {
+        long quarters;
+        const char* minutes;
+        const char* hundredths;
+    };
+    const Case cases[] = {
+        {0, " 0:00", " 0:00"},           {1, " 0:15", " 0:25"},     {2, " 0:30", " 0:50"},
+        {3, " 0:45", " 0:75"},           {34, " 8:30", " 8:50"},    {39, " 9:45", " 9:75"},
+        {40, "10:00", "10:00"},          {400, "100:00", "100:00"}, {672, "168:00", "168:00"},
+        {-5, "-1:15", "-1:25"},          {-1, " 0:15", " 0:25"},    {-43, "-10:45", "-10:75"},
+        {67201, "16800:15", "16800:25"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(QuartersToText(c.quarters, "0"), c.minutes) << c.quarters;
+        EXPECT_EQ(QuartersToText(c.quarters, "1"), c.hundredths) << c.quarters;
+    }
+}
+
+TEST(QuartersToTextShort, counts_the_remainder_of_a_negative_duration_upwards) {
+    EXPECT_EQ(QuartersToTextShort(-5, "0"), "-1:45");
+    EXPECT_EQ(QuartersToTextShort(-4, "0"), "-1:00");
+    EXPECT_EQ(QuartersToTextShort(-1, "0"), " 0:45");
+    for (int quarters = 0; quarters <= 768; ++quarters)
+        for (const char* style : {"0", "1"})
+            ASSERT_EQ(QuartersToTextShort(quarters, style), QuartersToText(quarters, style));
+}
+
+TEST(HoursOfQuarters, are_whole_hours_and_fourths) {
+    EXPECT_EQ(HoursOfQuarters(0), 0);
+    EXPECT_EQ(HoursOfQuarters(33), 8.25);
+    for (long quarters = 0; quarters <= 96; ++quarters)
+        EXPECT_EQ(HoursOfQuarters(quarters) * 4, static_cast<double>(quarters));
+}
+
+// --- wages ------------------------------------------------------------------------------------------------
+
+double Wage(long quarters, double rate, bool hourly = true, bool hidden = false) {
+    Roster roster;
+    roster.RosterPay = {Currency(), Currency::FromAmount(rate)};
+    roster.RosterWageOrSal = {0, hourly ? -1 : 0};
+    Rights rights;
+    rights.HideWages = hidden;
+    return WagesForQuarters(roster, rights, 1, quarters);
+}
+
+TEST(WagesForQuarters, pays_whole_hours_and_the_part_of_one) {
+    EXPECT_EQ(Wage(137, 10), 342.5);
+    EXPECT_EQ(Wage(34, 7.25), 61.625);
+    EXPECT_EQ(Wage(0, 7.25), 0);
+    EXPECT_EQ(Wage(1, 7.25), 1.8125);
+    EXPECT_EQ(Wage(4, 0.0001), 0.0001);
+}
+
+TEST(WagesForQuarters, rounds_the_part_of_an_hour_half_to_even_at_the_fourth_decimal) {
+    EXPECT_EQ(Wage(2, 0.0001), 0);      // 0.00005
+    EXPECT_EQ(Wage(2, 0.0003), 0.0002); // 0.00015
+    EXPECT_EQ(Wage(1, 10.0001), 2.5);   // 2.500025
+    EXPECT_EQ(Wage(6, 0.0003), 0.0005);
+}
+
+TEST(WagesForQuarters, are_nothing_for_a_salary_or_while_pay_is_hidden) {
+    EXPECT_EQ(Wage(40, 700, false), 0);
+    EXPECT_EQ(Wage(40, 10, true, true), 0);
+    EXPECT_EQ(Wage(40, 700, false, true), 0);
+}
+
+TEST(WagesForQuarters, take_any_mark_but_0_for_an_hourly_wage) {
+    for (const int mark : {-1, 1, 2, 32767, -32768}) {
+        Roster roster;
+        roster.RosterPay = {Currency(), Currency::FromAmount(10)};
+        roster.RosterWageOrSal = {0, mark};
+        EXPECT_EQ(WagesForQuarters(roster, Rights(), 1, 4), 10) << mark;
+    }
+}
+
+TEST(WagesForQuarters, stay_a_number_for_a_pay_beyond_all_money) {
+    for (const double pay : {1e15, 1e30, 1e99, -1e99}) {
+        const double wage = Wage(671, pay);
+        EXPECT_TRUE(std::isfinite(wage)) << pay;
+        EXPECT_EQ(wage > 0, pay > 0) << pay;
+    }
+}
+
+// --- titles -----------------------------------------------------------------------------------------------
+
+TEST(WeekTitle, names_the_department_and_both_ends_of_the_week) {
+    Department department;
+    department.CurrentDepName = "Bakery";
+    Week week;
+    week.WeekDateTexts[1] = "1-Mar-2026";
+    week.WeekDateTexts[7] = "7-Mar-2026";
+    EXPECT_EQ(WeekTitle(department, week), "Bakery,  Week from 1-Mar-2026  to  7-Mar-2026");
+}
+
+} // namespace
+} // namespace tvx
