@@ -153,7 +153,7 @@ TEST_F(OddTextTest, of_daytypes_is_loaded_in_capitals_and_left_as_it_stands_by_a
         EXPECT_TRUE(g.week.DayTypeText[1][e] == UpperCase(text)) << text.substr(0, 40);
     }
     for (int e = 1; e <= g.roster.EmployeeCount; ++e) test::SetBars(g, e, {{40, 60}});
-    EXPECT_TRUE(SaveWeek(g, store.ports(), store.gauge));
+    EXPECT_TRUE(SaveWeek(g, store.ports(), store.gauge, [] {}));
     const Rows stored = file.Rows("SELECT DayType FROM [Day Schedule] ORDER BY Employee");
     for (std::size_t i = 0; i < OddTexts().size(); ++i) {
         // A symbol that fits its field is written in capitals.
@@ -175,7 +175,7 @@ TEST_F(OddTextTest, in_the_file_survives_a_save_of_the_week) {
     const Rows before = Everything();
     store.OpenWeek(Sunday);
     for (int e = 1; e <= g.roster.EmployeeCount; ++e) test::SetBars(g, e, {{36, 68}});
-    EXPECT_TRUE(SaveWeek(g, store.ports(), store.gauge));
+    EXPECT_TRUE(SaveWeek(g, store.ports(), store.gauge, [] {}));
     EXPECT_EQ(store.Rows().size(), OddTexts().size());
     EXPECT_EQ(Everything(), before);
 }

@@ -69,7 +69,8 @@ void MainEditorForm::Activated() {
 
 bool MainEditorForm::MayUnload() {
     // The end of the desktop session comes this way, and must not lose the week.
-    return MayLeaveWeek(g_, ports_, *gauge_, "You made changes");
+    return MayLeaveWeek(
+        g_, ports_, *gauge_, [this] { drag_.Settle(); }, "You made changes");
 }
 
 void MainEditorForm::changeEvent(QEvent* event) {
@@ -111,19 +112,23 @@ void MainEditorForm::Choose(const std::string& entry) {
 }
 
 void MainEditorForm::Save() {
-    SaveWeek(g_, ports_, *gauge_);
+    SaveWeek(g_, ports_, *gauge_, [this] { drag_.Settle(); });
     ShowRows();
     FocusRow(g_.grid.LastFocusRow);
 }
 
 void MainEditorForm::GoToWeek(int direction) {
-    if (!GoToNeighbourWeek(g_, ports_, *gauge_, direction)) return;
+    if (!GoToNeighbourWeek(
+            g_, ports_, *gauge_, [this] { drag_.Settle(); }, direction))
+        return;
     SelectDay();
     FocusRow(g_.grid.LastFocusRow);
 }
 
 void MainEditorForm::LeaveEditor() {
-    if (MayLeaveWeek(g_, ports_, *gauge_, "You made changes")) Unload();
+    if (MayLeaveWeek(
+            g_, ports_, *gauge_, [this] { drag_.Settle(); }, "You made changes"))
+        Unload();
 }
 
 void MainEditorForm::ChooseDay(int day) {

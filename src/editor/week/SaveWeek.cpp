@@ -1,6 +1,5 @@
 #include "editor/week/SaveWeek.h"
 
-#include "editor/lanes/BarDrag.h"
 #include "editor/week/LoadWeek.h"
 #include "editor/week/StoredDays.h"
 #include "platform/basic/Text.h"
@@ -178,11 +177,11 @@ void WriteWeek(dao::Database& database, const Roster& roster, const Week& week) 
     WriteRows(database, rows, roster, week);
 }
 
-bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge) {
+bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle) {
     gauge.Flood(0);
     gauge.Show(true);
     ports.prompt.DoEvents();
-    BarDrag(g).Settle(); // events may have taken hold of a bar
+    settle(); // events may have taken hold of a bar
     const bool saved = TryToWrite(g, ports);
     if (saved) {
         // Before the flood lets events run: what is edited meanwhile is a change again.
@@ -193,12 +192,13 @@ bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge) {
     return saved;
 }
 
-bool MayLeaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const std::string& title) {
-    BarDrag(g).Settle();
+bool MayLeaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle,
+                  const std::string& title) {
+    settle();
     if (!g.week.WeekChanged) return true;
     switch (ports.prompt.MsgBox("Save the changes first?", box::YesNoCancel + box::Question, title)) {
     case Answer::Yes:
-        return SaveWeek(g, ports, gauge);
+        return SaveWeek(g, ports, gauge, settle);
     case Answer::No:
         return true;
     default:
@@ -206,8 +206,9 @@ bool MayLeaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const std::string&
     }
 }
 
-bool GoToNeighbourWeek(GlobalState& g, Ports& ports, Gauge& gauge, int direction) {
-    if (!MayLeaveWeek(g, ports, gauge, "You made changes")) return false;
+bool GoToNeighbourWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle,
+                       int direction) {
+    if (!MayLeaveWeek(g, ports, gauge, settle, "You made changes")) return false;
     LoadWeek(g, ports, g.week.WeekStartJulian + 7 * direction);
     return true;
 }

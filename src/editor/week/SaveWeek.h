@@ -5,7 +5,14 @@
 #include "platform/ports/Ports.h"
 #include "shell/state/TVXGLOB.h"
 
+#include <functional>
+#include <string>
+
 namespace tvx {
+
+/// Ends a gesture that may be under way on the grid, so that what it has drawn counts. Called before the week
+/// is asked about or written.
+using SettleGesture = std::function<void()>;
 
 /// Writes days 1 to 8 of every roster row to `Day Schedule` in one transaction: a row for each employee and
 /// day that holds anything, none otherwise; only rows that differ from what stands there now are touched. A
@@ -15,14 +22,16 @@ void WriteWeek(dao::Database& database, const Roster& roster, const Week& week);
 
 /// WriteWeek with its gauge and its boxes. True when the week was saved; `WeekChanged` is then False. After a
 /// refusal the model is untouched, and the person saves again.
-bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge);
+bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle);
 
 /// Before a changed week is left: asks "Save the changes first?" and saves on Yes. True when the week may be
 /// left: nothing was changed, the changes are saved, or the person gives them up. `title` heads the box.
-bool MayLeaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const std::string& title);
+bool MayLeaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle,
+                  const std::string& title);
 
 /// The week arrows: -1 or 1. Asks before a changed week is left; stays when it is not to be left. True when
 /// another week was loaded.
-bool GoToNeighbourWeek(GlobalState& g, Ports& ports, Gauge& gauge, int direction);
+bool GoToNeighbourWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle,
+                       int direction);
 
 } // namespace tvx

@@ -399,7 +399,7 @@ TEST_F(LoadWeekTest, gives_back_every_saved_week_for_every_cut_off) {
         const auto daytypes = g.week.DayTypeText;
         const std::string sums = test::SumsFromScratch(g);
         g.week.WeekChanged = true;
-        ASSERT_TRUE(SaveWeek(g, store.ports(), store.gauge));
+        ASSERT_TRUE(SaveWeek(g, store.ports(), store.gauge, [] {}));
         Load(Sunday + 14 * cutoff);
         for (int e = 1; e <= g.roster.EmployeeCount; ++e) ASSERT_EQ(test::Bars(g, e), bars[e]) << cutoff;
         ASSERT_EQ(g.week.DayTypeText, daytypes);

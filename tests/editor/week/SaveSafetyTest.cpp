@@ -77,7 +77,9 @@ class TwoWorkstationsTest : public testing::Test {
         g().week.DayTypeText[5][1] = "V";
         g().week.WeekChanged = true;
     }
-    bool Save() { return SaveWeek(g(), store->ports(), store->gauge); }
+    bool Save() {
+        return SaveWeek(g(), store->ports(), store->gauge, [] {});
+    }
     void ExpectLockedPage() {
         store->prompt().Expect(
             "Could not save this schedule,\nthis page is locked by another user, try again..\n\n(3260)",
@@ -214,7 +216,7 @@ void SaveForEver(const fs::path& folder, int first, ChildProcess& test) {
         LoadWeek(g, script.ports, version % 2 == 0 ? Sunday : Sunday + 14);
         for (int e = 1; e <= g.roster.EmployeeCount; ++e) test::SetBars(g, e, BarsOfVersion(version));
         test.Say("saving");
-        if (!SaveWeek(g, script.ports, gauge)) return test.Say("no save");
+        if (!SaveWeek(g, script.ports, gauge, [] {})) return test.Say("no save");
     }
 }
 
@@ -315,7 +317,7 @@ TEST(FullDisk, refuses_a_save_that_does_not_fit_and_takes_it_when_there_is_room)
         store.script.prompt.AlwaysAnswer(Answer::Ok);
         {
             const FullDisk full(bytes);
-            saved = SaveWeek(g, store.ports(), store.gauge);
+            saved = SaveWeek(g, store.ports(), store.gauge, [] {});
         }
         if (saved) break;
         ++refused;
@@ -351,12 +353,12 @@ TEST(FullDisk, refuses_a_small_change_too_and_the_old_week_stands_for_the_next_r
     store.prompt().AlwaysAnswer(Answer::Ok);
     {
         const FullDisk full(0);
-        EXPECT_FALSE(SaveWeek(store.g, store.ports(), store.gauge));
+        EXPECT_FALSE(SaveWeek(store.g, store.ports(), store.gauge, [] {}));
     }
     CloseDatabase(store.g.store, store.prompt());
     store.g.store.Db = store.g.store.Engine.OpenDatabase(store.folder / "TVX.MDB");
     EXPECT_EQ(store.Rows(), before);
-    EXPECT_TRUE(SaveWeek(store.g, store.ports(), store.gauge));
+    EXPECT_TRUE(SaveWeek(store.g, store.ports(), store.gauge, [] {}));
     EXPECT_NE(store.Rows(), before);
 }
 

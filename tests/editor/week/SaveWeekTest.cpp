@@ -40,7 +40,9 @@ class SaveWeekTest : public testing::Test {
         adams = store.AddEmployee({"Adams", "Anna", "7.25"});
         brown = store.AddEmployee({"Brown", "Bob", "700", false});
     }
-    bool Save() { return SaveWeek(g, store.ports(), store.gauge); }
+    bool Save() {
+        return SaveWeek(g, store.ports(), store.gauge, [this] { BarDrag(g).Settle(); });
+    }
     void Load(DaySerial first = Sunday) { LoadWeek(g, store.ports(), first); }
     /// One row as it should stand.
     std::string Row(DaySerial day, int key, const std::string& dayType,
@@ -421,7 +423,10 @@ class LeaveWeekTest : public SaveWeekTest {
     void WillSay(Answer answer) {
         store.prompt().Expect("Save the changes first?", YesNoCancelQuestion, "You made changes", answer);
     }
-    bool Go(int direction) { return GoToNeighbourWeek(g, store.ports(), store.gauge, direction); }
+    bool Go(int direction) {
+        return GoToNeighbourWeek(
+            g, store.ports(), store.gauge, [this] { BarDrag(g).Settle(); }, direction);
+    }
     void Change() {
         test::SetBars(g, 1, {{36, 68}});
         g.week.WeekChanged = true;

@@ -360,7 +360,7 @@ TEST_F(OddRowsTest, any_value_is_loaded_without_harm_and_a_save_makes_it_whole) 
         }
         const BarList loaded = Load();
         if (random.Chance(80)) continue;
-        ASSERT_TRUE(SaveWeek(store.g, store.ports(), store.gauge));
+        ASSERT_TRUE(SaveWeek(store.g, store.ports(), store.gauge, [] {}));
         const BarList again = Load();
         ASSERT_EQ(again, loaded);
         test::RawFile(store.folder / "TVX.MDB").Run("DELETE FROM [Day Schedule]");
