@@ -48,7 +48,7 @@ void Quietly(Step step) {
 
 dao::Recordset& OpenDayTypes(GlobalState& g, const char* index) {
     dao::Recordset& rs = g.store.DayTypesRs;
-    rs = g.store.Db->OpenRecordset("Day types");
+    rs = g.store.Open().OpenRecordset("Day types");
     rs.Index(index);
     return rs;
 }

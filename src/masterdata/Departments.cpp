@@ -75,7 +75,7 @@ void TellNameInUse(Prompt& prompt, const std::string& name) {
 /// Writes the profile in one transaction. False when the name is in use; nothing is stored then.
 bool WriteProfile(GlobalState& g, const DepartmentProfile& profile, bool adding) {
     dao::Recordset& rs = g.store.DepartmentRs;
-    dao::Transaction transaction(*g.store.Db);
+    dao::Transaction transaction(g.store.Open());
     const bool renamed = adding || profile.name != Trim(g.department.CurrentDepName);
     if (renamed && CheckDepartmentNameInUse(rs, profile.name)) return false;
     if (adding) {
@@ -95,8 +95,8 @@ bool WriteProfile(GlobalState& g, const DepartmentProfile& profile, bool adding)
 /// Deletes every row of a table that a test wants gone, table by table in one go.
 template <typename Wanted>
 void DeleteRows(GlobalState& g, const char* table, Wanted wanted) {
-    dao::Transaction transaction(*g.store.Db);
-    dao::Recordset rows = g.store.Db->OpenRecordset(table);
+    dao::Transaction transaction(g.store.Open());
+    dao::Recordset rows = g.store.Open().OpenRecordset(table);
     for (; !rows.AtEnd(); rows.MoveNext())
         if (wanted(rows)) rows.Delete();
     transaction.Commit();
@@ -145,7 +145,7 @@ DepartmentProfile ReadProfile(GlobalState& g) {
 
 std::optional<DepartmentProfile> OpenProfile(GlobalState& g, Prompt& prompt) {
     try {
-        g.store.DepartmentRs = g.store.Db->OpenRecordset("Department");
+        g.store.DepartmentRs = g.store.Open().OpenRecordset("Department");
         return g.application.FormCommand == "Add" ? DepartmentProfile() : ReadProfile(g);
     } catch (const dao::DaoError& trouble) {
         TellDatabaseError(prompt, trouble);
@@ -161,7 +161,7 @@ ProfileResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& 
     TakeDefaults(profile);
     if (Trim(profile.name).empty()) return ProfileResult::NameMissing;
     try {
-        g.store.DepartmentRs = g.store.Db->OpenRecordset("Department");
+        g.store.DepartmentRs = g.store.Open().OpenRecordset("Department");
     } catch (const dao::DaoError& trouble) {
         TellDatabaseError(prompt, trouble);
         return ProfileResult::Refused;

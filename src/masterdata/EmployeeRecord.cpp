@@ -40,7 +40,7 @@ std::string DateOf(const dao::Value& field, const GlobalState& g, const Region& 
 
 void SeekEmployee(GlobalState& g, int key) {
     dao::Recordset& rs = g.store.EmployeeRs;
-    rs = g.store.Db->OpenRecordset("Employee");
+    rs = g.store.Open().OpenRecordset("Employee");
     rs.Index("Seq");
     rs.Seek({std::int64_t{key}});
     if (rs.NoMatch()) throw dao::DaoError(dao::error::NoCurrentRecord, "No current record.");
@@ -82,8 +82,8 @@ void Fill(dao::Recordset& rs, const EmployeeRecord& record, const Ports& ports) 
 void WriteRecord(GlobalState& g, const EmployeeRecord& record, const Ports& ports) {
     dao::Recordset& rs = g.store.EmployeeRs;
     const bool adding = g.application.FormCommand == "Add";
-    if (adding) rs = g.store.Db->OpenRecordset("Employee");
-    dao::Transaction transaction(*g.store.Db);
+    if (adding) rs = g.store.Open().OpenRecordset("Employee");
+    dao::Transaction transaction(g.store.Open());
     if (adding)
         rs.AddNew();
     else
@@ -141,9 +141,9 @@ EmployeeRecord LoadEmployeeRecord(GlobalState& g, const Region& region, int empl
 }
 
 std::vector<int> EmployeeKeys(GlobalState& g) {
-    dao::Recordset rs = g.store.Db->OpenRecordset("SELECT Employee FROM Employee  WHERE [Dep number] = " +
-                                                  std::to_string(g.department.CurrentDepNumber) +
-                                                  " ORDER BY [Last name] ASC;");
+    dao::Recordset rs = g.store.Open().OpenRecordset("SELECT Employee FROM Employee  WHERE [Dep number] = " +
+                                                     std::to_string(g.department.CurrentDepNumber) +
+                                                     " ORDER BY [Last name] ASC;");
     std::vector<int> keys;
     for (; !rs.AtEnd(); rs.MoveNext()) keys.push_back(static_cast<int>(rs.Fields(std::size_t{0}).Long()));
     return keys;

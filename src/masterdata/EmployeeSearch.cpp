@@ -23,7 +23,7 @@ std::string Question(dao::Recordset& rs, const std::string& plural) {
 /// Deletes the schedule rows whose first key equals the employee's number. The first key is a day, so that
 /// rows of the employee are not among them: they stay.
 void DeleteDaysOf(GlobalState& g, std::int64_t key) {
-    dao::Recordset rows = g.store.Db->OpenRecordset("Day schedule");
+    dao::Recordset rows = g.store.Open().OpenRecordset("Day schedule");
     rows.Index("Day and Employee");
     if (rows.BOF() && rows.AtEnd()) return;
     rows.MoveFirst();
@@ -56,7 +56,7 @@ std::string FitToNameColumn(const std::string& name,
 
 std::vector<FoundEmployee> FindEmployees(GlobalState& g,
                                          const std::function<Twips(const std::string&)>& widthOf) {
-    g.store.EmployeeRs = g.store.Db->OpenRecordset(
+    g.store.EmployeeRs = g.store.Open().OpenRecordset(
         "SELECT * FROM Employee  WHERE [Dep number] = " + std::to_string(g.department.CurrentDepNumber) +
         " ORDER BY [Last name] ASC;");
     std::vector<FoundEmployee> rows;
@@ -89,7 +89,7 @@ std::string SearchTitle(const GlobalState& g) {
 
 bool AskAndDeleteEmployee(GlobalState& g, Prompt& prompt, int employeeKey) {
     dao::Recordset& rs = g.store.EmployeeRs;
-    rs = g.store.Db->OpenRecordset("Employee");
+    rs = g.store.Open().OpenRecordset("Employee");
     rs.Index("Seq");
     rs.Seek({std::int64_t{employeeKey}});
     if (rs.NoMatch()) return false; // another workstation was faster

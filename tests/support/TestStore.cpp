@@ -181,7 +181,7 @@ void TestStore::FillWeeks(DaySerial firstDay, int weeks, unsigned seed) {
 
 std::vector<std::string> TestStore::Rows() const {
     std::vector<std::string> rows;
-    g.store.Db->Scan(
+    g.store.Open().Scan(
         "SELECT [Day Julian], Employee, DayType, [Starts & Stops], [Work hours], [Current Rate], Salary,"
         " [Vacation day] FROM [Day Schedule] ORDER BY [Day Julian], Employee",
         {}, [&](const dao::ScanRow& row) {

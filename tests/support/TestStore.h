@@ -70,7 +70,7 @@ class TestStore {
 
     Ports& ports() { return script.ports; }
     ScriptedPrompt& prompt() { return script.prompt; }
-    dao::Database& db() { return *g.store.Db; }
+    dao::Database& db() { return g.store.Open(); }
 };
 
 /// 14 bytes for work periods given as {start quarter, stop quarter} of a day.

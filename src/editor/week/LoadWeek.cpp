@@ -73,7 +73,7 @@ void TakeFigures(GlobalState& g, dao::Recordset& rs, int d) {
 
 void ReadFigures(GlobalState& g) {
     dao::Recordset& rs = g.store.DepartmentDayRs;
-    rs = g.store.Db->OpenRecordset("Department day");
+    rs = g.store.Open().OpenRecordset("Department day");
     rs.Index("Day and Dep");
     for (int d = 1; d <= 7; ++d) {
         rs.Seek({std::int64_t{g.week.WeekStartJulian + d - 1}, std::int64_t{g.department.CurrentDepNumber}});
@@ -85,8 +85,8 @@ void ReadFigures(GlobalState& g) {
 
 void LoadWeek(GlobalState& g, Ports& ports, DaySerial firstSerial, bool dropDaysOff) {
     const Hourglass hourglass(ports.prompt);
-    const dao::Snapshot snapshot(*g.store.Db);
-    const StoredWeek stored = ReadStoredWeek(*g.store.Db, g.roster, firstSerial);
+    const dao::Snapshot snapshot(g.store.Open());
+    const StoredWeek stored = ReadStoredWeek(g.store.Open(), g.roster, firstSerial);
     EmptyWeek(g);
     NameDays(g, ports.region, firstSerial);
     for (int row = 1; row <= g.roster.EmployeeCount; ++row) {

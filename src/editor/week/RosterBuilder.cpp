@@ -174,7 +174,7 @@ RosterResult BuildRoster(GlobalState& g) {
     const bool known = order >= 1 && order <= FirstNameOrder;
     dao::Recordset& rs = g.store.EmployeeRs;
     if (known || !rs.IsOpen())
-        rs = g.store.Db->OpenRecordset(
+        rs = g.store.Open().OpenRecordset(
             RosterQuery(g.department.CurrentDepNumber, known ? order : 1, g.roster.AllDepartmentsMode));
     if (rs.BOF() && rs.AtEnd()) return RosterResult::Empty;
     rs.MoveLast();

@@ -154,14 +154,14 @@ void TellLockedPage(Prompt& prompt, const dao::DaoError& trouble) {
 bool TryToWrite(GlobalState& g, Ports& ports) {
     const Hourglass hourglass(ports.prompt);
     try {
-        g.store.DayScheduleRs = OpenDaySchedule(*g.store.Db);
+        g.store.DayScheduleRs = OpenDaySchedule(g.store.Open());
     } catch (const dao::DaoError& trouble) {
         ports.prompt.MousePointer(Pointer::Default);
         TellDatabaseError(ports.prompt, trouble);
         return false;
     }
     try {
-        WriteRows(*g.store.Db, g.store.DayScheduleRs, g.roster, g.week);
+        WriteRows(g.store.Open(), g.store.DayScheduleRs, g.roster, g.week);
     } catch (const dao::DaoError& trouble) {
         ports.prompt.MousePointer(Pointer::Default);
         TellLockedPage(ports.prompt, trouble);

@@ -62,7 +62,7 @@ std::string ClockOf(const GlobalState& g, WeekQuarter quarter, int day) {
 std::string FieldOfEmployee(GlobalState& g, int e, const char* field) {
     try {
         dao::Recordset& rs = g.store.EmployeeRs;
-        rs = g.store.Db->OpenRecordset("Employee");
+        rs = g.store.Open().OpenRecordset("Employee");
         rs.Index("Seq");
         rs.Seek({std::int64_t{g.roster.RosterEmployeeKey[e]}});
         return rs.NoMatch() ? "" : rs.Fields(field).Text();

@@ -20,8 +20,9 @@ void Pause(double seconds, const Clock& clock, Prompt& prompt) {
 }
 
 void LoadDayTypes(Store& store, int departmentNumber, Daytypes& daytypes) {
-    store.DayTypesRs = store.Db->OpenRecordset("SELECT * FROM [Day Types] WHERE [Dep number] = " +
-                                               std::to_string(departmentNumber) + " ORDER BY [Symbol] ASC;");
+    store.DayTypesRs = store.Open().OpenRecordset(
+        "SELECT * FROM [Day Types] WHERE [Dep number] = " + std::to_string(departmentNumber) +
+        " ORDER BY [Symbol] ASC;");
     daytypes = {};
     dao::Recordset& rows = store.DayTypesRs;
     for (; !rows.AtEnd() && daytypes.DayTypeCount < MostDayTypes; rows.MoveNext()) {

@@ -165,17 +165,17 @@ void BringToVersion(GlobalState& g) {
     g.store.ApplicationRs.MoveFirst();
     const dao::Value version = g.store.ApplicationRs.Fields("DB Version").Value();
     if (dao::IsNull(version) || dao::ToLong(version) != SchemaVersion) {
-        CheckDBversion(*g.store.Db, g.store.ApplicationRs);
+        CheckDBversion(g.store.Open(), g.store.ApplicationRs);
         return;
     }
-    if (const std::string missing = MissingFromFile(*g.store.Db); !missing.empty())
+    if (const std::string missing = MissingFromFile(g.store.Open()); !missing.empty())
         throw dao::DaoError(dao::error::ItemNotFound, "Item not found in this collection: " + missing);
 }
 
 void OpenStore(GlobalState& g, Ports& ports, ConsoleFace& face) {
     SeedFirstDatabase(g.store.Engine, g.paths.DatabasePath, ports.clock.Today());
     g.store.Db = g.store.Engine.OpenDatabase(FilePath(g.paths.DatabasePath, DatabaseFile));
-    RequireUsableFile(*g.store.Db);
+    RequireUsableFile(g.store.Open());
     ReadSettings(g);
     Authorise(g);
     ApplySettings(g);
@@ -366,7 +366,7 @@ void SeedFirstDatabase(const dao::Engine& engine, const fs::path& folder, DaySer
 
 void ReadSettings(GlobalState& g) {
     dao::Recordset& rs = g.store.ApplicationRs;
-    rs = g.store.Db->OpenRecordset("Application");
+    rs = g.store.Open().OpenRecordset("Application");
     if (rs.BOF() && rs.AtEnd())
         WriteDefaultSettings(g, rs);
     else
@@ -402,7 +402,7 @@ LoadResult LoadConsole(GlobalState& g, Ports& ports, ConsoleFace& face) {
 void RefreshDepartments(GlobalState& g, Ports& ports, ConsoleFace& face) {
     if (!g.rights.PasswordOk) return;
     dao::Recordset& rs = g.store.DepartmentRs;
-    rs = g.store.Db->OpenRecordset("Department");
+    rs = g.store.Open().OpenRecordset("Department");
     ReadDepartmentList(g);
     int current = 0;
     if (g.departments.DepartmentCount > 0) {
@@ -423,7 +423,7 @@ void RefreshDepartments(GlobalState& g, Ports& ports, ConsoleFace& face) {
 void ChooseDepartment(GlobalState& g, ConsoleFace& face, int index) {
     if (index < 0 || index >= g.departments.DepartmentCount) return;
     dao::Recordset& rs = g.store.DepartmentRs;
-    rs = g.store.Db->OpenRecordset("Department");
+    rs = g.store.Open().OpenRecordset("Department");
     while (!rs.AtEnd() && rs.Fields("Department name").Text() != g.departments.DepNames[index]) rs.MoveNext();
     if (rs.AtEnd()) return; // another workstation renamed or deleted it
     TakeDepartment(g.department, rs);

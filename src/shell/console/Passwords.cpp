@@ -100,7 +100,7 @@ LoginResult LogIn(GlobalState& g, std::string_view typed) {
         return LoginResult::Granted;
     }
     dao::Recordset& rs = g.store.DepartmentRs;
-    rs = g.store.Db->OpenRecordset("Department");
+    rs = g.store.Open().OpenRecordset("Department");
     if (rs.BOF() && rs.AtEnd()) return LoginResult::Ignored;
     return LogInManager(g, text) ? LoginResult::Granted : LoginResult::Denied;
 }

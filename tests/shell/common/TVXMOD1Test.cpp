@@ -1,6 +1,7 @@
 #include "shell/common/TVXMOD1.h"
 
 #include "platform/dao/DaoError.h"
+#include "support/TestEngine.h"
 #include "support/TestStore.h"
 
 #include <gtest/gtest.h>
@@ -257,6 +258,13 @@ TEST(CloseDatabase, closes_every_set_and_may_be_called_twice) {
     EXPECT_FALSE(store.g.store.ApplicationRs.IsOpen());
     CloseDatabase(store.g.store, store.prompt());
     EXPECT_EQ(store.g.store.Db, nullptr);
+}
+
+TEST(CloseDatabase, leaves_a_store_that_tells_who_asks_for_its_database) {
+    test::TestStore store;
+    EXPECT_EQ(&store.g.store.Open(), store.g.store.Db.get());
+    CloseDatabase(store.g.store, store.prompt());
+    EXPECT_EQ(test::DaoErrorOf([&] { store.g.store.Open(); }), 3420);
 }
 
 TEST(ReadGenericNames, takes_the_departments_words_and_the_default_for_a_missing_one) {

@@ -82,7 +82,7 @@ TEST_F(ConsoleTest, a_start_opens_the_database_beside_the_program) {
     StartReady();
     EXPECT_EQ(g.paths.DatabasePath, made.folder.Path());
     ASSERT_NE(g.store.Db, nullptr);
-    EXPECT_EQ(g.store.Db->Path(), File());
+    EXPECT_EQ(g.store.Open().Path(), File());
     EXPECT_EQ(g.application.CrLf, "\r\n");
     EXPECT_TRUE(g.rights.SchedulingAllowed);
     EXPECT_FALSE(g.rights.HideWages);
@@ -513,7 +513,7 @@ TEST_F(DepartmentListTest, that_shrinks_to_one_takes_away_what_needs_several) {
     made.AddDepartment("Bakery");
     const int second = made.AddDepartment("Dairy");
     StartReady();
-    dao::Recordset rs = g.store.Db->OpenRecordset("Department");
+    dao::Recordset rs = g.store.Open().OpenRecordset("Department");
     rs.Index("Dept Nbr");
     rs.Seek({std::int64_t{second}});
     rs.Delete();

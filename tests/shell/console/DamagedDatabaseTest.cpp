@@ -308,7 +308,7 @@ TEST_F(DamagedDatabaseTest, an_older_file_that_lacks_only_one_of_them_gets_that_
              }),
              std::int64_t{7});
         EXPECT_EQ(Start(), LoadResult::Ready) << table << "." << field;
-        EXPECT_EQ(MissingFromFile(*g.store.Db), "");
+        EXPECT_EQ(MissingFromFile(g.store.Open()), "");
     }
 }
 
@@ -316,7 +316,7 @@ TEST_F(DamagedDatabaseTest, an_older_file_without_a_row_of_options_is_brought_up
     Make(TablesBut(DropAdded));
     RawFile(File()).Run("DELETE FROM Application");
     EXPECT_EQ(Start(), LoadResult::Ready);
-    EXPECT_EQ(MissingFromFile(*g.store.Db), "");
+    EXPECT_EQ(MissingFromFile(g.store.Open()), "");
     EXPECT_EQ(RawFile(File()).Rows("SELECT [12 or 24], [To Try], [DB Version] FROM Application"),
               Names{"12|S|8"});
 }

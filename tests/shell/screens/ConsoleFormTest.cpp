@@ -55,7 +55,7 @@ class ConsoleFormTest : public testing::Test {
         console->ShowModeless();
         QApplication::processEvents(); // it becomes the active window
     }
-    dao::Database& db() { return *g.store.Db; }
+    dao::Database& db() { return g.store.Open(); }
     std::vector<std::string> Departments() { return test::RowsOf(db(), "Department", {"Department name"}); }
     std::vector<std::string> LastNames() { return test::RowsOf(db(), "Employee", {"Last name"}); }
 
