@@ -26,6 +26,7 @@ constexpr int FieldExists = 3191;
 constexpr int CouldNotLock = 3260;
 constexpr int ItemNotFound = 3265;
 constexpr int UnrecognisedFormat = 3343;
+constexpr int NumberTooLarge = 3349;
 constexpr int OpenedExclusively = 3356;
 constexpr int ObjectInvalid = 3420;
 constexpr int InvalidIndex = 3015;

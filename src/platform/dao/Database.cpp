@@ -58,6 +58,9 @@ bool ScanRow::IsNull(int column) const {
 std::int64_t ScanRow::Long(int column) const {
     return sqlite3_column_int64(statement_, column);
 }
+int ScanRow::Int(int column) const {
+    return Narrowed(Long(column));
+}
 double ScanRow::Double(int column) const {
     return sqlite3_column_double(statement_, column);
 }

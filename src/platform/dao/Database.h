@@ -29,6 +29,7 @@ class ScanRow {
     explicit ScanRow(sqlite3_stmt* statement) : statement_(statement) {}
     bool IsNull(int column) const;
     std::int64_t Long(int column) const;     // Null gives 0
+    int Int(int column) const;               // Null gives 0; DaoError 3349 when out of the range of int
     double Double(int column) const;         // Null gives 0
     std::string_view Text(int column) const; // Null gives ""; time texts as the file holds them
 

@@ -52,6 +52,9 @@ std::string Field::Text(std::string_view ifNull) const {
 std::int64_t Field::Long(std::int64_t ifNull) const {
     return ToLong(Value(), ifNull);
 }
+int Field::Int(int ifNull) const {
+    return ToInt(Value(), ifNull);
+}
 double Field::Double(double ifNull) const {
     return ToDouble(Value(), ifNull);
 }

@@ -23,6 +23,8 @@ class Field {
     dao::Value Value() const;
     std::string Text(std::string_view ifNull = "") const;
     std::int64_t Long(std::int64_t ifNull = 0) const;
+    /// Throws DaoError 3349 when the number is out of the range of int.
+    int Int(int ifNull = 0) const;
     double Double(double ifNull = 0) const;
     bool Flag() const { return Long() != 0; } // Null is False
 

@@ -1,6 +1,9 @@
 #include "platform/dao/Value.h"
 
 #include "platform/basic/Number.h"
+#include "platform/dao/DaoError.h"
+
+#include <limits>
 
 namespace tvx::dao {
 
@@ -19,6 +22,17 @@ std::int64_t ToLong(const Value& value, std::int64_t ifNull) {
     if (const auto* whole = std::get_if<std::int64_t>(&value)) return *whole;
     if (IsNull(value)) return ifNull;
     return RoundHalfToEven(ToDouble(value));
+}
+
+int Narrowed(std::int64_t whole) {
+    using Range = std::numeric_limits<int>;
+    if (whole < Range::min() || whole > Range::max())
+        throw DaoError(error::NumberTooLarge, "Numeric field overflow.");
+    return static_cast<int>(whole);
+}
+
+int ToInt(const Value& value, int ifNull) {
+    return Narrowed(ToLong(value, ifNull));
 }
 
 double ToDouble(const Value& value, double ifNull) {

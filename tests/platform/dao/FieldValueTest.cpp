@@ -115,6 +115,23 @@ TEST_F(FieldValueTest, turns_texts_into_numbers_and_numbers_into_texts) {
     }
 }
 
+TEST_F(FieldValueTest, gives_no_int_that_another_program_made_too_large) {
+    AddShift(46086, 7);
+    db.reset();
+    test::RunSql(file, "UPDATE [Shift list] SET Worker = 4294967303");
+    db = engine.OpenDatabase(file);
+    Recordset shifts = db->OpenRecordset("Shift list");
+    EXPECT_EQ(shifts.Fields("Day").Int(), 46086);
+    EXPECT_EQ(shifts.Fields("Rate").Int(5), 5) << "Null";
+    EXPECT_EQ(shifts.Fields("Worker").Long(), 4294967303);
+    EXPECT_EQ(test::DaoErrorOf([&] { shifts.Fields("Worker").Int(); }), 3349) << "not 7";
+    db->Scan("SELECT [Day], Worker, Rate FROM [Shift list]", {}, [](const ScanRow& row) {
+        EXPECT_EQ(row.Int(0), 46086);
+        EXPECT_EQ(test::DaoErrorOf([&] { row.Int(1); }), 3349);
+        EXPECT_EQ(row.Int(2), 0);
+    });
+}
+
 TEST_F(FieldValueTest, keeps_numbers_as_they_are) {
     AddShift(1, 1);
     const double numbers[] = {0, .25, -.25, 7.1, 1e-9, 123456789.125, 46086.75, 1e300, -32768, 2147483647};

@@ -148,7 +148,7 @@ TEST_F(TwoWorkstationsTest, loses_no_change_when_both_count_in_one_record) {
             Transaction save(database);
             Recordset towns = database.OpenRecordset("Town list");
             towns.Edit();
-            towns.Fields("Town name") = static_cast<int>(towns.Fields("Town name").Long()) + 1;
+            towns.Fields("Town name") = towns.Fields("Town name").Int() + 1;
             towns.Update();
             AddTown(database, "new");
             save.Commit();

@@ -1,5 +1,7 @@
 #include "platform/dao/Value.h"
 
+#include "support/TestEngine.h"
+
 #include <gtest/gtest.h>
 
 namespace tvx::dao {
@@ -35,6 +37,19 @@ TEST(Value, rounds_half_to_even_as_a_whole_number) {
     EXPECT_EQ(ToLong(Nothing), 0);
     EXPECT_EQ(ToLong(Nothing, -1), -1);
     EXPECT_EQ(ToLong(std::int64_t{9007199254740993}), 9007199254740993) << "more than a real number holds";
+}
+
+TEST(Value, is_an_int_only_within_its_range) {
+    EXPECT_EQ(ToInt(std::int64_t{2147483647}), 2147483647);
+    EXPECT_EQ(ToInt(std::int64_t{-2147483648}), -2147483647 - 1);
+    EXPECT_EQ(ToInt(2.5), 2);
+    EXPECT_EQ(ToInt(std::string("12 hours")), 12);
+    EXPECT_EQ(ToInt(Nothing), 0);
+    EXPECT_EQ(ToInt(Nothing, -1), -1);
+    const Value outside[] = {std::int64_t{2147483648}, std::int64_t{-2147483649}, 1e300,
+                             std::string("9999999999")};
+    for (const Value& value : outside)
+        EXPECT_EQ(test::DaoErrorOf([&] { ToInt(value); }), 3349) << ToText(value);
 }
 
 TEST(Value, gives_a_leading_number_as_a_real) {
