@@ -1,7 +1,7 @@
 // A gauge on a flood panel.
 #pragma once
 
-#include "desktop/Controls.h"
+#include "desktop/FloodPanel.h"
 #include "platform/ports/Gauge.h"
 
 namespace tvx::qt {
