@@ -1,38 +1,41 @@
-// Shows a menu bar model in a window and keeps the two together.
+// Shows menu entries in a menu bar or a menu, and keeps their states together.
 #pragma once
 
 #include "desktop/Scale.h"
+#include "platform/ports/MenuBar.h"
 
 #include <QAction>
 #include <QMenu>
 #include <QMenuBar>
 
+#include <algorithm>
 #include <functional>
 #include <map>
 #include <string>
-#include <string_view>
+#include <vector>
 
 namespace tvx::qt {
 
-/// Builds actions for a model of the kind of shell's MenuBar and shows its states. Every action and menu has
-/// the entry's name as its objectName.
-template <typename Model>
+/// Builds actions for entries and shows their states. Every action and menu has the entry's name as its
+/// objectName.
 class MenuRenderer {
   public:
-    /// `chosen` gets the name of an entry that a person picks.
-    MenuRenderer(QMenuBar& bar, const Model& model, std::function<void(const std::string&)> chosen)
+    /// `holder` is a QMenuBar or a QMenu; `chosen` gets the name of an entry that a person picks.
+    template <typename Holder>
+    MenuRenderer(Holder& holder, const std::vector<MenuEntry>& entries,
+                 std::function<void(const std::string&)> chosen)
         : chosen_(std::move(chosen)) {
-        for (const auto& entry : model.Entries()) Build(bar, model, entry.name);
-        Show(model);
+        for (const MenuEntry& entry : entries) Build(holder, entry, HoldsOthers(entries, entry.name));
+        Show(entries);
     }
 
     /// Brings captions, enabled, visible and checked states up to date.
-    void Show(const Model& model) {
-        for (const auto& entry : model.Entries()) {
+    void Show(const std::vector<MenuEntry>& entries) {
+        for (const MenuEntry& entry : entries) {
             QAction& action = *actions_.at(entry.name);
             action.setText(ToQString(entry.caption));
             action.setVisible(entry.visible);
-            action.setEnabled(IsMenu(entry.name) ? entry.enabled : entry.enabled && entry.built);
+            action.setEnabled(menus_.contains(entry.name) ? entry.enabled : entry.enabled && entry.built);
             action.setCheckable(entry.checked);
             action.setChecked(entry.checked);
         }
@@ -44,27 +47,36 @@ class MenuRenderer {
     }
 
   private:
-    bool IsMenu(const std::string& name) const { return menus_.contains(name); }
+    static bool HoldsOthers(const std::vector<MenuEntry>& entries, const std::string& name) {
+        return std::any_of(entries.begin(), entries.end(),
+                           [&](const MenuEntry& other) { return other.parent == name; });
+    }
 
-    void Build(QMenuBar& bar, const Model& model, const std::string& name) {
-        const auto& entry = model[name];
-        QMenu* holder = entry.parent.empty() ? nullptr : menus_.at(entry.parent);
-        bool isMenu = false;
-        for (const auto& other : model.Entries()) isMenu = isMenu || other.parent == name;
+    template <typename Holder>
+    void Build(Holder& top, const MenuEntry& entry, bool isMenu) {
+        if (entry.parent.empty())
+            BuildIn(top, entry, isMenu);
+        else
+            BuildIn(*menus_.at(entry.parent), entry, isMenu);
+    }
+
+    template <typename Holder>
+    void BuildIn(Holder& holder, const MenuEntry& entry, bool isMenu) {
         QAction* action = nullptr;
         if (isMenu) {
-            QMenu* menu = holder != nullptr ? holder->addMenu(QString()) : bar.addMenu(QString());
-            menu->setObjectName(ToQString(name));
-            menus_[name] = menu;
+            QMenu* menu = holder.addMenu(QString());
+            menu->setObjectName(ToQString(entry.name));
+            menus_[entry.name] = menu;
             action = menu->menuAction();
         } else if (entry.separator) {
-            action = holder->addSeparator();
+            action = holder.addSeparator();
         } else {
-            action = holder != nullptr ? holder->addAction(QString()) : bar.addAction(QString());
-            QObject::connect(action, &QAction::triggered, action, [this, name] { chosen_(name); });
+            action = holder.addAction(QString());
+            QObject::connect(action, &QAction::triggered, action,
+                             [this, name = entry.name] { chosen_(name); });
         }
-        if (!isMenu) action->setObjectName(ToQString(name));
-        actions_[name] = action;
+        if (!isMenu) action->setObjectName(ToQString(entry.name));
+        actions_[entry.name] = action;
     }
 
     std::function<void(const std::string&)> chosen_;

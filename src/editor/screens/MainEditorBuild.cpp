@@ -73,8 +73,8 @@ void MainEditorForm::RemoveCancelMenuItem() {
 }
 
 void MainEditorForm::BuildMenus() {
-    menus_ = std::make_unique<MenuRenderer<MenuBar>>(
-        Menus(), menuModel_, Guarded([this](const std::string& entry) { Choose(entry); }));
+    menus_ = std::make_unique<MenuRenderer>(Menus(), menuModel_.Entries(),
+                                            Guarded([this](const std::string& entry) { Choose(entry); }));
 }
 
 LabelButton& MainEditorForm::AddTool(const char* name, int index, const std::string& caption,

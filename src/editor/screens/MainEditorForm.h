@@ -101,7 +101,7 @@ class MainEditorForm : public Form {
     EditorScreens& screens_;
     MenuBar menuModel_;
     BarDrag drag_;
-    std::unique_ptr<MenuRenderer<MenuBar>> menus_;
+    std::unique_ptr<MenuRenderer> menus_;
     std::unique_ptr<Gauge> gauge_;
 
     QWidget* strip_ = nullptr;

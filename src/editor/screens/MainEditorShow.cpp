@@ -32,7 +32,7 @@ void MainEditorForm::DrawDayHeader() {
 
 void MainEditorForm::ShowMenus() {
     UpdateEditorMenus(g_, menuModel_);
-    menus_->Show(menuModel_);
+    menus_->Show(menuModel_.Entries());
     Label8->setEnabled(g_.rights.SchedulingAllowed);
 }
 

@@ -49,8 +49,8 @@ class ConsoleForm::OpenedScreens : public EditorScreens {
 
 ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports)
     : Form(ports, "Form2", nullptr), g_(g), editorScreens_(std::make_unique<OpenedScreens>(g, ports)) {
-    menus_ = std::make_unique<MenuRenderer<MenuBar>>(
-        Menus(), model_.menus, Guarded([this](const std::string& entry) { Choose(entry); }));
+    menus_ = std::make_unique<MenuRenderer>(Menus(), model_.menus.Entries(),
+                                            Guarded([this](const std::string& entry) { Choose(entry); }));
     PlaceControls();
     Connect();
 }
@@ -103,7 +103,7 @@ void ConsoleForm::Connect() {
 }
 
 void ConsoleForm::ShowFace() {
-    menus_->Show(model_.menus);
+    menus_->Show(model_.menus.Entries());
     setWindowTitle(ToQString(model_.title));
     Label2->SetText(model_.Label2);
     Label2->setVisible(model_.Label2Visible);

@@ -47,7 +47,7 @@ class ConsoleForm : public Form {
     GlobalState& g_;
     std::unique_ptr<EditorScreens> editorScreens_;
     ConsoleFace model_;
-    std::unique_ptr<MenuRenderer<MenuBar>> menus_;
+    std::unique_ptr<MenuRenderer> menus_;
     QWidget* Frame1 = nullptr;   // holds the choice of the department
     QComboBox* Combo1 = nullptr; // department names
     Label* Label2 = nullptr;     // the one department
