@@ -40,13 +40,32 @@ Pattern ReadPattern(std::string_view text) {
     return pattern;
 }
 
-Decimal FromCurrency(Currency x) {
+std::uint64_t WithoutSign(std::int64_t number) {
+    return number < 0 ? 0 - static_cast<std::uint64_t>(number) : static_cast<std::uint64_t>(number);
+}
+
+/// A whole part and its decimals: `fraction` of `unit`, which is a power of ten.
+Decimal FromParts(std::uint64_t whole, std::uint64_t fraction, std::uint64_t unit) {
     Decimal decimal;
+    if (whole != 0) decimal.whole = std::to_string(whole);
+    decimal.fraction.assign(std::to_string(unit + fraction), 1); // with its leading zeros
+    return decimal;
+}
+
+Decimal FromCurrency(Currency x) {
+    constexpr std::uint64_t Unit = 10000;
+    const std::uint64_t scaled = WithoutSign(x.Scaled());
+    Decimal decimal = FromParts(scaled / Unit, scaled % Unit, Unit);
     decimal.negative = x.Scaled() < 0;
-    const auto scaled = decimal.negative ? 0 - static_cast<std::uint64_t>(x.Scaled())
-                                         : static_cast<std::uint64_t>(x.Scaled());
-    if (scaled / 10000 != 0) decimal.whole = std::to_string(scaled / 10000);
-    decimal.fraction.assign(std::to_string(10000 + scaled % 10000), 1); // with its leading zeros
+    return decimal;
+}
+
+Decimal FromWage(Wage x) {
+    constexpr std::uint64_t Unit = 40000;
+    constexpr std::uint64_t Millionths = 25; // of each of its parts
+    const std::uint64_t fourths = WithoutSign(x.Fourths());
+    Decimal decimal = FromParts(fourths / Unit, fourths % Unit * Millionths, Unit * Millionths);
+    decimal.negative = x.Fourths() < 0;
     return decimal;
 }
 
@@ -149,6 +168,10 @@ std::string Format(double x, std::string_view pattern) {
 
 std::string Format(Currency x, std::string_view pattern) {
     return Write(FromCurrency(x), pattern);
+}
+
+std::string Format(Wage x, std::string_view pattern) {
+    return Write(FromWage(x), pattern);
 }
 
 } // namespace tvx

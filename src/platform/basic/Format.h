@@ -17,4 +17,7 @@ std::string Format(double x, std::string_view pattern);
 /// The same on the exact four decimals of an amount of money.
 std::string Format(Currency x, std::string_view pattern);
 
+/// The same on a wage, whose six decimals are exact too.
+std::string Format(Wage x, std::string_view pattern);
+
 } // namespace tvx
