@@ -26,6 +26,13 @@ std::string Codes(std::string_view bytes) {
     return codes;
 }
 
+std::string Clock(int quarter) {
+    if (quarter == QuartersPerDay) return "midnight";
+    const int hour = quarter / 4 % 12 == 0 ? 12 : quarter / 4 % 12;
+    const std::string minutes = std::to_string(quarter % 4 * 15);
+    return std::to_string(hour) + (minutes.size() < 2 ? ":0" : ":") + minutes + (quarter < 48 ? "am" : "pm");
+}
+
 std::string Padded(int number) {
     const std::string digits = std::to_string(number);
     return std::string(digits.size() < 4 ? 4 - digits.size() : 0, '0') + digits;
@@ -186,8 +193,8 @@ std::vector<std::string> TestStore::Rows() const {
         " [Vacation day] FROM [Day Schedule] ORDER BY [Day Julian], Employee",
         {}, [&](const dao::ScanRow& row) {
             rows.push_back(std::to_string(row.Long(0)) + "|" + std::to_string(row.Long(1)) + "|" +
-                           std::string(row.Text(2)) + "|" + Codes(dao::DecodeTimeText(row.Text(3))) + "|" +
-                           TrimmedNumber(row.Double(4)) + "|" + TrimmedNumber(row.Double(5)) + "|" +
+                           std::string(row.Text(2)) + "|" + PeriodsText(dao::DecodeTimeText(row.Text(3))) +
+                           "|" + TrimmedNumber(row.Double(4)) + "|" + TrimmedNumber(row.Double(5)) + "|" +
                            std::string(row.Text(6)) + "|" + std::to_string(row.Long(7)));
         });
     return rows;
@@ -211,6 +218,20 @@ std::string StartsStops(const std::vector<std::pair<int, int>>& periods) {
         text[p + 7] = static_cast<char>(32 + periods[p].second);
     }
     return text;
+}
+
+std::string PeriodsText(const std::string& bytes) {
+    std::vector<std::pair<int, int>> periods;
+    std::string text;
+    for (std::size_t p = 0; p < 7 && bytes.size() == 14; ++p) {
+        const int start = static_cast<unsigned char>(bytes[p]) - 32;
+        const int stop = static_cast<unsigned char>(bytes[p + 7]) - 32;
+        if (start < 0 || start >= stop || stop > QuartersPerDay) break;
+        periods.emplace_back(start, stop);
+        text += (p == 0 ? "" : " ") + Clock(start) + "-" + Clock(stop);
+    }
+    if (bytes.empty()) return "no text";
+    return bytes == StartsStops(periods) ? text : Codes(bytes);
 }
 
 BarList Bars(const GlobalState& g, int employee) {

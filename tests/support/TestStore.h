@@ -55,7 +55,8 @@ class TestStore {
     /// Fills weeks with believable shifts for everybody, from a printed seed.
     void FillWeeks(DaySerial firstDay, int weeks, unsigned seed = 1);
 
-    /// Every row of `Day Schedule`, "day|employee|daytype|bytes as codes|hours|rate|mark|vacation", in order.
+    /// Every row of `Day Schedule`, "day|employee|daytype|periods|hours|rate|mark|vacation", in order;
+    /// periods as PeriodsText has them.
     std::vector<std::string> Rows() const;
 
     /// Builds the roster of the current department and sets up the grid, as the console does.
@@ -75,6 +76,10 @@ class TestStore {
 
 /// 14 bytes for work periods given as {start quarter, stop quarter} of a day.
 std::string StartsStops(const std::vector<std::pair<int, int>>& periods);
+
+/// Bytes of a stored day as times: "10:00am-12:30pm 1:00pm-midnight", "" for seven blanks twice, "no text"
+/// for no bytes. Bytes that this program would not write come as their codes.
+std::string PeriodsText(const std::string& bytes);
 
 /// The bars of an employee in memory.
 using BarList = std::vector<std::pair<int, int>>;

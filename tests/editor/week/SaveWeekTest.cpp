@@ -20,14 +20,6 @@ using Rows = std::vector<std::string>;
 
 constexpr DaySerial Sunday = 46082; // 1 March 2026
 
-/// The bytes of a stored day as the rows of a TestStore show them.
-std::string Codes(const std::vector<std::pair<int, int>>& periods) {
-    std::string codes;
-    for (const char byte : StartsStops(periods))
-        codes += (codes.empty() ? "" : " ") + std::to_string(static_cast<unsigned char>(byte));
-    return codes;
-}
-
 class SaveWeekTest : public testing::Test {
   protected:
     test::TestStore store;
@@ -45,10 +37,9 @@ class SaveWeekTest : public testing::Test {
     }
     void Load(DaySerial first = Sunday) { LoadWeek(g, store.ports(), first); }
     /// One row as it should stand.
-    std::string Row(DaySerial day, int key, const std::string& dayType,
-                    const std::vector<std::pair<int, int>>& periods, const std::string& rest) {
-        return std::to_string(day) + "|" + std::to_string(key) + "|" + dayType + "|" + Codes(periods) + "|" +
-               rest;
+    std::string Row(DaySerial day, int key, const std::string& dayType, const std::string& periods,
+                    const std::string& rest) {
+        return std::to_string(day) + "|" + std::to_string(key) + "|" + dayType + "|" + periods + "|" + rest;
     }
 };
 
@@ -59,7 +50,7 @@ TEST_F(SaveWeekTest, a_bar_is_stored_as_a_row_of_its_day) {
     test::SetBars(g, 1, {{36, 68}});
     g.week.WeekChanged = true;
     EXPECT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), Rows{"46082|1||68 32 32 32 32 32 32 100 32 32 32 32 32 32|8|7.25|W|0"});
+    EXPECT_EQ(store.Rows(), Rows{"46082|1||9:00am-5:00pm|8|7.25|W|0"});
     EXPECT_FALSE(g.week.WeekChanged);
 }
 
@@ -67,7 +58,7 @@ TEST_F(SaveWeekTest, a_salaried_day_carries_a_seventh_of_the_salary) {
     store.OpenWeek(Sunday);
     test::SetBars(g, 2, {{36, 69}});
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, brown, "", {{36, 69}}, "8.25|100|S|0")});
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, brown, "", "9:00am-5:15pm", "8.25|100|S|0")});
 }
 
 TEST_F(SaveWeekTest, the_rate_is_exact_to_four_decimals_or_a_whole_seventh) {
@@ -88,8 +79,8 @@ TEST_F(SaveWeekTest, a_bar_over_midnight_is_stored_in_two_rows_and_comes_back_as
     store.OpenWeek(Sunday);
     test::SetBars(g, 2, {{88, 120}});
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, brown, "", {{88, 96}}, "2|100|S|0"),
-                                  Row(Sunday + 1, brown, "", {{0, 24}}, "6|100|S|0")}));
+    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, brown, "", "10:00pm-midnight", "2|100|S|0"),
+                                  Row(Sunday + 1, brown, "", "12:00am-6:00am", "6|100|S|0")}));
     Load();
     EXPECT_EQ(test::Bars(g, 2), (BarList{{88, 120}}));
     EXPECT_EQ(g.totals.SalaryWeekQuarters, 32);
@@ -99,7 +90,7 @@ TEST_F(SaveWeekTest, midnight_is_stored_as_code_128) {
     store.OpenWeek(Sunday);
     test::SetBars(g, 1, {{0, 96}});
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), Rows{"46082|1||32 32 32 32 32 32 32 128 32 32 32 32 32 32|24|7.25|W|0"});
+    EXPECT_EQ(store.Rows(), Rows{"46082|1||12:00am-midnight|24|7.25|W|0"});
     // In the file it is the character of that number, and no code page's.
     EXPECT_EQ(RawFile(store.folder / "TVX.MDB")
                   .Rows("SELECT hex([Starts & Stops]), typeof([Starts & Stops]) FROM [Day Schedule]"),
@@ -117,7 +108,8 @@ TEST_F(SaveWeekTest, of_eight_bars_on_a_day_seven_are_stored) {
     test::SetBars(g, 1, bars);
     g.week.WeekChanged = true;
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", seven, "7|7.25|W|0")});
+    EXPECT_EQ(store.Rows(),
+              Rows{Row(Sunday, adams, "", test::PeriodsText(StartsStops(seven)), "7|7.25|W|0")});
     EXPECT_FALSE(g.week.WeekChanged);
     EXPECT_EQ(test::Bars(g, 1), bars) << "the week in memory stays";
 }
@@ -126,7 +118,7 @@ TEST_F(SaveWeekTest, a_daytype_alone_makes_a_row_without_time) {
     store.OpenWeek(Sunday);
     g.week.DayTypeText[3][1] = "V";
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), Rows{Row(Sunday + 2, adams, "V", {}, "0|7.25|W|0")});
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday + 2, adams, "V", "", "0|7.25|W|0")});
 }
 
 TEST_F(SaveWeekTest, a_daytype_of_blanks_counts_as_none) {
@@ -153,8 +145,8 @@ TEST_F(SaveWeekTest, the_eighth_day_is_written_too) {
     store.OpenWeek(Sunday);
     test::SetBars(g, 1, {{660, 700}});
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday + 6, adams, "", {{84, 96}}, "3|7.25|W|0"),
-                                  Row(Sunday + 7, adams, "", {{0, 28}}, "7|7.25|W|0")}));
+    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday + 6, adams, "", "9:00pm-midnight", "3|7.25|W|0"),
+                                  Row(Sunday + 7, adams, "", "12:00am-7:00am", "7|7.25|W|0")}));
 }
 
 // --- rows that are there already --------------------------------------------------------------------------
@@ -165,7 +157,7 @@ TEST_F(SaveWeekTest, a_day_that_was_emptied_loses_its_row) {
     store.OpenWeek(Sunday);
     test::SetBars(g, 1, {{132, 164}});
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), Rows{Row(Sunday + 1, adams, "", {{36, 68}}, "8|10|W|0")});
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday + 1, adams, "", "9:00am-5:00pm", "8|10|W|0")});
 }
 
 TEST_F(SaveWeekTest, a_row_that_holds_nothing_is_removed) {
@@ -184,7 +176,7 @@ TEST_F(SaveWeekTest, a_day_off_keeps_its_row_and_stores_no_time) {
     ASSERT_TRUE(Save());
     // The hours of the bars are written all the same.
     EXPECT_EQ(store.Rows(),
-              (Rows{Row(Sunday, adams, "", {}, "5|10|W|-1"), Row(Sunday + 1, adams, "", {}, "0|10|W|-1")}));
+              (Rows{Row(Sunday, adams, "", "", "5|10|W|-1"), Row(Sunday + 1, adams, "", "", "0|10|W|-1")}));
     EXPECT_EQ(test::Bars(g, 1), (BarList{{40, 60}}));
 }
 
@@ -195,8 +187,8 @@ TEST_F(SaveWeekTest, the_mark_of_a_day_off_is_never_changed_by_a_save) {
     g.week.DayOffFlag[2][1] = true;
     test::SetBars(g, 1, {{36, 68}, {132, 164}});
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, adams, "", {}, "8|10|W|-1"),
-                                  Row(Sunday + 1, adams, "", {{36, 68}}, "8|7.25|W|0")}));
+    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, adams, "", "", "8|10|W|-1"),
+                                  Row(Sunday + 1, adams, "", "9:00am-5:00pm", "8|7.25|W|0")}));
 }
 
 TEST_F(SaveWeekTest, a_rate_that_stands_in_a_row_stays) {
@@ -205,8 +197,8 @@ TEST_F(SaveWeekTest, a_rate_that_stands_in_a_row_stays) {
     store.OpenWeek(Sunday);
     test::SetBars(g, 1, {{36, 60}, {132, 150}});
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, adams, "", {{36, 60}}, "6|6.5|W|0"),
-                                  Row(Sunday + 1, adams, "", {{36, 54}}, "4.5|90|S|0")}));
+    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, adams, "", "9:00am-3:00pm", "6|6.5|W|0"),
+                                  Row(Sunday + 1, adams, "", "9:00am-1:30pm", "4.5|90|S|0")}));
 }
 
 TEST_F(SaveWeekTest, a_new_pay_does_not_change_the_past) {
@@ -217,8 +209,8 @@ TEST_F(SaveWeekTest, a_new_pay_does_not_change_the_past) {
     store.OpenWeek(Sunday);
     test::SetBars(g, 1, {{36, 69}, {132, 164}});
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, adams, "", {{36, 69}}, "8.25|7.25|W|0"),
-                                  Row(Sunday + 1, adams, "", {{36, 68}}, "8|99|W|0")}));
+    EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, adams, "", "9:00am-5:15pm", "8.25|7.25|W|0"),
+                                  Row(Sunday + 1, adams, "", "9:00am-5:00pm", "8|99|W|0")}));
 }
 
 TEST_F(SaveWeekTest, a_row_without_a_rate_gets_the_present_one) {
@@ -228,14 +220,14 @@ TEST_F(SaveWeekTest, a_row_without_a_rate_gets_the_present_one) {
     store.OpenWeek(Sunday);
     ASSERT_TRUE(Save());
     for (int d = 0; d < 3; ++d)
-        EXPECT_EQ(store.Rows()[d], Row(Sunday + d, adams, "", {{36, 68}}, "8|7.25|W|0"));
+        EXPECT_EQ(store.Rows()[d], Row(Sunday + d, adams, "", "9:00am-5:00pm", "8|7.25|W|0"));
 }
 
 TEST_F(SaveWeekTest, small_letters_of_a_daytype_become_capitals) {
     store.PutDay(Sunday, adams, StartsStops({{36, 68}}), "v");
     store.OpenWeek(Sunday);
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "V", {{36, 68}}, "8|10|W|0")});
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "V", "9:00am-5:00pm", "8|10|W|0")});
 }
 
 TEST_F(SaveWeekTest, a_row_of_the_eighth_day_alone_goes_with_a_save_of_the_week_before) {
@@ -261,7 +253,7 @@ TEST_F(SaveWeekTest, overwrites_what_another_workstation_wrote_meanwhile) {
     store.PutDay(Sunday, adams, StartsStops({{10, 20}}), "A", false, "W", 5);
     store.PutDay(Sunday + 1, brown, StartsStops({{10, 20}}));
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", {{36, 68}}, "8|5|W|0")});
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", "9:00am-5:00pm", "8|5|W|0")});
 }
 
 TEST_F(SaveWeekTest, an_unchanged_week_writes_nothing) {
@@ -306,7 +298,7 @@ TEST_F(SaveWeekTest, writes_every_person_of_a_sorted_roster_under_the_own_key) {
     std::swap(g.roster.RowOrder[1], g.roster.RowOrder[2]);
     test::SetBars(g, 1, {{36, 68}});
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", {{36, 68}}, "8|7.25|W|0")});
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", "9:00am-5:00pm", "8|7.25|W|0")});
 }
 
 // --- the gauge and the flags ------------------------------------------------------------------------------
@@ -342,7 +334,7 @@ TEST_F(SaveWeekTest, a_bar_in_hand_is_saved_with_the_week) {
     BarDrag(g).Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
     ASSERT_TRUE(Save());
     EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
-    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", {{36, 68}}, "8|10|W|0")});
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", "9:00am-5:00pm", "8|10|W|0")});
 }
 
 TEST_F(SaveWeekTest, a_bar_taken_while_the_gauge_appears_is_saved_with_the_week) {
@@ -354,7 +346,7 @@ TEST_F(SaveWeekTest, a_bar_taken_while_the_gauge_appears_is_saved_with_the_week)
         taken = true;
     });
     ASSERT_TRUE(Save());
-    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", {{36, 68}}, "8|10|W|0")});
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", "9:00am-5:00pm", "8|10|W|0")});
     BarDrag(g).Release({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
     EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
 }
@@ -491,7 +483,7 @@ TEST_F(LeaveWeekTest, a_bar_in_hand_is_a_change_to_be_asked_about) {
     drag.Move({MouseButton::Left, 60 * g.grid.QuarterWidth, 100});
     WillSay(Answer::Yes);
     EXPECT_TRUE(Go(1));
-    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", {{40, 60}}, "5|7.25|W|0")});
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", "10:00am-3:00pm", "5|7.25|W|0")});
 }
 
 } // namespace
