@@ -71,6 +71,22 @@ class MainEditorTest : public testing::Test {
             store.AddEmployee({.lastName = "Evans", .firstName = std::to_string(i)});
         store.g.screen.ScreenHeight = 3820 + 240 * rows;
     }
+    /// Explains a daytype to the department.
+    void ExplainDaytype(const std::string& symbol, const std::string& meaning) {
+        dao::Recordset rows = store.db().OpenRecordset("Day Types");
+        rows.AddNew();
+        rows.Fields("Dep number") = store.g.department.CurrentDepNumber;
+        rows.Fields("Symbol") = symbol;
+        rows.Fields("Explaination") = meaning;
+        rows.Update();
+    }
+    /// From how many quarters of a day, and of a week, on time is overtime.
+    void LimitTime(const std::string& day, const std::string& week) {
+        store.g.application.Settings[setting::DayOvertime] = day;
+        store.g.application.Settings[setting::WeekOvertime] = week;
+    }
+    /// The business day of the department begins so many quarters after midnight; the week on a Sunday.
+    void BeginDaysAt(int quarters) { store.g.department.DayCutoffQuarters = quarters; }
     void ShowHours(int hours) { store.g.screen.VisibleHours = hours; }
     void ForbidScheduling() { store.g.rights.SchedulingAllowed = false; }
     void HidePay() { store.g.rights.HideWages = true; }
