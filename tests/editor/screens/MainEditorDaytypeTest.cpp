@@ -1,0 +1,177 @@
+// The daytype boxes of the Main Editor, and its use without a mouse.
+#include "MainEditorFixture.h"
+
+namespace tvx {
+namespace {
+
+using MainEditorDaytypeTest = MainEditorTest;
+
+TEST_F(MainEditorDaytypeTest, a_box_takes_two_characters_and_no_more) {
+    Open();
+    TypeInto(3, "abc");
+    EXPECT_EQ(DaytypeOf(3), "AB");
+}
+
+TEST_F(MainEditorDaytypeTest, digits_pass_and_signs_do_not) {
+    Open();
+    TypeInto(3, "- 7;,.");
+    EXPECT_EQ(DaytypeOf(3), "7");
+    EXPECT_EQ(store.prompt().Beeps(), 0);
+}
+
+TEST_F(MainEditorDaytypeTest, backspace_takes_a_character_away) {
+    Open();
+    FocusBox(1);
+    test::Press(*form, Qt::Key_End);
+    test::Press(*form, Qt::Key_Backspace);
+    EXPECT_EQ(DaytypeOf(1), "C");
+    EXPECT_TRUE(HasChanges());
+    Click("Label8");
+    EXPECT_EQ(FileRows(), Rows{"46083|1|C|9:00am-5:00pm|8|10|W|0"});
+}
+
+TEST_F(MainEditorDaytypeTest, a_day_off_swallows_every_key) {
+    PutDayOff(Sunday + 1, 3);
+    Open();
+    TypeInto(3, "vw");
+    EXPECT_EQ(DaytypeOf(3), "");
+    EXPECT_FALSE(HasChanges());
+    test::Paste(test::Find<QWidget>(*form, "Text1(3)"), "V");
+    EXPECT_EQ(DaytypeOf(3), "");
+    ClickDay(3);
+    TypeInto(3, "v");
+    EXPECT_EQ(DaytypeOf(3), "V");
+}
+
+TEST_F(MainEditorDaytypeTest, who_may_not_schedule_is_told_at_the_first_key) {
+    ForbidScheduling();
+    Open();
+    store.prompt().Expect("Your authorization does not allow scheduling changes", box::Exclamation,
+                          "Scheduling not permitted");
+    TypeInto(3, "v");
+    EXPECT_EQ(DaytypeOf(3), "");
+    test::Paste(test::Find<QWidget>(*form, "Text1(3)"), "V");
+    EXPECT_EQ(DaytypeOf(3), "");
+    EXPECT_FALSE(HasChanges());
+}
+
+TEST_F(MainEditorDaytypeTest, a_pasted_symbol_is_filtered_and_saved_like_a_typed_one) {
+    Open();
+    test::Paste(test::Find<QWidget>(*form, "Text1(3)"), "-bkx");
+    EXPECT_EQ(DaytypeOf(3), "BK");
+    EXPECT_TRUE(HasChanges());
+    Click("Label8");
+    EXPECT_EQ(FileRows().back(), "46083|3|BK||0|10|W|0");
+}
+
+TEST_F(MainEditorDaytypeTest, a_symbol_from_an_input_method_or_a_drop_is_a_change_too) {
+    Open();
+    test::Compose(test::Find<QWidget>(*form, "Text1(3)"), "v");
+    EXPECT_EQ(DaytypeOf(3), "V");
+    EXPECT_TRUE(HasChanges());
+    test::Drop(test::Find<QWidget>(*form, "Text1(2)"), "x");
+    EXPECT_EQ(DaytypeOf(2), "X");
+    Click("Label8");
+    EXPECT_EQ(FileRows(),
+              (Rows{"46083|1|CA|9:00am-5:00pm|8|10|W|0", "46083|2|X||0|100|S|0", "46083|3|V||0|10|W|0"}));
+}
+
+TEST_F(MainEditorDaytypeTest, the_tip_of_a_box_explains_its_symbol) {
+    ExplainDaytype("CA", "Cakes");
+    Open();
+    const auto tip = [&](int row) {
+        auto& box = test::Find<QWidget>(*form, Indexed("Text1", row));
+        QTest::mouseMove(&box, QPoint(4, 4));
+        return box.toolTip().toStdString();
+    };
+    EXPECT_EQ(tip(1), "Cakes");
+    EXPECT_EQ(tip(2), "Place for Daytype");
+}
+
+TEST_F(MainEditorDaytypeTest, the_box_in_focus_is_yellow) {
+    Open();
+    FocusBox(2);
+    EXPECT_EQ(GroundOf("Text1(2)"), Yellow);
+    EXPECT_EQ(GroundOf("Text1(1)"), LightBlue);
+}
+
+// --- without a mouse --------------------------------------------------------------------------------------
+
+TEST_F(MainEditorDaytypeTest, the_arrows_walk_the_rows_and_come_round) {
+    Open();
+    FocusBox(1);
+    test::Press(*form, Qt::Key_Down);
+    EXPECT_EQ(Focus(), "Text1(2)");
+    test::Press(*form, Qt::Key_Up);
+    test::Press(*form, Qt::Key_Up);
+    EXPECT_EQ(Focus(), "Text1(3)");
+    test::Press(*form, Qt::Key_Down);
+    EXPECT_EQ(Focus(), "Text1(1)");
+}
+
+TEST_F(MainEditorDaytypeTest, tab_leads_from_the_boxes_to_the_options_and_round) {
+    Open();
+    FocusBox(1);
+    const Rows order = test::TabOrder(*form);
+    const auto place = [&](const char* name) { return std::find(order.begin(), order.end(), name); };
+    EXPECT_EQ((Rows{order.begin(), order.begin() + 3}), (Rows{"Text1(1)", "Text1(2)", "Text1(3)"}));
+    for (const char* tool : {"Label7(0)", "Label7(1)", "Label8", "Label12", "Label13", "Label18", "Label25",
+                             "Label4(1)", "Label4(12)"})
+        EXPECT_NE(place(tool), order.end()) << tool;
+}
+
+TEST_F(MainEditorDaytypeTest, the_space_bar_presses_a_tool_in_focus) {
+    Open();
+    test::Find<QWidget>(*form, "Label7(1)").setFocus();
+    test::Press(*form, Qt::Key_Space);
+    EXPECT_EQ(Title(), "Bakery,  Week from 8-Mar-2026  to  14-Mar-2026");
+    test::Find<QWidget>(*form, "Label4(3)").setFocus();
+    test::Press(*form, Qt::Key_Space);
+    EXPECT_EQ(TextOf("Label28"), "Week time");
+}
+
+TEST_F(MainEditorDaytypeTest, a_click_on_a_tool_leaves_the_focus_in_the_row) {
+    Open();
+    FocusBox(2);
+    Click("Label4(3)");
+    Click("Label25");
+    EXPECT_EQ(Focus(), "Text1(2)");
+}
+
+// --- for assistive tools ----------------------------------------------------------------------------------
+
+TEST_F(MainEditorDaytypeTest, everything_that_takes_input_has_a_name) {
+    Open();
+    EXPECT_EQ(test::Obstacles(*form), "");
+    EXPECT_EQ(test::SpokenName(test::Find<QWidget>(*form, "Text1(3)")), "Daytype of Clark Cleo");
+    EXPECT_EQ(test::SpokenName(test::Find<QWidget>(*form, "Label7(0)")), "Previous week");
+    EXPECT_EQ(test::SpokenName(test::Find<QWidget>(*form, "Label4(2)")), "Show Day wages");
+    EXPECT_EQ(test::SpokenName(Grid()), "Time bars");
+    EXPECT_EQ(test::SpokenName(Bar("HScroll1")), "Hours");
+    EXPECT_EQ(test::SpokenName(Bar("VScroll1")), "Rows");
+}
+
+TEST_F(MainEditorDaytypeTest, the_grid_has_a_row_for_everybody_with_its_place) {
+    Open();
+    const QAccessibleInterface* grid = QAccessible::queryAccessibleInterface(&Grid());
+    EXPECT_EQ(grid->role(), QAccessible::Table);
+    ASSERT_EQ(grid->childCount(), 3);
+    EXPECT_EQ(grid->child(3), nullptr);
+    const QAccessibleInterface* brown = grid->child(1);
+    EXPECT_EQ(brown->role(), QAccessible::Row);
+    EXPECT_EQ(grid->indexOfChild(brown), 1);
+    EXPECT_EQ(brown->parent(), grid);
+    const TwipsPoint lane = Lane(2, 40);
+    EXPECT_TRUE(brown->rect().contains(Grid().mapToGlobal(test::At(lane.x, lane.y))));
+    EXPECT_EQ(Spoken(2), "Brown Bob:");
+}
+
+TEST_F(MainEditorDaytypeTest, the_totals_are_spoken_with_their_name) {
+    Open();
+    auto& dayTime = test::Find<QWidget>(*form, "Label15(0)");
+    EXPECT_EQ(test::SpokenName(dayTime), "Day time");
+    EXPECT_EQ(dayTime.accessibleDescription().toStdString(), " 8:00");
+}
+
+} // namespace
+} // namespace tvx
