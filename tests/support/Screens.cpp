@@ -121,14 +121,17 @@ QPoint At(Twips x, Twips y) {
     return {qt::Pixels(x), qt::Pixels(y)};
 }
 
+void DragOn(QWidget& surface, TwipsPoint to) {
+    const QPoint at = At(to.x, to.y);
+    QMouseEvent move(QEvent::MouseMove, at, surface.mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(&surface, &move);
+}
+
 void DragAndHold(QWidget& surface, TwipsPoint from, TwipsPoint to, int steps) {
     QTest::mousePress(&surface, Qt::LeftButton, Qt::NoModifier, At(from.x, from.y));
-    for (int i = 1; i <= steps; ++i) {
-        const QPoint at = At(from.x + (to.x - from.x) * i / steps, from.y + (to.y - from.y) * i / steps);
-        QMouseEvent move(QEvent::MouseMove, at, surface.mapToGlobal(at), Qt::NoButton, Qt::LeftButton,
-                         Qt::NoModifier);
-        QApplication::sendEvent(&surface, &move);
-    }
+    for (int i = 1; i <= steps; ++i)
+        DragOn(surface, {from.x + (to.x - from.x) * i / steps, from.y + (to.y - from.y) * i / steps});
 }
 
 void Drag(QWidget& surface, TwipsPoint from, TwipsPoint to, int steps) {

@@ -36,6 +36,9 @@ void Drag(QWidget& surface, TwipsPoint from, TwipsPoint to, int steps = 6);
 /// The same without the release.
 void DragAndHold(QWidget& surface, TwipsPoint from, TwipsPoint to, int steps = 6);
 
+/// Moves on to a place with the left button held.
+void DragOn(QWidget& surface, TwipsPoint to);
+
 /// Fails tests that wait for a window in vain, or leave one waiting. Called once, before the tests run.
 void WatchOverTests();
 

@@ -153,6 +153,11 @@ class MainEditorTest : public testing::Test {
     }
     void Drag(int row, int from, int to) { test::Drag(Grid(), Lane(row, from), Lane(row, to)); }
     void DragAndHold(int row, int from, int to) { test::DragAndHold(Grid(), Lane(row, from), Lane(row, to)); }
+    /// Moves on with the button held, and lets go there.
+    void DragOnAndRelease(int row, int quarter) {
+        test::DragOn(Grid(), Lane(row, quarter));
+        Release(row, quarter);
+    }
     void Release(int row, int quarter) {
         const TwipsPoint at = Lane(row, quarter);
         QTest::mouseRelease(&Grid(), Qt::LeftButton, Qt::NoModifier, test::At(at.x, at.y));

@@ -162,7 +162,7 @@ TEST_F(MainEditorGestureTest, a_window_that_loses_the_front_keeps_the_bar_as_it_
     EXPECT_EQ(ValueOf(3), " 4:00");
     EXPECT_EQ(TextOf("Label15(0)"), "12:00");
     EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
-    Release(3, 60); // it comes too late
+    DragOnAndRelease(3, 60); // it comes too late
     EXPECT_EQ(Spoken(3), "Clark Cleo: 8:00am - Noon");
     form->activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(form.get()));
@@ -186,7 +186,7 @@ TEST_F(MainEditorGestureTest, another_day_ends_a_drag_on_the_day_where_it_began)
     Open();
     DragAndHold(3, 32, 48);
     ClickDay(4);
-    Release(3, 60);
+    DragOnAndRelease(3, 60);
     EXPECT_EQ(Spoken(3), "Clark Cleo:");
     EXPECT_EQ(TextOf("Label15(0)"), " 0:00");
     EXPECT_EQ(TextOf("Label15(1)"), "12:00");
@@ -201,7 +201,7 @@ TEST_F(MainEditorGestureTest, a_save_takes_the_bar_in_hand_along) {
     Click("Label8");
     EXPECT_EQ(FileRows(), RowOfClark("8:00am-12:00pm", "4"));
     EXPECT_FALSE(HasChanges());
-    Release(3, 60);
+    DragOnAndRelease(3, 60);
     EXPECT_EQ(Spoken(3), "Clark Cleo: 8:00am - Noon");
     EXPECT_FALSE(HasChanges());
 }
@@ -237,7 +237,7 @@ TEST_F(MainEditorGestureTest, the_arrow_asks_about_a_bar_in_hand_and_saves_it) {
     ExpectQuestion(Answer::Yes);
     Click("Label7(1)");
     EXPECT_EQ(FileRows(), RowOfClark("8:00am-12:00pm", "4"));
-    Release(3, 60);
+    DragOnAndRelease(3, 60);
     EXPECT_EQ(Spoken(3), "Clark Cleo:");
 }
 

@@ -148,7 +148,7 @@ TEST_F(MainEditorScrollTest, scrolled_rows_end_a_drag_in_the_row_where_it_began)
     Open();
     DragAndHold(3, 32, 48);
     Bar("VScroll1").setValue(2);
-    Release(3, 60);
+    DragOnAndRelease(3, 60);
     EXPECT_EQ(Spoken(1), "Clark Cleo: 8:00am - Noon");
     EXPECT_EQ(Spoken(3), "Evans 2:");
     Bar("VScroll1").setValue(0);
@@ -161,7 +161,7 @@ TEST_F(MainEditorScrollTest, scrolled_hours_end_a_drag_with_the_hours_that_it_ha
     Bar("HScroll1").setValue(0);
     DragAndHold(3, 32, 40);
     Bar("HScroll1").setValue(48);
-    Release(3, 90);
+    DragOnAndRelease(3, 90);
     EXPECT_EQ(Spoken(3), "Clark Cleo: 8:00am - 10:00am");
 }
 
