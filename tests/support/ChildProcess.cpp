@@ -41,14 +41,30 @@ std::string Ask(const std::function<void()>& first, const std::function<std::str
 } // namespace
 
 ChildProcess::ChildProcess(const Work& work) {
+    if (Fork()) Run(work);
+}
+
+ChildProcess::ChildProcess(const std::filesystem::path& program) {
+    if (Fork()) Become(program);
+}
+
+/// True in the new process.
+bool ChildProcess::Fork() {
     std::array<int, 2> ends{};
-    if (socketpair(AF_UNIX, SOCK_STREAM, 0, ends.data()) != 0) throw std::runtime_error("no pair of sockets");
+    if (socketpair(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0, ends.data()) != 0)
+        throw std::runtime_error("no pair of sockets");
     child_ = fork();
     if (child_ < 0) throw std::runtime_error("no second process");
     const bool here = child_ > 0;
     line_ = here ? ends[0] : ends[1];
     close(here ? ends[1] : ends[0]);
-    if (!here) Run(work);
+    return !here;
+}
+
+void ChildProcess::Become(const std::filesystem::path& program) const {
+    if (dup2(line_, STDIN_FILENO) >= 0 && dup2(line_, STDOUT_FILENO) >= 0)
+        execl(program.c_str(), program.c_str(), nullptr);
+    _exit(127);
 }
 
 void ChildProcess::Run(const Work& work) {

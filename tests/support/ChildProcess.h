@@ -1,6 +1,7 @@
 // A second process of a test: another workstation, or another user of this one.
 #pragma once
 
+#include <filesystem>
 #include <functional>
 #include <string>
 #include <string_view>
@@ -8,14 +9,17 @@
 
 namespace tvx::test {
 
-/// Runs work in a process of its own. Both sides talk in words, one line each. Start it before anything is
-/// opened that two processes must not share, a database above all.
+/// Runs work in a process of its own. Both sides talk in words, one line each. Start work of the test itself
+/// before anything is opened that two processes must not share, a database above all; a program shares
+/// nothing and may start at any time.
 class ChildProcess {
   public:
     using Work = std::function<void(ChildProcess& test)>;
 
     /// An exception that leaves the work is said as a word.
     explicit ChildProcess(const Work& work);
+    /// Runs a program, which hears the words on its input and says its own on its output.
+    explicit ChildProcess(const std::filesystem::path& program);
     /// Kills what still runs.
     ~ChildProcess();
     ChildProcess(const ChildProcess&) = delete;
@@ -31,7 +35,9 @@ class ChildProcess {
     bool Wait();
 
   private:
+    bool Fork();
     [[noreturn]] void Run(const Work& work);
+    [[noreturn]] void Become(const std::filesystem::path& program) const;
 
     pid_t child_ = -1;
     int line_ = -1;

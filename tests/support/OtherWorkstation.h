@@ -4,16 +4,16 @@
 #include "support/ChildProcess.h"
 
 #include <filesystem>
+#include <optional>
 #include <string>
 
 namespace tvx::test {
 
-/// Does what the test says, one thing at a time. Make it before the test opens its database.
+/// Does what the test says, one thing at a time. Its process starts with the first work, so that a test that
+/// needs none pays nothing; it shares nothing with the test, whose database may be open by then.
 class OtherWorkstation {
   public:
-    OtherWorkstation();
-
-    /// Opens the file there.
+    /// The file to work on; it is opened there when the first work is done.
     void Open(const std::filesystem::path& database);
     /// Begins a save and does not end it: the file is locked for every other writer.
     void Hold();
@@ -26,9 +26,12 @@ class OtherWorkstation {
     void Delete(const std::string& table, const std::string& where, const std::string& is);
 
   private:
+    void Work(const std::string& words);
     void Tell(const std::string& words);
 
-    ChildProcess process_;
+    std::optional<ChildProcess> process_;
+    std::filesystem::path database_;
+    bool open_ = false;
 };
 
 } // namespace tvx::test
