@@ -53,6 +53,12 @@ std::string FieldText(sqlite3_stmt* statement, int column) {
     return hex + "'";
 }
 
+int TakeFirst(void* answer, int count, char** values, char**) {
+    auto& text = *static_cast<std::string*>(answer);
+    if (text.empty() && count > 0 && values[0] != nullptr) text = values[0];
+    return 0;
+}
+
 } // namespace
 
 RawFile::RawFile(const std::filesystem::path& path) {
@@ -88,6 +94,19 @@ std::vector<std::string> RawFile::Rows(const std::string& sql, const std::vector
 
 std::string RawFile::Integrity() {
     return Rows("PRAGMA integrity_check").front();
+}
+
+std::string AskSql(const std::filesystem::path& path, const std::string& sql) {
+    sqlite3* handle = nullptr;
+    sqlite3_open(path.c_str(), &handle);
+    const std::unique_ptr<sqlite3, int (*)(sqlite3*)> closing(handle, sqlite3_close);
+    std::string answer;
+    if (sqlite3_exec(handle, sql.c_str(), TakeFirst, &answer, nullptr) != SQLITE_OK) Fail(handle, sql);
+    return answer;
+}
+
+void RunSql(const std::filesystem::path& path, const std::string& sql) {
+    AskSql(path, sql);
 }
 
 } // namespace tvx::test

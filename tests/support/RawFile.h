@@ -37,4 +37,11 @@ class RawFile {
     sqlite3* handle_ = nullptr;
 };
 
+/// Runs statements, any number, on a file through a connection that is closed at once; makes the file when it
+/// is missing, and sets nothing up that a damaged one could refuse. Throws std::runtime_error.
+void RunSql(const std::filesystem::path& path, const std::string& sql);
+
+/// The first column of the first row of the answer; "" when there is none.
+std::string AskSql(const std::filesystem::path& path, const std::string& sql);
+
 } // namespace tvx::test

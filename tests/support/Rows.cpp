@@ -1,9 +1,8 @@
 #include "support/Rows.h"
 
-#include <gtest/gtest.h>
-#include <sqlite3.h>
+#include "support/RawFile.h"
 
-#include <stdexcept>
+#include <gtest/gtest.h>
 
 namespace tvx::test {
 namespace {
@@ -46,12 +45,7 @@ void PutField(dao::Database& db, const std::string& table, const std::string& ke
 }
 
 void RunAsAnotherProgram(const dao::Database& db, const std::string& sql) {
-    sqlite3* file = nullptr;
-    sqlite3_open(db.Path().c_str(), &file);
-    const bool done = sqlite3_exec(file, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK;
-    const std::string trouble = sqlite3_errmsg(file);
-    sqlite3_close(file);
-    if (!done) throw std::runtime_error(sql + ": " + trouble);
+    RunSql(db.Path(), sql);
 }
 
 } // namespace tvx::test

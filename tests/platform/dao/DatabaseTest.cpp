@@ -1,8 +1,8 @@
 #include "platform/dao/Database.h"
 
-#include "platform/dao/RawFile.h"
 #include "platform/dao/ShiftList.h"
 #include "support/ChildProcess.h"
+#include "support/RawFile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,8 +1,8 @@
 #include "platform/basic/Text.h"
-#include "platform/dao/RawFile.h"
 #include "platform/dao/Recordset.h"
 #include "platform/dao/ShiftList.h"
 #include "support/Random.h"
+#include "support/RawFile.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "platform/dao/Recordset.h"
 
-#include "platform/dao/RawFile.h"
 #include "platform/dao/ShiftList.h"
+#include "support/RawFile.h"
 
 #include <gtest/gtest.h>
 

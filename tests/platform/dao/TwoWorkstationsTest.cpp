@@ -1,6 +1,6 @@
-#include "platform/dao/RawFile.h"
 #include "platform/dao/ShiftList.h"
 #include "support/ChildProcess.h"
+#include "support/RawFile.h"
 
 #include <gtest/gtest.h>
 
