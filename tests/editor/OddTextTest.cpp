@@ -124,7 +124,7 @@ TEST_F(OddTextTest, of_IDs_is_shared_by_the_same_bytes_after_the_trim) {
 
 TEST_F(OddTextTest, of_memos_is_loaded_as_it_stands) {
     RawFile file(store.folder / "TVX.MDB");
-    store.AddEmployee({"Adams", "Anna"});
+    store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     store.OpenEditor();
     for (std::size_t i = 0; i < OddTexts().size(); ++i)
         file.Run("INSERT INTO [Department day] (Day, [Dep number], Remarks) VALUES (?, ?, ?)",

@@ -180,7 +180,7 @@ TEST_F(DaytypeListTest, a_change_to_nothing_brings_a_beep) {
 }
 
 TEST_F(DaytypeListTest, stored_days_keep_the_symbol_that_they_were_saved_with) {
-    store.AddEmployee({"Adams"});
+    store.AddEmployee({.lastName = "Adams"});
     store.PutDay(46082, 1, test::StartsStops({{36, 68}}), "CA");
     const auto before = store.Rows();
     EXPECT_EQ(Change(2, "CH", "Cash"), DaytypeResult::Done);
@@ -232,8 +232,8 @@ class DropDaytypeTest : public DaytypeListTest {
   protected:
     void SetUp() override {
         DaytypeListTest::SetUp();
-        store.AddEmployee({"Adams", "Anna"});
-        store.AddEmployee({"Brown", "Bob"});
+        store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
+        store.AddEmployee({.lastName = "Brown", .firstName = "Bob"});
         store.OpenWeek(46082);
         g.week.CurrentEmployee = 2;
         g.week.CurrentDay = 3;

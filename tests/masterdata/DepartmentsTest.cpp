@@ -361,7 +361,7 @@ class DeleteDepartmentTest : public DepartmentsTest {
         g.department.CurrentDepName = name;
         g.department.CurrentDepNumber = number;
         for (const char* person : {"Adams", "Brown"}) {
-            const int key = store.AddEmployee({person});
+            const int key = store.AddEmployee({.lastName = person});
             store.PutDay(46082, key, test::StartsStops({{36, 68}}));
             store.PutDay(46083, key, test::StartsStops({{36, 68}}));
         }
@@ -424,7 +424,7 @@ TEST_F(DeleteDepartmentTest, of_nobody_leaves_every_schedule) {
 TEST_F(DeleteDepartmentTest, works_while_no_schedule_is_stored_at_all) {
     test::TestStore bare;
     bare.AddDepartment("Bakery");
-    bare.AddEmployee({"Adams"});
+    bare.AddEmployee({.lastName = "Adams"});
     bare.prompt().WillAnswer(Answer::Yes);
     EXPECT_TRUE(AskAndDeleteDepartment(bare.g, bare.prompt()));
     EXPECT_TRUE(RowsOf(bare.db(), "Employee", {"Employee"}).empty());

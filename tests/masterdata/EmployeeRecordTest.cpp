@@ -25,8 +25,8 @@ class EmployeeRecordTest : public testing::Test {
 
     void SetUp() override {
         store.AddDepartment("Bakery");
-        adams = store.AddEmployee({"Adams", "Anna", "7.25"});
-        store.AddEmployee({"Brown", "Bob", "700", false});
+        adams = store.AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "7.25"});
+        store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "700", .hourly = false});
         other.Open(store.folder / "TVX.MDB");
     }
     EmployeeRecord Load(int key) { return LoadEmployeeRecord(g, store.script.region, key); }
@@ -424,7 +424,7 @@ TEST_F(EmployeeRecordTest, keys_come_in_the_order_of_the_last_names_with_inactiv
     aaron.active = false;
     store.AddEmployee(aaron);
     store.AddDepartment("Stores");
-    store.AddEmployee({"Aardvark"});
+    store.AddEmployee({.lastName = "Aardvark"});
     g.department.CurrentDepNumber = 1;
     EXPECT_EQ(EmployeeKeys(g), (std::vector<int>{3, 1, 2}));
 }

@@ -26,7 +26,7 @@ class EmployeeSearchTest : public testing::Test {
 
     void SetUp() override {
         store.AddDepartment("Stores");
-        store.AddEmployee({"Adler", "Zoe"});
+        store.AddEmployee({.lastName = "Adler", .firstName = "Zoe"});
         store.AddDepartment("Bakery");
         store.AddEmployee(Person("Brown", "Bob", "102", "Baker"));
         store.AddEmployee(Person("adams", "Anna", "101", "Counter"));

@@ -24,8 +24,8 @@ class StoredShiftsTest : public testing::Test {
 
     void SetUp() override {
         store.AddDepartment("Bakery");
-        store.AddEmployee({"Adams", "Anna", "10"});
-        store.AddEmployee({"Brown", "Bob", "10"});
+        store.AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "10"});
+        store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "10"});
         store.OpenWeek(Sunday);
         On(1, 1);
     }

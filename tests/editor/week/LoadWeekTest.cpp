@@ -29,8 +29,8 @@ class LoadWeekTest : public testing::Test {
 
     void SetUp() override {
         store.AddDepartment("Bakery");
-        anna = store.AddEmployee({"Adams", "Anna", "7.25"});
-        bob = store.AddEmployee({"Brown", "Bob", "700", false});
+        anna = store.AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "7.25"});
+        bob = store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "700", .hourly = false});
     }
     void Load(DaySerial first = Sunday) { LoadWeek(g, store.ports(), first); }
     RawFile File() { return RawFile(store.folder / "TVX.MDB"); }
@@ -283,7 +283,7 @@ TEST_F(LoadWeekTest, forgets_a_memo_that_is_missing_in_a_row_that_stands) {
 TEST_F(LoadWeekTest, reads_the_figures_of_its_own_department_only) {
     store.PutFigures(Sunday, 1000, 50, "ours");
     store.AddDepartment("Dairy");
-    store.AddEmployee({"Clark", "Cleo"});
+    store.AddEmployee({.lastName = "Clark", .firstName = "Cleo"});
     store.PutFigures(Sunday, 7, 3, "theirs");
     store.OpenWeek(Sunday);
     EXPECT_EQ(g.week.DailySales[1], 7);
@@ -343,7 +343,7 @@ TEST_F(LoadWeekTest, of_another_roster_knows_nothing_of_a_gesture_that_was_left_
     drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 240 + 100});
     ASSERT_TRUE(g.drag.GestureOpen);
     store.AddDepartment("Dairy");
-    store.AddEmployee({"Clark", "Cleo"});
+    store.AddEmployee({.lastName = "Clark", .firstName = "Cleo"});
     store.OpenEditor();
     EXPECT_EQ(g.roster.EmployeeCount, 1);
     EXPECT_FALSE(drag.Settle());

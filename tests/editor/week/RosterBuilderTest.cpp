@@ -51,18 +51,18 @@ class ListingOrderTest : public RosterTest {
   protected:
     void SetUp() override {
         RosterTest::SetUp();
-        TestEmployee one{"brown", "Cleo"};
+        TestEmployee one{.lastName = "brown", .firstName = "Cleo"};
         one.id = "20";
         one.assignment = "till";
         one.birthDate = 30000;
         one.hireDate = 45000;
         store.AddEmployee(one);
-        TestEmployee two{"Adams", "dora"};
+        TestEmployee two{.lastName = "Adams", .firstName = "dora"};
         two.id = "3";
         two.assignment = "Oven";
         two.hireDate = 44000;
         store.AddEmployee(two); // no birth date
-        TestEmployee three{"Brown", "Anna"};
+        TestEmployee three{.lastName = "Brown", .firstName = "Anna"};
         three.id = "";
         three.assignment = "Apron";
         three.birthDate = 29000;
@@ -108,7 +108,8 @@ TEST_F(ListingOrderTest, that_is_unknown_is_order_1_when_nothing_was_listed_befo
 
 TEST_F(RosterTest, equal_names_stand_in_the_order_of_their_keys) {
     std::vector<int> keys;
-    for (int i = 0; i < 20; ++i) keys.push_back(store.AddEmployee({i % 2 == 0 ? "Smith" : "SMITH", "Al"}));
+    for (int i = 0; i < 20; ++i)
+        keys.push_back(store.AddEmployee({.lastName = i % 2 == 0 ? "Smith" : "SMITH", .firstName = "Al"}));
     for (const int order : {1, 2, 3, 4, 5, 6}) {
         Listed(order);
         EXPECT_EQ(std::vector<int>(g.roster.RosterEmployeeKey.begin() + 1, g.roster.RosterEmployeeKey.end()),
@@ -120,13 +121,13 @@ TEST_F(RosterTest, equal_names_stand_in_the_order_of_their_keys) {
 // --- who is listed ----------------------------------------------------------------------------------------
 
 TEST_F(RosterTest, holds_only_active_people_of_the_department) {
-    store.AddEmployee({"Adams", "Anna"});
-    TestEmployee left{"Brown", "Bob"};
+    store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
+    TestEmployee left{.lastName = "Brown", .firstName = "Bob"};
     left.active = false;
     store.AddEmployee(left);
     const int here = g.department.CurrentDepNumber;
     store.AddDepartment("Dairy");
-    store.AddEmployee({"Clark", "Cleo"});
+    store.AddEmployee({.lastName = "Clark", .firstName = "Cleo"});
     EXPECT_EQ(Listed(1), "Clark Cleo");
     g.department.CurrentDepNumber = here;
     EXPECT_EQ(Listed(1), "Adams Anna");
@@ -149,9 +150,9 @@ TEST_F(RosterTest, begins_with_every_row_in_its_own_place_and_an_empty_week) {
 }
 
 TEST_F(RosterTest, sums_the_weekly_salaries) {
-    store.AddEmployee({"Adams", "Anna", "700.50", false});
-    store.AddEmployee({"Brown", "Bob", "10", true});
-    store.AddEmployee({"Clark", "Cleo", "299.50", false});
+    store.AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "700.50", .hourly = false});
+    store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "10", .hourly = true});
+    store.AddEmployee({.lastName = "Clark", .firstName = "Cleo", .pay = "299.50", .hourly = false});
     ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
     EXPECT_EQ(g.TotalSalaries, 1000);
     ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
@@ -182,7 +183,7 @@ TEST_F(RosterTest, reads_missing_fields_as_nothing) {
 }
 
 TEST_F(RosterTest, takes_every_field_from_its_place) {
-    TestEmployee anna{"Adams", "Anna", "7.25"};
+    TestEmployee anna{.lastName = "Adams", .firstName = "Anna", .pay = "7.25"};
     anna.id = "A-7";
     anna.assignment = "Oven";
     anna.birthDate = 30000;
@@ -211,7 +212,7 @@ TEST_F(RosterTest, reads_the_leading_number_of_a_pay) {
     };
     const Case cases[] = {{"7.25", 7.25}, {"8.50 net", 8.5}, {"1,234", 1},   {"", 0},
                           {"none", 0},    {" 9 ", 9},        {"7.00005", 7}, {"7.00015", 7.0002}};
-    const int key = store.AddEmployee({"Adams", "Anna"});
+    const int key = store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     for (const Case& c : cases) {
         store.SetEmployee(key, "Pay", std::string(c.typed));
         ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
@@ -220,7 +221,7 @@ TEST_F(RosterTest, reads_the_leading_number_of_a_pay) {
 }
 
 TEST_F(RosterTest, takes_a_bar_colour_of_0_to_14_and_any_other_as_2) {
-    const int key = store.AddEmployee({"Adams", "Anna"});
+    const int key = store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     const auto colour = [&](const dao::Value& stored, const char* option) {
         store.SetEmployee(key, "EbarColor", stored);
         g.application.Settings[setting::BarColor] = option;
@@ -244,7 +245,7 @@ TEST(LaborTypeText, knows_four_codes) {
 }
 
 TEST_F(RosterTest, refuses_a_key_beyond_32767_and_keeps_the_roster_that_was_there) {
-    store.AddEmployee({"Adams", "Anna"});
+    store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
     dao::Recordset rs = store.db().OpenRecordset("Employee");
     rs.AddNew();
@@ -284,7 +285,7 @@ TEST_F(RosterTest, says_that_somebody_must_be_entered_first_and_keeps_what_was_t
 }
 
 TEST_F(RosterTest, that_was_ready_survives_an_empty_department) {
-    store.AddEmployee({"Adams", "Anna"});
+    store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     ASSERT_TRUE(PrepareRoster(g, store.prompt()));
     store.AddDepartment("Empty");
     EXPECT_EQ(BuildRoster(g), RosterResult::Empty);
@@ -300,7 +301,7 @@ class AllDepartmentsTest : public RosterTest {
     int dairy = 0;
 
     int Add(const std::string& name, const std::string& id, bool active = true) {
-        TestEmployee employee{name, "F", "500", false};
+        TestEmployee employee{.lastName = name, .firstName = "F", .pay = "500", .hourly = false};
         employee.id = id;
         employee.active = active;
         return store.AddEmployee(employee);
@@ -513,10 +514,10 @@ TEST(DecodeAvailability, survives_any_bytes) {
 }
 
 TEST_F(RosterTest, holds_the_hours_of_absence_that_the_file_holds) {
-    TestEmployee anna{"Adams", "Anna"};
+    TestEmployee anna{.lastName = "Adams", .firstName = "Anna"};
     std::tie(anna.availStart, anna.availStop) = Texts({{2, 1, 36, 96}, {3, 1, 0, 8}, {5, 1, 0, 96}});
     store.AddEmployee(anna);
-    store.AddEmployee({"Brown", "Bob"});
+    store.AddEmployee({.lastName = "Brown", .firstName = "Bob"});
     ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
     EXPECT_EQ(DecodedOf(g.roster, 1), (Decoded{2, {{132, 200}, {384, 480}}}));
     EXPECT_EQ(DecodedOf(g.roster, 2), (Decoded{0, {}}));

@@ -64,8 +64,8 @@ class TwoWorkstationsTest : public testing::Test {
     void SetUp() override {
         store = std::make_unique<test::TestStore>();
         store->AddDepartment("Bakery");
-        store->AddEmployee({"Adams", "Anna", "7.25"});
-        store->AddEmployee({"Brown", "Bob"});
+        store->AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "7.25"});
+        store->AddEmployee({.lastName = "Brown", .firstName = "Bob"});
         store->PutDay(Sunday, 1, test::StartsStops({{10, 20}}), "A");
         store->PutDay(Sunday + 3, 2, test::StartsStops({{30, 40}}));
         CloseDatabase(g().store, store->prompt());

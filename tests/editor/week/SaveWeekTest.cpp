@@ -29,8 +29,8 @@ class SaveWeekTest : public testing::Test {
 
     void SetUp() override {
         store.AddDepartment("Bakery");
-        adams = store.AddEmployee({"Adams", "Anna", "7.25"});
-        brown = store.AddEmployee({"Brown", "Bob", "700", false});
+        adams = store.AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "7.25"});
+        brown = store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "700", .hourly = false});
     }
     bool Save() {
         return SaveWeek(g, store.ports(), store.gauge, [this] { BarDrag(g).Settle(); });

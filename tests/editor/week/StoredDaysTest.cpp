@@ -202,9 +202,9 @@ class ReadStoredWeekTest : public testing::Test {
 
 TEST_F(ReadStoredWeekTest, finds_the_eight_days_of_the_roster_and_nothing_else) {
     store.AddDepartment("Bakery");
-    const int key = store.AddEmployee({"Adams", "Anna"});
+    const int key = store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     store.AddDepartment("Dairy");
-    const int other = store.AddEmployee({"Brown", "Bob"});
+    const int other = store.AddEmployee({.lastName = "Brown", .firstName = "Bob"});
     store.g.department.CurrentDepNumber -= 1;
     store.OpenEditor();
     const std::string text = StartsStops({{36, 68}});
@@ -220,7 +220,7 @@ TEST_F(ReadStoredWeekTest, finds_the_eight_days_of_the_roster_and_nothing_else) 
 
 TEST_F(ReadStoredWeekTest, reads_missing_fields_as_nothing) {
     store.AddDepartment("Bakery");
-    const int key = store.AddEmployee({"Adams", "Anna"});
+    const int key = store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     store.OpenEditor();
     test::RawFile(store.folder / "TVX.MDB")
         .Run("INSERT INTO [Day Schedule] ([Day Julian], Employee) VALUES (?, ?)",
@@ -230,7 +230,7 @@ TEST_F(ReadStoredWeekTest, reads_missing_fields_as_nothing) {
 
 TEST_F(ReadStoredWeekTest, knows_the_mark_of_a_frozen_rate) {
     store.AddDepartment("Bakery");
-    const int key = store.AddEmployee({"Adams", "Anna"});
+    const int key = store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     store.OpenEditor();
     int day = 0;
     for (const char* mark : {"W", "S", "", "w", "X"}) store.PutDay(Sunday + day++, key, "", "", false, mark);
@@ -257,8 +257,8 @@ TEST_F(ReadStoredWeekTest, reads_the_same_row_by_row_and_in_one_scan) {
 
 TEST_F(ReadStoredWeekTest, passes_over_rows_that_a_damaged_file_holds_out_of_their_place) {
     store.AddDepartment("Bakery");
-    store.AddEmployee({"Adams", "Anna"});
-    const int brown = store.AddEmployee({"Brown", "Bob"});
+    store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
+    const int brown = store.AddEmployee({.lastName = "Brown", .firstName = "Bob"});
     store.OpenEditor();
     for (DaySerial day = Sunday; day < Sunday + 8; ++day) store.PutDay(day, brown, "", "X");
     CloseDatabase(store.g.store, store.prompt());
@@ -290,8 +290,8 @@ class OddRowsTest : public testing::Test {
 
     void SetUp() override {
         store.AddDepartment("Bakery");
-        key = store.AddEmployee({"Adams", "Anna"});
-        store.AddEmployee({"Brown", "Bob"});
+        key = store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
+        store.AddEmployee({.lastName = "Brown", .firstName = "Bob"});
         store.OpenEditor();
         store.PutDay(Sunday + 1, key, "");
     }

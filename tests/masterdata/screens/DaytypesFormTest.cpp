@@ -27,8 +27,8 @@ class DaytypesFormTest : public testing::Test {
 
     void SetUp() override {
         store.AddDepartment("Bakery");
-        store.AddEmployee({"Adams", "Anna"});
-        store.AddEmployee({"Brown", "Bob"});
+        store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
+        store.AddEmployee({.lastName = "Brown", .firstName = "Bob"});
         for (const auto& [symbol, name] : {std::pair("CA", "Cashier"), {"BK", "Baker"}, {"D", "Driver"}})
             AddDaytype(g, store.prompt(), symbol, name);
         store.OpenWeek(Sunday);

@@ -28,9 +28,9 @@ class EmployeeFormTest : public testing::Test {
 
     void SetUp() override {
         store.AddDepartment("Bakery");
-        store.AddEmployee({"Adams", "Anna", "7.25"});
-        store.AddEmployee({"Brown", "Bob", "700", false});
-        store.AddEmployee({"Clark", "Cleo", "10"});
+        store.AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "7.25"});
+        store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "700", .hourly = false});
+        store.AddEmployee({.lastName = "Clark", .firstName = "Cleo", .pay = "10"});
         other.Open(store.folder / "TVX.MDB");
     }
     qt::EmployeeForm& Show(const char* command) {

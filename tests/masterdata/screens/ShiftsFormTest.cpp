@@ -29,7 +29,7 @@ class ShiftsFormTest : public testing::Test {
 
     void SetUp() override {
         store.AddDepartment("Bakery");
-        store.AddEmployee({"Adams", "Anna"});
+        store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
         store.OpenWeek(Sunday);
         g.week.CurrentEmployee = 1;
         g.week.CurrentDay = 3;

@@ -737,7 +737,7 @@ TEST(ExampleNote, tells_what_to_do_in_the_words_of_the_department) {
 
 TEST_F(ConsoleTest, scheduling_begins_with_an_unchanged_week_and_the_first_hour_of_the_options) {
     made.AddDepartment("Bakery");
-    made.AddEmployee({"Adams", "Anna"});
+    made.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     StartReady();
     g.week.WeekChanged = true;
     g.application.Settings[setting::StartHour] = "7";
@@ -759,7 +759,7 @@ TEST_F(ConsoleTest, scheduling_an_empty_department_leaves_the_console_as_it_was)
 
 TEST_F(ConsoleTest, scheduling_shows_the_trouble_of_the_store_and_goes_back) {
     made.AddDepartment("Bakery");
-    made.AddEmployee({"Adams", "Anna"});
+    made.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     StartReady();
     RawFile(File()).Run("DROP TABLE Employee");
     prompt().Expect("Database problem.. Error number is:3078.\nno such table: Employee", box::Stop,

@@ -38,9 +38,9 @@ class ConsoleFormTest : public testing::Test {
 
     void SetUp() override {
         made.AddDepartment("Bakery");
-        made.AddEmployee({"Adams", "Anna", "7.25"});
-        made.AddEmployee({"Brown", "Bob", "10"});
-        made.AddEmployee({"Clark", "Cleo", "10"});
+        made.AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "7.25"});
+        made.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "10"});
+        made.AddEmployee({.lastName = "Clark", .firstName = "Cleo", .pay = "10"});
         made.PutDay(Monday, 1, test::StartsStops({{36, 68}}), "CA");
         made.script.clock.Set(Monday);
     }
@@ -455,7 +455,7 @@ TEST_F(ConsoleFormTest, an_abandoned_shift_is_not_listed) {
 
 TEST_F(ConsoleFormTest, each_department_has_its_own_daytypes_and_shifts) {
     made.AddDepartment("Stores");
-    made.AddEmployee({"Stone", "Sam"});
+    made.AddEmployee({.lastName = "Stone", .firstName = "Sam"});
     test::WriteFile(made.folder / "2.SFT", "\"Stock\"\r\n1\r\n24\r\n40\r\n");
     Start();
     InEditor([this] { EXPECT_EQ(g.shifts.ShiftCount, 0); });

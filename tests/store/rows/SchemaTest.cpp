@@ -148,8 +148,8 @@ TEST_F(IndexTest, Dept_Nbr_finds_a_department) {
 
 TEST_F(IndexTest, Seq_finds_an_employee_by_number_or_text) {
     store.AddDepartment("Bakery");
-    store.AddEmployee({"Adams", "Anna"});
-    const int key = store.AddEmployee({"Brown", "Bob"});
+    store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
+    const int key = store.AddEmployee({.lastName = "Brown", .firstName = "Bob"});
     dao::Recordset rs = Open("Employee", "seq");
     rs.Seek({std::int64_t{key}});
     EXPECT_EQ(rs.Fields("Last name").Text(), "Brown");
@@ -204,12 +204,12 @@ TEST_F(IndexTest, TD_finds_a_daytype_without_case_and_Department_the_first_of_a_
 TEST(AutoNumber, of_a_deleted_employee_is_not_given_again) {
     test::TestStore store;
     store.AddDepartment("Bakery");
-    store.AddEmployee({"Adams", "Anna"});
-    const int last = store.AddEmployee({"Brown", "Bob"});
+    store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
+    const int last = store.AddEmployee({.lastName = "Brown", .firstName = "Bob"});
     dao::Recordset rs = store.db().OpenRecordset("Employee");
     rs.MoveLast();
     rs.Delete();
-    EXPECT_EQ(store.AddEmployee({"Clark", "Cleo"}), last + 1);
+    EXPECT_EQ(store.AddEmployee({.lastName = "Clark", .firstName = "Cleo"}), last + 1);
 }
 
 // --- the upgrade ------------------------------------------------------------------------------------------
