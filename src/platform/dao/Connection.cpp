@@ -4,6 +4,7 @@
 #include "platform/dao/DaoError.h"
 #include "platform/dao/TimeText.h"
 
+#include <algorithm>
 #include <system_error>
 
 namespace fs = std::filesystem;
@@ -11,6 +12,7 @@ namespace fs = std::filesystem;
 namespace tvx::dao {
 namespace {
 
+constexpr std::size_t MostKept = 64;             // statements
 constexpr std::uintmax_t SmallestDatabase = 512; // bytes; one page of the least size
 
 struct CodeMapping {
@@ -68,32 +70,52 @@ std::string KeyNameIn(const std::string& createText) {
 
 } // namespace
 
+void RequireParameters(std::size_t expected, std::size_t given) {
+    if (given == expected) return;
+    throw DaoError(error::TooFewParameters, "Too few parameters. Expected " + std::to_string(expected) + ".");
+}
+
+StatementUse::StatementUse(Connection& connection, const std::string& sql)
+    : connection_(connection), node_(connection.Take(sql)) {}
+
+StatementUse::StatementUse(Connection& connection, const std::string& sql, const std::vector<Value>& values)
+    : StatementUse(connection, sql) {
+    BindAll(values);
+}
+
 StatementUse::~StatementUse() {
-    sqlite3_reset(statement_);
-    sqlite3_clear_bindings(statement_);
+    sqlite3_reset(Handle());
+    sqlite3_clear_bindings(Handle());
+    connection_.GiveBack(std::move(node_));
+}
+
+void StatementUse::BindAll(const std::vector<Value>& values) {
+    RequireParameters(static_cast<std::size_t>(sqlite3_bind_parameter_count(Handle())), values.size());
+    for (std::size_t i = 0; i < values.size(); ++i) Bind(static_cast<int>(i) + 1, values[i]);
 }
 
 void StatementUse::Bind(int parameter, const Value& value) {
+    sqlite3_stmt* statement = Handle();
     int code = SQLITE_OK;
     if (IsNull(value))
-        code = sqlite3_bind_null(statement_, parameter);
+        code = sqlite3_bind_null(statement, parameter);
     else if (const auto* whole = std::get_if<std::int64_t>(&value))
-        code = sqlite3_bind_int64(statement_, parameter, *whole);
+        code = sqlite3_bind_int64(statement, parameter, *whole);
     else if (const auto* real = std::get_if<double>(&value))
-        code = sqlite3_bind_double(statement_, parameter, *real);
+        code = sqlite3_bind_double(statement, parameter, *real);
     else {
         const std::string& text = std::get<std::string>(value);
-        code = sqlite3_bind_text64(statement_, parameter, text.data(), text.size(), SQLITE_TRANSIENT,
+        code = sqlite3_bind_text64(statement, parameter, text.data(), text.size(), SQLITE_TRANSIENT,
                                    SQLITE_UTF8);
     }
-    if (code != SQLITE_OK) Connection::Fail(sqlite3_db_handle(statement_), code);
+    if (code != SQLITE_OK) Connection::Fail(sqlite3_db_handle(statement), code);
 }
 
 bool StatementUse::Step() {
-    const int code = sqlite3_step(statement_);
+    const int code = sqlite3_step(Handle());
     if (code == SQLITE_ROW) return true;
     if (code == SQLITE_DONE) return false;
-    Connection::Fail(sqlite3_db_handle(statement_), code);
+    Connection::Fail(sqlite3_db_handle(Handle()), code);
 }
 
 Value ColumnValue(sqlite3_stmt* statement, int column, FieldType type) {
@@ -113,6 +135,7 @@ Value ColumnValue(sqlite3_stmt* statement, int column, FieldType type) {
 }
 
 Connection::Connection(const fs::path& path, const EngineOptions& options) {
+    statements_.reserve(MostKept + 1); // so that giving one back needs no memory
     CheckFileIsThere(path);
     const int code = sqlite3_open_v2(path.c_str(), &handle_, SQLITE_OPEN_READWRITE, nullptr);
     try {
@@ -145,7 +168,6 @@ Connection::~Connection() {
 }
 
 void Connection::Close() {
-    for (const auto& [sql, statement] : statements_) sqlite3_finalize(statement);
     statements_.clear();
     sqlite3_close_v2(handle_);
     handle_ = nullptr;
@@ -176,17 +198,26 @@ void Connection::Fail(sqlite3* handle, int code) {
     throw DaoError(NumberOf(code, text), text);
 }
 
-sqlite3_stmt* Connection::Prepared(const std::string& sql) {
-    const auto known = statements_.equal_range(sql);
-    for (auto it = known.first; it != known.second; ++it)
-        if (sqlite3_stmt_busy(it->second) == 0) return it->second;
+KeptStatements::node_type Connection::Take(const std::string& sql) {
+    const auto known = statements_.find(sql);
+    if (known != statements_.end()) return statements_.extract(known);
     sqlite3_stmt* statement = nullptr;
     const int code = sqlite3_prepare_v3(Handle(), sql.data(), static_cast<int>(sql.size()),
                                         SQLITE_PREPARE_PERSISTENT, &statement, nullptr);
     if (code != SQLITE_OK) Fail(handle_, code);
     if (statement == nullptr) throw DaoError(error::SyntaxError, "Syntax error in query.");
-    statements_.emplace(sql, statement);
-    return statement;
+    KeptStatements::iterator made = statements_.emplace(sql, KeptStatement{{statement, sqlite3_finalize}, 0});
+    return statements_.extract(made);
+}
+
+void Connection::GiveBack(KeptStatements::node_type node) {
+    if (handle_ == nullptr) return; // closed meanwhile
+    node.mapped().lastUse = ++uses_;
+    statements_.insert(std::move(node));
+    if (statements_.size() <= MostKept) return;
+    statements_.erase(
+        std::min_element(statements_.begin(), statements_.end(),
+                         [](const auto& a, const auto& b) { return a.second.lastUse < b.second.lastUse; }));
 }
 
 void Connection::Execute(const std::string& sql) {
@@ -195,9 +226,9 @@ void Connection::Execute(const std::string& sql) {
 }
 
 std::vector<std::string> Connection::TableNames() {
-    StatementUse names(
-        Prepared("SELECT name FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite~_%'"
-                 " ESCAPE '~' ORDER BY name"));
+    StatementUse names(*this,
+                       "SELECT name FROM sqlite_schema WHERE type = 'table' AND name NOT LIKE 'sqlite~_%'"
+                       " ESCAPE '~' ORDER BY name");
     std::vector<std::string> found;
     while (names.Step()) found.push_back(ColumnText(names.Handle(), 0));
     return found;
@@ -219,8 +250,8 @@ TableDef Connection::ReadTable(const std::string& name) {
     std::string createText;
     {
         StatementUse find(
-            Prepared("SELECT name, sql FROM sqlite_schema WHERE type = 'table' AND name = ? COLLATE NOCASE"));
-        find.Bind(1, name);
+            *this, "SELECT name, sql FROM sqlite_schema WHERE type = 'table' AND name = ? COLLATE NOCASE",
+            {name});
         if (!find.Step())
             throw DaoError(error::TableNotFound,
                            "The database engine cannot find the input table or query '" + name + "'.");
@@ -230,8 +261,8 @@ TableDef Connection::ReadTable(const std::string& name) {
     std::map<int, std::string> keyFields; // by place in the key
     const bool counts = createText.find("AUTOINCREMENT") != std::string::npos;
     {
-        StatementUse columns(Prepared("SELECT name, type, pk FROM pragma_table_info(?) ORDER BY cid"));
-        columns.Bind(1, table.name);
+        StatementUse columns(*this, "SELECT name, type, pk FROM pragma_table_info(?) ORDER BY cid",
+                             {table.name});
         while (columns.Step()) {
             const int place = sqlite3_column_int(columns.Handle(), 2);
             table.fields.push_back(FieldOfDeclaration(ColumnText(columns.Handle(), 0),
@@ -242,10 +273,10 @@ TableDef Connection::ReadTable(const std::string& name) {
     table.key.name = KeyNameIn(createText);
     for (const auto& [place, field] : keyFields) table.key.fields.push_back(field);
 
-    StatementUse indexes(
-        Prepared("SELECT l.name, i.name FROM pragma_index_list(?) l, pragma_index_info(l.name) i"
-                 " WHERE l.origin = 'c' ORDER BY l.name, i.seqno"));
-    indexes.Bind(1, table.name);
+    StatementUse indexes(*this,
+                         "SELECT l.name, i.name FROM pragma_index_list(?) l, pragma_index_info(l.name) i"
+                         " WHERE l.origin = 'c' ORDER BY l.name, i.seqno",
+                         {table.name});
     const std::string prefix = table.name + ".";
     while (indexes.Step()) {
         std::string index = ColumnText(indexes.Handle(), 0);

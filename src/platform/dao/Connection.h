@@ -8,6 +8,7 @@
 
 #include <sqlite3.h>
 
+#include <cstdint>
 #include <filesystem>
 #include <map>
 #include <memory>
@@ -18,11 +19,27 @@
 
 namespace tvx::dao {
 
-/// A use of a kept statement: values are bound on construction, the statement is reset when the use ends, so
-/// that no lock outlives it.
+class Connection;
+
+/// A statement and when it was last needed.
+struct KeptStatement {
+    std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement;
+    std::uint64_t lastUse = 0;
+};
+
+/// By text; several where uses of one text are nested.
+using KeptStatements = std::unordered_multimap<std::string, KeptStatement>;
+
+/// Throws DaoError 3061 when the marks of a text are not as many as the values given for them.
+void RequireParameters(std::size_t expected, std::size_t given);
+
+/// A use of a statement, which is out of the connection's keeping meanwhile and goes back when the use ends,
+/// reset, so that no lock outlives it. Throws DaoError.
 class StatementUse {
   public:
-    explicit StatementUse(sqlite3_stmt* statement) : statement_(statement) {}
+    StatementUse(Connection& connection, const std::string& sql);
+    /// With values for all its marks, in order. Throws DaoError 3061 when they are more or fewer.
+    StatementUse(Connection& connection, const std::string& sql, const std::vector<Value>& values);
     ~StatementUse();
     StatementUse(const StatementUse&) = delete;
     StatementUse& operator=(const StatementUse&) = delete;
@@ -30,10 +47,12 @@ class StatementUse {
     void Bind(int parameter, const Value& value); // parameters count from 1
     /// True while there is a row. Throws DaoError.
     bool Step();
-    sqlite3_stmt* Handle() const { return statement_; }
+    sqlite3_stmt* Handle() const { return node_.mapped().statement.get(); }
 
   private:
-    sqlite3_stmt* statement_;
+    void BindAll(const std::vector<Value>& values);
+    Connection& connection_;
+    KeptStatements::node_type node_;
 };
 
 /// The value of a result column, read as the kind of its field.
@@ -52,8 +71,11 @@ class Connection {
     /// Makes an empty database file. Throws DaoError 3051 and leaves nothing when it cannot be made.
     static void MakeFile(const std::filesystem::path& path);
 
-    /// A statement for this text that nobody is reading from, prepared on first use. Throws DaoError.
-    sqlite3_stmt* Prepared(const std::string& sql);
+    /// A statement for this text out of the kept ones, or a new one. Throws DaoError.
+    KeptStatements::node_type Take(const std::string& sql);
+    /// Keeps a statement for the next use; of more than 64 the one that was not needed for longest goes.
+    void GiveBack(KeptStatements::node_type node);
+    std::size_t KeptCount() const { return statements_.size(); }
     void Execute(const std::string& sql);
     sqlite3* Handle() const;
 
@@ -70,8 +92,9 @@ class Connection {
     TableDef ReadTable(const std::string& name);
 
     sqlite3* handle_ = nullptr;
-    std::unordered_multimap<std::string, sqlite3_stmt*> statements_; // several where uses are nested
-    std::map<std::string, TableDef> tables_;                         // by name in capitals
+    KeptStatements statements_;
+    std::uint64_t uses_ = 0;
+    std::map<std::string, TableDef> tables_; // by name in capitals
 };
 
 } // namespace tvx::dao

@@ -18,6 +18,7 @@ constexpr int ReadOnly = 3027;
 constexpr int DiskError = 3043;
 constexpr int FileInUse = 3045;
 constexpr int CannotOpen = 3051;
+constexpr int TooFewParameters = 3061;
 constexpr int SyntaxError = 3075;
 constexpr int TableNotFound = 3078;
 constexpr int FieldTooSmall = 3163;

@@ -78,8 +78,8 @@ Database::~Database() {
     connection_->Close();
 }
 
-Recordset Database::OpenRecordset(const std::string& tableOrSql) {
-    return {connection_, tableOrSql};
+Recordset Database::OpenRecordset(const std::string& tableOrSql, const std::vector<Value>& parameters) {
+    return {connection_, tableOrSql, parameters};
 }
 
 // Immediate: a transaction that begins by reading and turns to writing would be refused at once when another
@@ -142,8 +142,7 @@ void Database::AppendField(std::string_view table, const FieldDef& field) {
 
 void Database::Scan(const std::string& sql, const std::vector<Value>& parameters,
                     const std::function<void(const ScanRow&)>& row) const {
-    StatementUse use(connection_->Prepared(sql));
-    for (std::size_t i = 0; i < parameters.size(); ++i) use.Bind(static_cast<int>(i) + 1, parameters[i]);
+    StatementUse use(*connection_, sql, parameters);
     const ScanRow present(use.Handle());
     while (use.Step()) row(present);
 }
@@ -211,7 +210,7 @@ void Engine::CompactDatabase(const fs::path& source, const fs::path& target) con
 void Engine::RepairDatabase(const fs::path& path) const {
     Connection connection(path, options_);
     connection.Execute("REINDEX");
-    StatementUse check(connection.Prepared("PRAGMA quick_check(1)"));
+    StatementUse check(connection, "PRAGMA quick_check(1)");
     const bool sound =
         check.Step() && Value(std::string("ok")) == ColumnValue(check.Handle(), 0, FieldType::Memo);
     if (!sound)

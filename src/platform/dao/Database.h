@@ -49,9 +49,10 @@ class Database {
 
     const std::filesystem::path& Path() const { return path_; }
 
-    /// Opens a table by name, or the rows of a select. A non-empty set stands on its first record.
-    /// Throws DaoError 3078 (no such table), 3265 (no such field), or 3075 (not understood).
-    Recordset OpenRecordset(const std::string& tableOrSql);
+    /// Opens a table by name, or the rows of a select, in which "?" stand for `parameters` in order: numbers
+    /// and texts are never written into it. A non-empty set stands on its first record. Throws DaoError 3078
+    /// (no such table), 3265 (no such field), 3075 (not understood), or 3061 (more or fewer parameters).
+    Recordset OpenRecordset(const std::string& tableOrSql, const std::vector<Value>& parameters = {});
 
     /// Takes the one write lock of the file, after waiting for another workstation for a bounded time.
     /// Throws DaoError 3260 when it stays locked.
@@ -74,7 +75,7 @@ class Database {
     void AppendField(std::string_view table, const FieldDef& field);
 
     /// Reads the rows of a select whole, one call of `row` each; nothing is locked when it returns.
-    /// "?" in the text stand for `parameters` in order.
+    /// "?" in the text stand for `parameters` in order. Throws DaoError like OpenRecordset.
     void Scan(const std::string& sql, const std::vector<Value>& parameters,
               const std::function<void(const ScanRow&)>& row) const;
 

@@ -71,12 +71,15 @@ Field& Field::operator=(const Field& other) {
     return *this;
 }
 
-Recordset::Recordset(std::shared_ptr<Connection> connection, const std::string& tableOrSql)
+Recordset::Recordset(std::shared_ptr<Connection> connection, const std::string& tableOrSql,
+                     const std::vector<Value>& parameters)
     : connection_(std::move(connection)) {
-    if (IsSelect(tableOrSql))
-        OpenSelect(tableOrSql);
-    else
+    if (IsSelect(tableOrSql)) {
+        OpenSelect(tableOrSql, parameters);
+    } else {
+        RequireParameters(0, parameters.size());
         OpenTable(tableOrSql);
+    }
 }
 
 void Recordset::OpenTable(const std::string& name) {
@@ -89,23 +92,25 @@ void Recordset::OpenTable(const std::string& name) {
     place_ = empty_ ? Place::None : Place::Record;
 }
 
-void Recordset::OpenSelect(const std::string& sql) {
+void Recordset::OpenSelect(const std::string& sql, const std::vector<Value>& parameters) {
     const SelectText select = ParseSelect(sql);
     table_ = Open().Table(select.table);
     keys_ = KeysOf(table_);
-    const std::string runnable = select.Runnable(keys_);
-    sqlite3_stmt* statement = Open().Prepared(runnable);
-    const int hidden = static_cast<int>(keys_.size());
-    for (int i = hidden; i < sqlite3_column_count(statement); ++i) {
-        const std::string name = sqlite3_column_name(statement, i);
+    StatementUse use(Open(), select.Runnable(keys_), parameters);
+    ReadColumns(use);
+    ReadRows(use);
+    empty_ = rows_.empty();
+    visited_ = empty_ ? 0 : 1;
+    place_ = empty_ ? Place::None : Place::Record;
+}
+
+void Recordset::ReadColumns(const StatementUse& select) {
+    for (int i = static_cast<int>(keys_.size()); i < sqlite3_column_count(select.Handle()); ++i) {
+        const std::string name = sqlite3_column_name(select.Handle(), i);
         const int position = table_.PositionOf(name);
         columns_.push_back(position >= 0 ? table_.fields[static_cast<std::size_t>(position)]
                                          : FieldDef{name, FieldType::Memo, 0});
     }
-    ReadRows(runnable, {});
-    empty_ = rows_.empty();
-    visited_ = empty_ ? 0 : 1;
-    place_ = empty_ ? Place::None : Place::Record;
 }
 
 Connection& Recordset::Open() const {
@@ -123,7 +128,7 @@ bool Recordset::AtEnd() const {
 std::int64_t Recordset::RecordCount() const {
     Connection& open = Open();
     if (!isTable_) return static_cast<std::int64_t>(visited_);
-    StatementUse count(open.Prepared("SELECT count(*) FROM " + Bracketed(table_.name)));
+    StatementUse count(open, "SELECT count(*) FROM " + Bracketed(table_.name));
     count.Step();
     return sqlite3_column_int64(count.Handle(), 0);
 }
@@ -142,9 +147,7 @@ std::string Recordset::KeyList(std::string_view direction) const {
     return list;
 }
 
-void Recordset::ReadRows(const std::string& sql, const std::vector<Value>& parameters) {
-    StatementUse use(Open().Prepared(sql));
-    for (std::size_t i = 0; i < parameters.size(); ++i) use.Bind(static_cast<int>(i) + 1, parameters[i]);
+void Recordset::ReadRows(StatementUse& use) {
     std::vector<Row> rows;
     const int hidden = static_cast<int>(keys_.size());
     while (use.Step()) {
@@ -167,7 +170,8 @@ void Recordset::LoadPage(const std::vector<Value>& after, Page page) {
     }
     const std::size_t most = page == Page::Next ? PageRows : 1;
     sql += " ORDER BY " + KeyList(page == Page::Last ? " DESC" : "") + " LIMIT " + std::to_string(most);
-    ReadRows(sql, after);
+    StatementUse use(Open(), sql, after);
+    ReadRows(use);
     lastPage_ = page == Page::Last || rows_.size() < most;
 }
 
@@ -258,7 +262,8 @@ void Recordset::Seek(std::initializer_list<Value> keys) {
     sql += " ORDER BY ";
     for (; i < index_.fields.size(); ++i) sql += Bracketed(index_.fields[i]) + ", ";
     sql += KeyList("") + " LIMIT 1";
-    ReadRows(sql, std::vector<Value>(keys));
+    StatementUse use(Open(), sql, std::vector<Value>(keys));
+    ReadRows(use);
     // What follows the record found is read by a move, from its key on.
     lastPage_ = false;
     noMatch_ = rows_.empty();
@@ -364,7 +369,7 @@ const std::string& Recordset::WriteText() {
 }
 
 void Recordset::InsertPending() {
-    StatementUse use(Open().Prepared(WriteText()));
+    StatementUse use(Open(), WriteText());
     int parameter = 0;
     for (std::size_t i = 0; i < columns_.size(); ++i)
         if (drafted_[i]) use.Bind(++parameter, Stored(columns_[i], draft_[i]));
@@ -376,7 +381,7 @@ void Recordset::WriteChanges() {
     Row& row = rows_[at_];
     if (std::find(drafted_.begin(), drafted_.end(), true) == drafted_.end()) return;
     {
-        StatementUse use(Open().Prepared(WriteText()));
+        StatementUse use(Open(), WriteText());
         int parameter = 0;
         for (std::size_t i = 0; i < columns_.size(); ++i)
             if (drafted_[i]) use.Bind(++parameter, Stored(columns_[i], draft_[i]));
@@ -398,8 +403,7 @@ void Recordset::WriteChanges() {
 void Recordset::Delete() {
     Open();
     const Row& row = Current();
-    StatementUse use(Open().Prepared("DELETE FROM " + Bracketed(table_.name) + KeyTest()));
-    for (std::size_t k = 0; k < row.key.size(); ++k) use.Bind(static_cast<int>(k) + 1, row.key[k]);
+    StatementUse use(Open(), "DELETE FROM " + Bracketed(table_.name) + KeyTest(), row.key);
     use.Step();
     DropPending();
     place_ = Place::Deleted;

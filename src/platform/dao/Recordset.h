@@ -15,6 +15,7 @@ namespace tvx::dao {
 
 class Connection;
 class Recordset;
+class StatementUse;
 
 /// One field of the current record, for reading and, between AddNew or Edit and Update, for writing.
 class Field {
@@ -110,9 +111,10 @@ class Recordset {
         std::vector<Value> keyAsRead; // when a write has changed the key: a walk goes on from where it was
     };
 
-    Recordset(std::shared_ptr<Connection> connection, const std::string& tableOrSql);
+    Recordset(std::shared_ptr<Connection> connection, const std::string& tableOrSql,
+              const std::vector<Value>& parameters);
     void OpenTable(const std::string& name);
-    void OpenSelect(const std::string& sql);
+    void OpenSelect(const std::string& sql, const std::vector<Value>& parameters);
 
     Connection& Open() const;
     const Row& Current() const;
@@ -120,7 +122,8 @@ class Recordset {
     bool TakeOutDeleted();
     void DropPending();
     void LoadPage(const std::vector<Value>& after, Page page);
-    void ReadRows(const std::string& sql, const std::vector<Value>& parameters);
+    void ReadColumns(const StatementUse& select);
+    void ReadRows(StatementUse& use);
     std::string SelectList() const;
     std::string KeyList(std::string_view direction) const;
     Value Checked(std::size_t position, Value value) const;

@@ -28,6 +28,28 @@ TEST_F(SelectTest, orders_without_case_Null_first_and_ties_by_key) {
     EXPECT_EQ(Numbers(""), "1 2 3 4 5 ") << "by key where nothing is said";
 }
 
+TEST_F(SelectTest, takes_values_for_its_marks_in_order) {
+    const std::string byName = "SELECT [Town number], [Town name] FROM [Town list] WHERE [Town name] = ? AND"
+                               " [Town number] > ? ORDER BY [Town name]";
+    Recordset towns = db->OpenRecordset(byName, {"Ulm", std::int64_t{1}});
+    EXPECT_EQ(towns.Fields("Town name").Text(), "ULM");
+    towns.Edit();
+    towns.Fields("Town name") = "Trier";
+    towns.Update();
+    EXPECT_EQ(All(db->OpenRecordset(byName, {"trier", 0})), "3 ");
+    EXPECT_EQ(All(db->OpenRecordset(byName, {"Ulm' OR '1' = '1", 0})), "") << "a text is never read as SQL";
+    EXPECT_EQ(All(db->OpenRecordset(byName, {Null{}, 0})), "") << "nothing equals Null";
+}
+
+TEST_F(SelectTest, refuses_more_or_fewer_values_than_it_has_marks) {
+    const std::string one = "SELECT * FROM [Town list] WHERE [Town number] = ?";
+    EXPECT_EQ(test::DaoErrorOf([&] { db->OpenRecordset(one); }), 3061);
+    EXPECT_EQ(test::DaoErrorOf([&] { db->OpenRecordset(one, {1, 2}); }), 3061);
+    EXPECT_EQ(test::DaoErrorOf([&] { db->OpenRecordset("Town list", {1}); }), 3061);
+    EXPECT_EQ(test::DaoErrorOf([&] { db->Scan(one, {}, [](const ScanRow&) {}); }), 3061);
+    EXPECT_EQ(All(db->OpenRecordset(one, {2})), "2 ") << "the statement is of use as before";
+}
+
 TEST_F(SelectTest, puts_yes_before_no) {
     EXPECT_EQ(Numbers("ORDER BY Open"), "1 3 4 2 5 ");
     EXPECT_EQ(Numbers("ORDER BY Open DESC, [Town name]"), "5 2 4 1 3 ");
