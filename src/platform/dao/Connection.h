@@ -1,15 +1,11 @@
-// One open SQLite file: statements prepared once and kept, result codes turned into the engine's numbers.
-// Private to this folder.
+// A session with its statements kept for their next use and its tables known. Private to this folder.
 #pragma once
 
-#include "platform/dao/Database.h"
 #include "platform/dao/FieldType.h"
+#include "platform/dao/Session.h"
 #include "platform/dao/Value.h"
 
-#include <sqlite3.h>
-
 #include <cstdint>
-#include <filesystem>
 #include <map>
 #include <memory>
 #include <string>
@@ -23,7 +19,7 @@ class Connection;
 
 /// A statement and when it was last needed.
 struct KeptStatement {
-    std::unique_ptr<sqlite3_stmt, int (*)(sqlite3_stmt*)> statement;
+    std::unique_ptr<Statement> statement;
     std::uint64_t lastUse = 0;
 };
 
@@ -44,54 +40,46 @@ class StatementUse {
     StatementUse(const StatementUse&) = delete;
     StatementUse& operator=(const StatementUse&) = delete;
 
-    void Bind(int parameter, const Value& value); // parameters count from 1
+    void Bind(int parameter, const Value& value) { statement_.Bind(parameter, value); } // they count from 1
     /// True while there is a row. Throws DaoError.
-    bool Step();
-    sqlite3_stmt* Handle() const { return node_.mapped().statement.get(); }
+    bool Step() { return statement_.Step(); }
+    const Statement& Row() const { return statement_; }
 
   private:
     void BindAll(const std::vector<Value>& values);
     Connection& connection_;
     KeptStatements::node_type node_;
+    Statement& statement_;
 };
 
 /// The value of a result column, read as the kind of its field.
-Value ColumnValue(sqlite3_stmt* statement, int column, FieldType type);
+Value ColumnValue(const Statement& row, int column, FieldType type);
 
 class Connection {
   public:
-    Connection(const std::filesystem::path& path, const EngineOptions& options);
-    ~Connection();
-    Connection(const Connection&) = delete;
-    Connection& operator=(const Connection&) = delete;
+    explicit Connection(std::unique_ptr<Session> session);
 
-    /// Closes the file; an open transaction is rolled back. Every later use throws DaoError 3420.
+    /// Closes the session; an open transaction is rolled back. Every later use throws DaoError 3420.
     void Close();
+    /// Throws DaoError 3420 when it is closed.
+    Session& OpenSession() const;
 
-    /// Makes an empty database file. Throws DaoError 3051 and leaves nothing when it cannot be made.
-    static void MakeFile(const std::filesystem::path& path);
-
-    /// A statement for this text out of the kept ones, or a new one. Throws DaoError.
+    /// A statement for this text of the system's SQL out of the kept ones, or a new one. Throws DaoError.
     KeptStatements::node_type Take(const std::string& sql);
     /// Keeps a statement for the next use; of more than 64 the one that was not needed for longest goes.
     void GiveBack(KeptStatements::node_type node);
     std::size_t KeptCount() const { return statements_.size(); }
+
+    /// Runs a text of the system's SQL once.
     void Execute(const std::string& sql);
-    sqlite3* Handle() const;
 
     /// The table as the file declares it, without regard to case. Throws DaoError 3078.
     const TableDef& Table(std::string_view name);
-    std::vector<std::string> TableNames();
     /// After the file's tables were changed.
     void ForgetTables();
 
-    [[noreturn]] static void Fail(sqlite3* handle, int code);
-
   private:
-    void SetUp(const EngineOptions& options);
-    TableDef ReadTable(const std::string& name);
-
-    sqlite3* handle_ = nullptr;
+    std::unique_ptr<Session> session_;
     KeptStatements statements_;
     std::uint64_t uses_ = 0;
     std::map<std::string, TableDef> tables_; // by name in capitals

@@ -3,6 +3,7 @@
 #include "platform/dao/Connection.h"
 #include "platform/dao/DaoError.h"
 #include "platform/dao/Recordset.h"
+#include "platform/dao/SqliteSession.h"
 
 #include <system_error>
 
@@ -19,21 +20,14 @@ void RefuseExisting(const fs::path& path) {
         throw DaoError(AlreadyExists, "Database already exists: '" + path.string() + "'.");
 }
 
-std::string Quoted(const std::string& text) {
-    std::string quoted = "'";
-    for (const char c : text) quoted += c == '\'' ? "''" : std::string(1, c);
-    return quoted + "'";
-}
-
 /// Several statements that happen all or not at all, inside a transaction as well as outside.
 class Step {
   public:
-    explicit Step(Connection& connection) : connection_(connection) { connection_.Execute("SAVEPOINT step"); }
+    explicit Step(Session& session) : session_(session) { session_.BeginPart(); }
     ~Step() {
         if (kept_) return;
         try {
-            connection_.Execute("ROLLBACK TO step");
-            connection_.Execute("RELEASE step");
+            session_.UndoPart();
         } catch (const DaoError&) {
             return; // the engine has undone everything by itself
         }
@@ -41,38 +35,36 @@ class Step {
     Step(const Step&) = delete;
     Step& operator=(const Step&) = delete;
     void Keep() {
-        connection_.Execute("RELEASE step");
+        session_.KeepPart();
         kept_ = true;
     }
 
   private:
-    Connection& connection_;
+    Session& session_;
     bool kept_ = false;
 };
 
 } // namespace
 
 bool ScanRow::IsNull(int column) const {
-    return sqlite3_column_type(statement_, column) == SQLITE_NULL;
+    return statement_.Kind(column) == ColumnKind::Nothing;
 }
 std::int64_t ScanRow::Long(int column) const {
-    return sqlite3_column_int64(statement_, column);
+    return statement_.Whole(column);
 }
 int ScanRow::Int(int column) const {
     return Narrowed(Long(column));
 }
 double ScanRow::Double(int column) const {
-    return sqlite3_column_double(statement_, column);
+    return statement_.Real(column);
 }
 
 std::string_view ScanRow::Text(int column) const {
-    const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_, column));
-    if (text == nullptr) return {};
-    return {text, static_cast<std::size_t>(sqlite3_column_bytes(statement_, column))};
+    return statement_.Text(column);
 }
 
-Database::Database(const fs::path& path, const EngineOptions& options)
-    : path_(path), connection_(std::make_shared<Connection>(path, options)) {}
+Database::Database(const fs::path& path, std::unique_ptr<Session> session)
+    : path_(path), connection_(std::make_shared<Connection>(std::move(session))) {}
 
 Database::~Database() {
     connection_->Close();
@@ -82,28 +74,26 @@ Recordset Database::OpenRecordset(const std::string& tableOrSql, const std::vect
     return {connection_, tableOrSql, parameters};
 }
 
-// Immediate: a transaction that begins by reading and turns to writing would be refused at once when another
-// workstation did the same.
 void Database::BeginTrans() {
-    connection_->Execute("BEGIN IMMEDIATE");
+    connection_->OpenSession().Begin(Access::Write);
 }
 
 void Database::CommitTrans() {
-    connection_->Execute("COMMIT");
+    connection_->OpenSession().Commit();
 }
 
 void Database::Rollback() {
     if (!InTransaction()) return;
-    connection_->Execute("ROLLBACK");
+    connection_->OpenSession().Rollback();
     connection_->ForgetTables(); // those that the transaction made or changed are as before
 }
 
 bool Database::InTransaction() const {
-    return sqlite3_get_autocommit(connection_->Handle()) == 0;
+    return connection_->OpenSession().InTransaction();
 }
 
 std::vector<std::string> Database::TableNames() const {
-    return connection_->TableNames();
+    return connection_->OpenSession().TableNames();
 }
 
 const TableDef& Database::Table(std::string_view name) const {
@@ -121,8 +111,9 @@ bool Database::HasTable(std::string_view name) const {
 }
 
 void Database::CreateTable(const TableDef& table) {
-    const std::vector<std::string> statements = CreateStatements(table);
-    Step step(*connection_);
+    Session& session = connection_->OpenSession();
+    const std::vector<std::string> statements = CreateStatements(table, session.Words());
+    Step step(session);
     for (const std::string& statement : statements) connection_->Execute(statement);
     step.Keep();
     connection_->ForgetTables();
@@ -132,18 +123,14 @@ void Database::AppendField(std::string_view table, const FieldDef& field) {
     const TableDef& present = connection_->Table(table);
     if (present.PositionOf(field.name) >= 0)
         throw DaoError(error::FieldExists, "Cannot define field '" + field.name + "' more than once.");
-    std::string sql = "ALTER TABLE " + Bracketed(present.name) + " ADD COLUMN " + Bracketed(field.name) +
-                      " " + DeclaredType(field);
-    if (field.type == FieldType::Boolean) sql += " NOT NULL DEFAULT 0";
-    if (field.type == FieldType::Text) sql += " COLLATE NOCASE";
-    connection_->Execute(sql);
+    connection_->Execute(AddFieldStatement(present, field, connection_->OpenSession().Words()));
     connection_->ForgetTables();
 }
 
 void Database::Scan(const std::string& sql, const std::vector<Value>& parameters,
                     const std::function<void(const ScanRow&)>& row) const {
     StatementUse use(*connection_, sql, parameters);
-    const ScanRow present(use.Handle());
+    const ScanRow present(use.Row());
     while (use.Step()) row(present);
 }
 
@@ -168,38 +155,46 @@ void Transaction::Commit() {
 
 Snapshot::Snapshot(const Database& database) : connection_(database.connection_) {
     begun_ = !database.InTransaction();
-    if (begun_) connection_->Execute("BEGIN");
+    if (begun_) connection_->OpenSession().Begin(Access::Read);
 }
 
 Snapshot::~Snapshot() {
     if (!begun_) return;
     try {
-        connection_->Execute("COMMIT");
+        connection_->OpenSession().Rollback();
     } catch (const DaoError&) {
         return; // a read that ends badly has nothing to lose
     }
 }
 
-std::unique_ptr<Database> Engine::OpenDatabase(const fs::path& path) const {
+Engine::Engine(EngineOptions options) : Engine(options, OpenSqliteSession) {}
+
+Engine::Engine(EngineOptions options, SessionFactory sessions)
+    : options_(options), sessions_(std::move(sessions)) {}
+
+std::unique_ptr<Database> Engine::Open(const fs::path& path, FileMode mode) const {
     try {
-        return std::make_unique<Database>(path, options_);
+        return std::make_unique<Database>(path, sessions_(path, options_, mode));
     } catch (const DaoError& trouble) {
         if (trouble.Number() != error::CouldNotLock) throw;
         throw DaoError(error::FileInUse, trouble.what());
     }
 }
 
+std::unique_ptr<Database> Engine::OpenDatabase(const fs::path& path) const {
+    return Open(path, FileMode::Existing);
+}
+
 std::unique_ptr<Database> Engine::CreateDatabase(const fs::path& path) const {
     RefuseExisting(path);
-    Connection::MakeFile(path);
-    return OpenDatabase(path);
+    return Open(path, FileMode::New);
 }
 
 void Engine::CompactDatabase(const fs::path& source, const fs::path& target) const {
     RefuseExisting(target);
-    Connection connection(source, options_);
+    const std::unique_ptr<Session> session = sessions_(source, options_, FileMode::Existing);
     try {
-        connection.Execute("VACUUM INTO " + Quoted(target.string()));
+        session->CopyTo(target);
     } catch (const DaoError&) {
         std::error_code ignored;
         fs::remove(target, ignored); // a part of a copy
@@ -208,12 +203,9 @@ void Engine::CompactDatabase(const fs::path& source, const fs::path& target) con
 }
 
 void Engine::RepairDatabase(const fs::path& path) const {
-    Connection connection(path, options_);
-    connection.Execute("REINDEX");
-    StatementUse check(connection, "PRAGMA quick_check(1)");
-    const bool sound =
-        check.Step() && Value(std::string("ok")) == ColumnValue(check.Handle(), 0, FieldType::Memo);
-    if (!sound)
+    const std::unique_ptr<Session> session = sessions_(path, options_, FileMode::Existing);
+    session->RebuildIndexes();
+    if (!session->IsSound())
         throw DaoError(error::UnrecognisedFormat, "The database is damaged: '" + path.string() + "'.");
 }
 

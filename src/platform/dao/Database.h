@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/dao/FieldType.h"
+#include "platform/dao/Session.h"
 #include "platform/dao/Value.h"
 
 #include <filesystem>
@@ -11,22 +12,15 @@
 #include <string_view>
 #include <vector>
 
-struct sqlite3_stmt;
-
 namespace tvx::dao {
 
 class Connection;
 class Recordset;
 
-struct EngineOptions {
-    int busyMilliseconds = 2000;          // how long a lock of another workstation is waited for
-    bool reverseUnorderedSelects = false; // for tests: answers rows without a stated order backwards
-};
-
 /// One row of a scan, valid until the next row is read. Columns count from 0.
 class ScanRow {
   public:
-    explicit ScanRow(sqlite3_stmt* statement) : statement_(statement) {}
+    explicit ScanRow(const Statement& statement) : statement_(statement) {}
     bool IsNull(int column) const;
     std::int64_t Long(int column) const;     // Null gives 0
     int Int(int column) const;               // Null gives 0; DaoError 3349 when out of the range of int
@@ -34,15 +28,14 @@ class ScanRow {
     std::string_view Text(int column) const; // Null gives ""; time texts as the file holds them
 
   private:
-    sqlite3_stmt* statement_;
+    const Statement& statement_;
 };
 
 /// An open database file. Several workstations may have the file open at once; only a transaction locks it.
 class Database {
   public:
-    /// Opens an existing file for reading and writing. Throws DaoError: 3024 no such file, 3051 the file
-    /// cannot be opened or not be written, 3343 it is no database or a damaged one, 3045 it is held.
-    Database(const std::filesystem::path& path, const EngineOptions& options);
+    /// The session is open on the file of that path.
+    Database(const std::filesystem::path& path, std::unique_ptr<Session> session);
     ~Database();
     Database(const Database&) = delete;
     Database& operator=(const Database&) = delete;
@@ -116,8 +109,13 @@ class Snapshot {
 /// Makes and keeps whole database files.
 class Engine {
   public:
-    explicit Engine(EngineOptions options = {}) : options_(options) {}
+    /// Of the kind that keeps its files.
+    explicit Engine(EngineOptions options = {});
+    /// Of another kind, or with something between it and the files.
+    Engine(EngineOptions options, SessionFactory sessions);
 
+    /// Opens an existing file for reading and writing. Throws DaoError: 3024 no such file, 3051 the file
+    /// cannot be opened or not be written, 3343 it is no database or a damaged one, 3045 it is held.
     std::unique_ptr<Database> OpenDatabase(const std::filesystem::path& path) const;
     /// Makes an empty file and opens it. Throws DaoError 3204 when the file exists.
     std::unique_ptr<Database> CreateDatabase(const std::filesystem::path& path) const;
@@ -128,7 +126,9 @@ class Engine {
     void RepairDatabase(const std::filesystem::path& path) const;
 
   private:
+    std::unique_ptr<Database> Open(const std::filesystem::path& path, FileMode mode) const;
     EngineOptions options_;
+    SessionFactory sessions_;
 };
 
 } // namespace tvx::dao

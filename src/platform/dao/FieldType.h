@@ -1,4 +1,4 @@
-// The kinds of fields, and how a table's text in the file declares them.
+// The kinds of fields, and what a table is made of.
 #pragma once
 
 #include <string>
@@ -45,15 +45,6 @@ struct TableDef {
     /// The key or an index of that name, without regard to case; nullptr when there is none.
     const IndexDef* FindIndex(std::string_view index) const;
 };
-
-/// How a field is declared in the file: "TEXT(14)", "BOOLEAN".
-std::string DeclaredType(const FieldDef& field);
-
-/// The field that a declaration in the file means.
-FieldDef FieldOfDeclaration(std::string name, std::string_view declaredType, bool autoNumber);
-
-/// The statements that make a table and its indexes in an empty file.
-std::vector<std::string> CreateStatements(const TableDef& table);
 
 /// A name between square brackets. Throws DaoError 3265 for a name that holds a bracket itself.
 std::string Bracketed(std::string_view name);

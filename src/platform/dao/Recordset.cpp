@@ -13,12 +13,8 @@ namespace {
 
 constexpr std::size_t PageRows = 256;
 
-std::string NameOf(const std::string& key) {
-    return key == "_rowid_" ? key : Bracketed(key);
-}
-
 std::vector<std::string> KeysOf(const TableDef& table) {
-    return table.key.fields.empty() ? std::vector<std::string>{"_rowid_"} : table.key.fields;
+    return table.key.fields.empty() ? std::vector<std::string>{RowKeyWord} : table.key.fields;
 }
 
 [[noreturn]] void FailNoCurrentRecord() {
@@ -105,8 +101,8 @@ void Recordset::OpenSelect(const std::string& sql, const std::vector<Value>& par
 }
 
 void Recordset::ReadColumns(const StatementUse& select) {
-    for (int i = static_cast<int>(keys_.size()); i < sqlite3_column_count(select.Handle()); ++i) {
-        const std::string name = sqlite3_column_name(select.Handle(), i);
+    for (int i = static_cast<int>(keys_.size()); i < select.Row().ColumnCount(); ++i) {
+        const std::string name = select.Row().ColumnName(i);
         const int position = table_.PositionOf(name);
         columns_.push_back(position >= 0 ? table_.fields[static_cast<std::size_t>(position)]
                                          : FieldDef{name, FieldType::Memo, 0});
@@ -130,12 +126,12 @@ std::int64_t Recordset::RecordCount() const {
     if (!isTable_) return static_cast<std::int64_t>(visited_);
     StatementUse count(open, "SELECT count(*) FROM " + Bracketed(table_.name));
     count.Step();
-    return sqlite3_column_int64(count.Handle(), 0);
+    return count.Row().Whole(0);
 }
 
 std::string Recordset::SelectList() const {
     std::string list;
-    for (const std::string& key : keys_) list += NameOf(key) + ", ";
+    for (const std::string& key : keys_) list += KeyName(key) + ", ";
     for (const FieldDef& column : columns_) list += Bracketed(column.name) + ", ";
     return "SELECT " + list.substr(0, list.size() - 2) + " FROM " + Bracketed(table_.name);
 }
@@ -143,7 +139,7 @@ std::string Recordset::SelectList() const {
 std::string Recordset::KeyList(std::string_view direction) const {
     std::string list;
     for (const std::string& key : keys_)
-        list += (list.empty() ? "" : ", ") + NameOf(key) + std::string(direction);
+        list += (list.empty() ? "" : ", ") + KeyName(key) + std::string(direction);
     return list;
 }
 
@@ -152,10 +148,10 @@ void Recordset::ReadRows(StatementUse& use) {
     const int hidden = static_cast<int>(keys_.size());
     while (use.Step()) {
         Row& row = rows.emplace_back();
-        for (int i = 0; i < hidden; ++i) row.key.push_back(ColumnValue(use.Handle(), i, FieldType::Memo));
+        for (int i = 0; i < hidden; ++i) row.key.push_back(ColumnValue(use.Row(), i, FieldType::Memo));
         row.values.reserve(columns_.size());
         for (std::size_t i = 0; i < columns_.size(); ++i)
-            row.values.push_back(ColumnValue(use.Handle(), hidden + static_cast<int>(i), columns_[i].type));
+            row.values.push_back(ColumnValue(use.Row(), hidden + static_cast<int>(i), columns_[i].type));
     }
     rows_ = std::move(rows); // only now: a read that fails leaves the set as it was
     at_ = 0;
@@ -354,7 +350,7 @@ std::string Recordset::UpdateText() const {
 
 std::string Recordset::KeyTest() const {
     std::string test;
-    for (const std::string& key : keys_) test += (test.empty() ? " WHERE " : " AND ") + NameOf(key) + " = ?";
+    for (const std::string& key : keys_) test += (test.empty() ? " WHERE " : " AND ") + KeyName(key) + " = ?";
     return test;
 }
 
@@ -388,7 +384,7 @@ void Recordset::WriteChanges() {
         for (const Value& key : row.key) use.Bind(++parameter, key);
         use.Step();
     }
-    if (sqlite3_changes(Open().Handle()) == 0) throw DaoError(error::RecordDeleted, "Record is deleted.");
+    if (Open().OpenSession().Changes() == 0) throw DaoError(error::RecordDeleted, "Record is deleted.");
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         if (!drafted_[i]) continue;
         row.values[i] = draft_[i];

@@ -64,7 +64,7 @@ bool Is(const Piece& piece, std::string_view word) {
     return piece.word && EqualsNoCase(piece.text, word);
 }
 
-/// A text between double quotes as SQLite wants it; between those it would look for a field of that name.
+/// A text between double quotes as engines want it; between those they would look for a field of that name.
 std::string SingleQuoted(const std::string& doubleQuoted) {
     std::string text = "'";
     for (std::size_t i = 1; i + 1 < doubleQuoted.size(); ++i) {
@@ -101,6 +101,25 @@ bool IsSelect(const std::string& text) {
            std::isspace(static_cast<unsigned char>(text[at + word.size()])) != 0;
 }
 
+std::string KeyName(const std::string& key) {
+    return key == RowKeyWord ? key : Bracketed(key);
+}
+
+std::string InDialect(const std::string& sql, const Dialect& dialect) {
+    std::string text;
+    std::size_t marks = 0;
+    for (const Piece& piece : Cut(sql)) {
+        if (piece.blankBefore && !text.empty()) text += ' ';
+        if (piece.text.front() == '[')
+            text += dialect.Name(WithoutBrackets(piece.text));
+        else if (piece.text == "?")
+            text += dialect.Mark(++marks);
+        else
+            text += piece.word && piece.text == RowKeyWord ? dialect.RowKey() : piece.text;
+    }
+    return text;
+}
+
 SelectText ParseSelect(const std::string& sql) {
     const std::vector<Piece> pieces = Cut(sql);
     SelectText select;
@@ -119,13 +138,12 @@ SelectText ParseSelect(const std::string& sql) {
 
 std::string SelectText::Runnable(const std::vector<std::string>& keys) const {
     std::string list;
-    for (const std::string& key : keys) list += (key == "_rowid_" ? key : Bracketed(key)) + ", ";
+    for (const std::string& key : keys) list += KeyName(key) + ", ";
     std::string sql = "SELECT " + list + columns + " FROM " + Bracketed(table) + " " + rest;
     // Rows that the order leaves equal come in the order of the key, so that the same data gives the same
     // list.
     for (std::size_t i = 0; i < keys.size(); ++i)
-        sql +=
-            (ordered || i > 0 ? ", " : " ORDER BY ") + (keys[i] == "_rowid_" ? keys[i] : Bracketed(keys[i]));
+        sql += (ordered || i > 0 ? ", " : " ORDER BY ") + KeyName(keys[i]);
     return sql;
 }
 

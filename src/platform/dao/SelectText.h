@@ -1,10 +1,18 @@
-// The select texts of the system, read just far enough to run them on SQLite. Private to this folder.
+// The SQL of the system, read just far enough to run it on an engine. Private to this folder.
 #pragma once
+
+#include "platform/dao/Dialect.h"
 
 #include <string>
 #include <vector>
 
 namespace tvx::dao {
+
+/// In the system's SQL: what tells the records of a table without a key apart.
+inline constexpr const char* RowKeyWord = "_rowid_";
+
+/// A field of a key as it stands in a text.
+std::string KeyName(const std::string& key);
 
 /// A select over one table, taken apart.
 struct SelectText {
@@ -19,6 +27,10 @@ struct SelectText {
 
 /// True when a text is a select, and not the name of a table.
 bool IsSelect(const std::string& text);
+
+/// A text of the system's SQL as an engine wants it: names, marks and the key of rows in its own words.
+/// Throws DaoError 3075 when a quote or bracket is left open.
+std::string InDialect(const std::string& sql, const Dialect& dialect);
 
 /// Throws DaoError 3075 when the text is no "SELECT columns FROM table ...".
 SelectText ParseSelect(const std::string& sql);

@@ -1,6 +1,7 @@
 #include "platform/dao/Database.h"
 
 #include "platform/dao/ShiftList.h"
+#include "platform/dao/SqliteSession.h"
 #include "support/ChildProcess.h"
 #include "support/RawFile.h"
 
@@ -13,7 +14,7 @@ namespace fs = std::filesystem;
 namespace tvx::dao {
 
 void PrintTo(const FieldDef& field, std::ostream* out) {
-    *out << field.name << " " << DeclaredType(field);
+    *out << field.name << " " << SqliteDialect().DeclaredType(field);
 }
 
 namespace {

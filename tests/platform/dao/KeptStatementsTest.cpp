@@ -1,5 +1,6 @@
 #include "platform/dao/Connection.h"
 #include "platform/dao/ShiftList.h"
+#include "platform/dao/SqliteSession.h"
 
 #include <gtest/gtest.h>
 #include <sqlite3.h>
@@ -17,7 +18,7 @@ std::string TextOf(int number) {
 
 class KeptStatementsTest : public test::DaoTest {
   protected:
-    Connection connection{MadeFile(), test::TestOptions()};
+    Connection connection{OpenSqliteSession(MadeFile(), test::TestOptions(), FileMode::Existing)};
 
     std::filesystem::path MadeFile() {
         MakeTables();
@@ -26,7 +27,7 @@ class KeptStatementsTest : public test::DaoTest {
     void SetUp() override {}
     std::int64_t Answer(int number) {
         StatementUse use(connection, TextOf(number));
-        return use.Step() ? std::get<std::int64_t>(ColumnValue(use.Handle(), 0, FieldType::Memo)) : -1;
+        return use.Step() ? std::get<std::int64_t>(ColumnValue(use.Row(), 0, FieldType::Memo)) : -1;
     }
 };
 
@@ -46,8 +47,8 @@ TEST_F(KeptStatementsTest, are_one_for_a_text_that_is_run_again) {
 }
 
 TEST_F(KeptStatementsTest, let_the_one_go_that_was_not_needed_for_longest) {
-    const auto handleOf = [this](int number) { return StatementUse(connection, TextOf(number)).Handle(); };
-    const sqlite3_stmt* needed = handleOf(0);
+    const auto handleOf = [this](int number) { return &StatementUse(connection, TextOf(number)).Row(); };
+    const Statement* needed = handleOf(0);
     for (int i = 1; i <= 500; ++i) {
         Answer(i);
         ASSERT_EQ(handleOf(0), needed) << "prepared anew after " << i;
@@ -60,7 +61,7 @@ TEST_F(KeptStatementsTest, do_not_count_while_they_are_in_use) {
     for (int i = 201; i <= 400; ++i) Answer(i);
     int number = 0;
     for (StatementUse& use : uses)
-        ASSERT_EQ(ColumnValue(use.Handle(), 0, FieldType::Memo), Value(std::int64_t{++number}));
+        ASSERT_EQ(ColumnValue(use.Row(), 0, FieldType::Memo), Value(std::int64_t{++number}));
     uses.clear();
     EXPECT_EQ(connection.KeptCount(), MostKept);
 }
