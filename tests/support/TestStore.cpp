@@ -57,8 +57,8 @@ dao::EngineOptions TestEngineOptions() {
     return TestOptions(200);
 }
 
-TestStore::TestStore() {
-    g.store.Engine = dao::Engine(TestEngineOptions());
+TestStore::TestStore(dao::Engine engine) {
+    g.store.Engine = std::move(engine);
     g.store.Db = g.store.Engine.CreateDatabase(folder / "TVX.MDB");
     CreateSystemTables(db());
     g.paths.ProgramPath = g.paths.DatabasePath = folder.Path();

@@ -35,7 +35,8 @@ dao::EngineOptions TestEngineOptions();
 /// defaults; a global state that stands on it; and scripted ports.
 class TestStore {
   public:
-    TestStore();
+    /// With an engine of the test's own, for example one whose sessions fail.
+    explicit TestStore(dao::Engine engine = dao::Engine(TestEngineOptions()));
 
     /// Adds a department and makes it the current one. Returns its number.
     int AddDepartment(const std::string& name, int firstWeekday = 100, int editorOrder = 1,
