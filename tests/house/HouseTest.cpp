@@ -158,10 +158,18 @@ TEST(House, logic_knows_no_window) {
 }
 
 TEST(House, only_the_database_layer_knows_its_engine) {
+    static const std::regex engine(R"re(sqlite|\bPRAGMA\b)re");
     for (const fs::path& file : SourcesBelow(Root / "src")) {
         const std::string below = fs::relative(file, Root / "src").generic_string();
         if (below.starts_with("platform/dao/")) continue;
-        EXPECT_EQ(Content(file).find("sqlite3"), std::string::npos) << below;
+        EXPECT_FALSE(std::regex_search(Content(file), engine)) << below;
+    }
+}
+
+TEST(House, only_the_session_on_the_engine_calls_it) {
+    for (const fs::path& file : SourcesBelow(Root / "src")) {
+        if (file.filename().string().starts_with("Sqlite")) continue;
+        EXPECT_EQ(Content(file).find("sqlite3"), std::string::npos) << file;
     }
 }
 

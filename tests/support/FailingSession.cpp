@@ -61,6 +61,7 @@ class FailingSession final : public dao::Session {
     dao::TableDef ReadTable(const std::string& name) override { return real_->ReadTable(name); }
     void CopyTo(const std::filesystem::path& target) override { real_->CopyTo(target); }
     void RebuildIndexes() override { real_->RebuildIndexes(); }
+    bool IsCutOff() override { return real_->IsCutOff(); }
     bool IsSound() override { return real_->IsSound(); }
 
   private:

@@ -127,6 +127,12 @@ void Database::AppendField(std::string_view table, const FieldDef& field) {
     connection_->ForgetTables();
 }
 
+void Database::RequireWholeFile() const {
+    const Snapshot snapshot(*this); // nobody writes meanwhile
+    if (connection_->OpenSession().IsCutOff())
+        throw DaoError(error::UnrecognisedFormat, "The database file is cut off.");
+}
+
 void Database::Scan(const std::string& sql, const std::vector<Value>& parameters,
                     const std::function<void(const ScanRow&)>& row) const {
     StatementUse use(*connection_, sql, parameters);

@@ -67,6 +67,9 @@ class Database {
     /// Adds a field behind the last. Throws DaoError 3191 when the table has it.
     void AppendField(std::string_view table, const FieldDef& field);
 
+    /// Throws DaoError 3343 when the end of the file is cut off, which opening alone does not show.
+    void RequireWholeFile() const;
+
     /// Reads the rows of a select whole, one call of `row` each; nothing is locked when it returns.
     /// "?" in the text stand for `parameters` in order. Throws DaoError like OpenRecordset.
     void Scan(const std::string& sql, const std::vector<Value>& parameters,

@@ -74,6 +74,9 @@ class Session {
     /// Writes a compact copy into a file that does not exist.
     virtual void CopyTo(const std::filesystem::path& target) = 0;
     virtual void RebuildIndexes() = 0;
+    /// True when the file lost less than a page at its end: it opens like a whole one and reads as zeros
+    /// there. Asked inside a transaction, while nobody writes.
+    virtual bool IsCutOff() = 0;
     /// False when pages of the file are damaged.
     virtual bool IsSound() = 0;
 };

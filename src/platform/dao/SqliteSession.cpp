@@ -90,6 +90,7 @@ class SqliteSession final : public Session {
 
     void CopyTo(const fs::path& target) override { Run("VACUUM INTO " + Quoted(target.string())); }
     void RebuildIndexes() override { Run("REINDEX"); }
+    bool IsCutOff() override;
     bool IsSound() override;
 
   private:
@@ -198,6 +199,16 @@ void SqliteSession::ReadIndexes(TableDef& table) {
         if (table.indexes.empty() || table.indexes.back().name != index) table.indexes.push_back({index, {}});
         table.indexes.back().fields.emplace_back(indexes.Text(1));
     }
+}
+
+bool SqliteSession::IsCutOff() {
+    // The count reads the file, which locks it against a change of its length.
+    SqliteStatement size(handle_.get(),
+                         "SELECT page_size FROM pragma_page_size, (SELECT count(*) FROM sqlite_schema)");
+    const auto pageSize = static_cast<std::uintmax_t>(size.Step() ? size.Whole(0) : 0);
+    std::error_code unknown;
+    const std::uintmax_t length = fs::file_size(sqlite3_db_filename(handle_.get(), "main"), unknown);
+    return !unknown && pageSize > 0 && length % pageSize != 0;
 }
 
 bool SqliteSession::IsSound() {

@@ -4,8 +4,6 @@
 #include "platform/dao/Recordset.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 
 namespace tvx {
 namespace {
@@ -171,18 +169,6 @@ std::string FirstMissing(const dao::Database& database, Counts counts) {
     return "";
 }
 
-/// A file that lost less than a page at its end opens like a whole one and reads as zeros there.
-void RequireWholePages(const dao::Database& database) {
-    const dao::Snapshot snapshot(database); // nobody writes meanwhile
-    std::int64_t pageSize = 0;
-    database.Scan("SELECT page_size FROM pragma_page_size, (SELECT count(*) FROM sqlite_schema)", {},
-                  [&](const dao::ScanRow& row) { pageSize = row.Long(0); });
-    std::error_code ignored;
-    const std::uintmax_t length = std::filesystem::file_size(database.Path(), ignored);
-    if (!ignored && pageSize > 0 && length % static_cast<std::uintmax_t>(pageSize) != 0)
-        throw dao::DaoError(dao::error::UnrecognisedFormat, "The database file is cut off.");
-}
-
 } // namespace
 
 const std::vector<TableDef>& SystemTables() {
@@ -216,7 +202,7 @@ std::string MissingFromFile(const dao::Database& database) {
 }
 
 void RequireUsableFile(const dao::Database& database) {
-    RequireWholePages(database);
+    database.RequireWholeFile();
     const std::string missing = FirstMissing(
         database, [](const TableDef& table, const FieldDef& field) { return !AnUpgradeAdds(table, field); });
     if (!missing.empty()) FailMissing(missing);

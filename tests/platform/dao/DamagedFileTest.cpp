@@ -79,6 +79,16 @@ TEST_F(DamagedFileTest, is_refused_with_3343_when_it_is_cut_off) {
         EXPECT_EQ(OpeningFailsWith(sound.substr(0, size)), 3343) << size;
 }
 
+TEST_F(DamagedFileTest, is_known_to_be_cut_off_within_a_page_once_it_is_open) {
+    test::WriteFile(file, sound.substr(0, sound.size() - 100));
+    const auto isWhole = [this] {
+        return DaoErrorOf([this] { engine.OpenDatabase(file)->RequireWholeFile(); });
+    };
+    EXPECT_EQ(isWhole(), 3343);
+    test::WriteFile(file, sound);
+    EXPECT_EQ(isWhole(), 0);
+}
+
 TEST_F(DamagedFileTest, is_read_as_far_as_it_is_sound) {
     std::string damaged = sound;
     const std::size_t from = sound.size() / PageSize / 2 * PageSize;
