@@ -83,9 +83,8 @@ void Recordset::OpenTable(const std::string& name) {
     table_ = Open().Table(name);
     columns_ = table_.fields;
     keys_ = KeysOf(table_);
-    LoadPage({}, Page::First); // who only seeks or adds needs no more
-    empty_ = rows_.empty();
-    place_ = empty_ ? Place::None : Place::Record;
+    empty_.reset();
+    place_ = Place::Unread; // who only seeks or adds meets no lock here
 }
 
 void Recordset::OpenSelect(const std::string& sql, const std::vector<Value>& parameters) {
@@ -96,8 +95,8 @@ void Recordset::OpenSelect(const std::string& sql, const std::vector<Value>& par
     ReadColumns(use);
     ReadRows(use);
     empty_ = rows_.empty();
-    visited_ = empty_ ? 0 : 1;
-    place_ = empty_ ? Place::None : Place::Record;
+    visited_ = rows_.empty() ? 0 : 1;
+    place_ = rows_.empty() ? Place::None : Place::Record;
 }
 
 void Recordset::ReadColumns(const StatementUse& select) {
@@ -114,11 +113,29 @@ Connection& Recordset::Open() const {
     return *connection_;
 }
 
-bool Recordset::BOF() const {
-    return empty_;
+/// Stands on the first record of a table where nothing was read yet.
+void Recordset::ReadFirst() {
+    if (place_ != Place::Unread) return;
+    LoadPage({}, Page::First);
+    empty_ = rows_.empty();
+    place_ = rows_.empty() ? Place::None : Place::Record;
 }
-bool Recordset::AtEnd() const {
-    return empty_ || place_ == Place::End;
+
+/// Also after a seek that missed, which tells nothing of the others.
+bool Recordset::IsEmpty() {
+    ReadFirst();
+    if (!empty_) {
+        StatementUse first(Open(), "SELECT 1 FROM " + Bracketed(table_.name) + " LIMIT 1");
+        empty_ = !first.Step();
+    }
+    return *empty_;
+}
+
+bool Recordset::BOF() {
+    return IsEmpty();
+}
+bool Recordset::AtEnd() {
+    return IsEmpty() || place_ == Place::End;
 }
 
 std::int64_t Recordset::RecordCount() const {
@@ -171,7 +188,8 @@ void Recordset::LoadPage(const std::vector<Value>& after, Page page) {
     lastPage_ = page == Page::Last || rows_.size() < most;
 }
 
-const Recordset::Row& Recordset::Current() const {
+const Recordset::Row& Recordset::Current() {
+    ReadFirst();
     if (place_ == Place::Deleted) throw DaoError(error::RecordDeleted, "Record is deleted.");
     if (place_ != Place::Record) FailNoCurrentRecord();
     return rows_[at_];
@@ -186,8 +204,8 @@ void Recordset::DropPending() {
 /// Makes a row of rows_ the current record; throws 3021 when there is none.
 void Recordset::StandOn(std::size_t at) {
     empty_ = rows_.empty();
-    place_ = empty_ ? Place::None : Place::Record;
-    if (empty_) FailNoCurrentRecord();
+    place_ = rows_.empty() ? Place::None : Place::Record;
+    if (rows_.empty()) FailNoCurrentRecord();
     at_ = at;
     visited_ = std::max(visited_, at + 1);
 }
@@ -224,6 +242,7 @@ void Recordset::MoveLast() {
 void Recordset::MoveNext() {
     Open();
     DropPending();
+    ReadFirst();
     if (place_ != Place::Record && place_ != Place::Deleted) FailNoCurrentRecord();
     const std::size_t next = TakeOutDeleted() ? at_ : at_ + 1;
     if (next < rows_.size()) {
@@ -263,6 +282,7 @@ void Recordset::Seek(std::initializer_list<Value> keys) {
     // What follows the record found is read by a move, from its key on.
     lastPage_ = false;
     noMatch_ = rows_.empty();
+    if (!noMatch_) empty_ = false;
     place_ = noMatch_ ? Place::None : Place::Record;
 }
 
@@ -283,7 +303,7 @@ void Recordset::Edit() {
     drafted_.assign(columns_.size(), false);
 }
 
-Value Recordset::Checked(std::size_t position, Value value) const {
+Value Recordset::Checked(std::size_t position, Value value) {
     const FieldDef& field = columns_[position];
     switch (field.type) {
     case FieldType::Text:
@@ -365,6 +385,7 @@ const std::string& Recordset::WriteText() {
 }
 
 void Recordset::InsertPending() {
+    ReadFirst(); // the record that is current now stays so
     StatementUse use(Open(), WriteText());
     int parameter = 0;
     for (std::size_t i = 0; i < columns_.size(); ++i)

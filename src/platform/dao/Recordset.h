@@ -7,6 +7,7 @@
 #include <cstddef>
 #include <initializer_list>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,7 +51,8 @@ class Field {
 
 /// A table or the rows of a select. Nothing stays locked between two calls: a select is read whole when it is
 /// opened; a table is read in pages, in the order of its key, and shows what other workstations wrote
-/// meanwhile on the pages that it has not reached.
+/// meanwhile on the pages that it has not reached. Opening a table reads none of its records: the first is
+/// read when it is first asked for, and whatever asks throws DaoError 3260 while the file is locked.
 class Recordset {
   public:
     /// No set; opened by Database::OpenRecordset. Whatever needs one throws DaoError 3420.
@@ -60,8 +62,8 @@ class Recordset {
     void Close() { *this = Recordset(); }
 
     /// Both are true on an empty set.
-    bool BOF() const;
-    bool AtEnd() const; // the end-of-file mark; its old name is a macro of the C library
+    bool BOF();
+    bool AtEnd(); // the end-of-file mark; its old name is a macro of the C library
     /// Records of a table; of a select, the records visited so far: MoveLast first.
     std::int64_t RecordCount() const;
 
@@ -102,7 +104,7 @@ class Recordset {
     friend class Database;
     friend class Field;
 
-    enum class Place { None, Record, Deleted, End };
+    enum class Place { Unread, None, Record, Deleted, End };
     enum class Pending { Nothing, Add, Change };
     enum class Page { First, Next, Last }; // the first record alone, a page, the last record alone
     struct Row {
@@ -117,7 +119,9 @@ class Recordset {
     void OpenSelect(const std::string& sql, const std::vector<Value>& parameters);
 
     Connection& Open() const;
-    const Row& Current() const;
+    void ReadFirst();
+    bool IsEmpty();
+    const Row& Current();
     void StandOn(std::size_t at);
     bool TakeOutDeleted();
     void DropPending();
@@ -126,7 +130,7 @@ class Recordset {
     void ReadRows(StatementUse& use);
     std::string SelectList() const;
     std::string KeyList(std::string_view direction) const;
-    Value Checked(std::size_t position, Value value) const;
+    Value Checked(std::size_t position, Value value);
     std::string InsertText() const;
     std::string UpdateText() const;
     std::string KeyTest() const;
@@ -146,7 +150,7 @@ class Recordset {
     std::size_t at_ = 0; // index into rows_
     std::size_t visited_ = 0;
     Place place_ = Place::None;
-    bool empty_ = true;
+    std::optional<bool> empty_ = true; // nothing until a read has told
     bool noMatch_ = false;
 
     Pending pending_ = Pending::Nothing;

@@ -343,12 +343,45 @@ TEST_F(RecordsetTest, leaves_an_old_text_alone_that_is_wider_than_its_field) {
 TEST_F(RecordsetTest, cannot_change_what_another_has_deleted) {
     AddTown("Ulm");
     Recordset mine = db->OpenRecordset("Town list");
+    mine.MoveFirst();
     Recordset theirs = db->OpenRecordset("Town list");
     theirs.Delete();
     mine.Edit();
     mine.Fields("Town name") = "Bonn";
     EXPECT_EQ(DaoErrorOf([&] { mine.Update(); }), 3167);
     EXPECT_EQ(TownNames(), "");
+}
+
+TEST_F(RecordsetTest, has_no_record_when_others_emptied_the_table_before_it_was_read) {
+    AddTown("Ulm");
+    Recordset mine = db->OpenRecordset("Town list");
+    db->OpenRecordset("Town list").Delete();
+    EXPECT_EQ(DaoErrorOf([&] { mine.Edit(); }), 3021);
+    EXPECT_TRUE(mine.BOF());
+    EXPECT_TRUE(mine.AtEnd());
+}
+
+TEST_F(RecordsetTest, knows_after_a_miss_whether_there_are_others) {
+    for (const bool empty : {true, false}) {
+        if (!empty) AddTown("Ulm");
+        Recordset towns = db->OpenRecordset("Town list");
+        towns.Index("Nbr");
+        towns.Seek({std::int64_t{7}});
+        EXPECT_TRUE(towns.NoMatch());
+        EXPECT_EQ(towns.BOF(), empty);
+        EXPECT_EQ(towns.AtEnd(), empty);
+        EXPECT_EQ(DaoErrorOf([&] { towns.Fields(1).Text(); }), 3021);
+    }
+}
+
+TEST_F(RecordsetTest, keeps_the_first_record_when_one_is_added_before_it_was_read) {
+    AddShift(5, 1, "first");
+    Recordset shifts = db->OpenRecordset("Shift list");
+    shifts.AddNew();
+    shifts.Fields("Day") = 1;
+    shifts.Fields("Worker") = 1;
+    shifts.Update();
+    EXPECT_EQ(shifts.Fields("Label").Text(), "first");
 }
 
 TEST_F(RecordsetTest, has_no_record_left_when_others_emptied_the_table) {

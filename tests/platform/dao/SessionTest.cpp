@@ -117,6 +117,16 @@ TEST_F(FailingSessionTest, keeps_a_change_pending_whose_write_failed) {
     EXPECT_EQ(TownNames(), "Trier ");
 }
 
+TEST_F(FailingSessionTest, reads_nothing_when_a_table_is_opened) {
+    faults->Fail(Call::Step, 1, 3260);
+    Recordset towns = db->OpenRecordset("Town list");
+    towns.Index("Nbr");
+    EXPECT_EQ(faults->Count(Call::Step), 0);
+    EXPECT_EQ(DaoErrorOf([&] { towns.BOF(); }), 3260);
+    EXPECT_FALSE(towns.BOF()) << "the second time it is read";
+    EXPECT_EQ(towns.Fields("Town name").Text(), "Ulm");
+}
+
 TEST_F(FailingSessionTest, makes_no_part_of_a_table) {
     const TableDef log{"Log", {{"Line", FieldType::Text, 9}}, {}, {{"By line", {"Line"}}}};
     int number = 0;

@@ -299,6 +299,39 @@ TEST_F(TwoWorkstationsTest, keeps_its_record_when_a_read_is_refused) {
     EXPECT_EQ(reader.Hear(), "on 257");
 }
 
+TEST_F(TwoWorkstationsTest, opens_a_table_while_the_other_writes_the_file_and_is_refused_when_it_reads) {
+    ChildProcess reader([this](ChildProcess& test) {
+        Open();
+        db->Table("Town list");
+        test.Say("ready");
+        test.Hear();
+        Recordset towns = db->OpenRecordset("Town list");
+        towns.Index("Nbr");
+        std::string errors;
+        const auto note = [&](auto work) { errors += std::to_string(DaoErrorOf(work)) + " "; };
+        note([&] { towns.Seek({std::int64_t{1}}); });
+        note([&] { towns.BOF(); });
+        note([&] { towns.AtEnd(); });
+        note([&] { towns.MoveFirst(); });
+        note([&] { towns.MoveNext(); });
+        note([&] { towns.Edit(); });
+        towns.AddNew();
+        towns.Fields("Town name") = "Trier";
+        note([&] { towns.Update(); });
+        test.Say(errors);
+        test.Hear();
+        towns.Update();
+        test.Say(TownNames());
+    });
+    EXPECT_EQ(reader.Hear(), "ready");
+    const auto other = OtherSavingMuch();
+    reader.Say("open");
+    EXPECT_EQ(reader.Hear(), "3260 3260 3260 3260 3260 3260 3260 ");
+    LetSave(*other);
+    reader.Say("save");
+    EXPECT_EQ(reader.Hear(), "Changed Bonn Trier ");
+}
+
 TEST_F(TwoWorkstationsTest, has_the_old_rows_after_the_other_was_killed_in_a_save) {
     const auto other = OtherSaving();
     other->Kill();
