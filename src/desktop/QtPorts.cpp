@@ -192,7 +192,7 @@ std::optional<fs::path> QtPrompt::SaveDialog(const FileRequest& request) {
                                                FilterOf(request)));
 }
 
-std::optional<FontChoice> QtPrompt::FontDialog(const FontChoice& present, const std::string& title) {
+std::optional<ReportFont> QtPrompt::FontDialog(const ReportFont& present, const std::string& title) {
     QFont font(ToQString(present.name));
     font.setPointSizeF(present.size);
     font.setBold(present.bold);
@@ -200,7 +200,7 @@ std::optional<FontChoice> QtPrompt::FontDialog(const FontChoice& present, const 
     bool taken = false;
     const QFont chosen = QFontDialog::getFont(&taken, font, QApplication::activeWindow(), ToQString(title));
     if (!taken) return std::nullopt;
-    return FontChoice{FromQString(chosen.family()), chosen.pointSizeF(), chosen.bold(), chosen.italic()};
+    return ReportFont{FromQString(chosen.family()), chosen.pointSizeF(), chosen.bold(), chosen.italic()};
 }
 
 void QtPrompt::Beep() {

@@ -20,7 +20,7 @@ class QtPrompt : public Prompt {
     Answer MsgBox(const std::string& text, int style, const std::string& title) override;
     std::optional<std::filesystem::path> OpenDialog(const FileRequest& request) override;
     std::optional<std::filesystem::path> SaveDialog(const FileRequest& request) override;
-    std::optional<FontChoice> FontDialog(const FontChoice& present, const std::string& title) override;
+    std::optional<ReportFont> FontDialog(const ReportFont& present, const std::string& title) override;
     void Beep() override;
     void MousePointer(Pointer shape) override;
     void DoEvents() override;

@@ -66,7 +66,7 @@ std::optional<std::filesystem::path> ScriptedPrompt::SaveDialog(const FileReques
     return Next(saves_, "save dialog " + request.title);
 }
 
-std::optional<FontChoice> ScriptedPrompt::FontDialog(const FontChoice&, const std::string& title) {
+std::optional<ReportFont> ScriptedPrompt::FontDialog(const ReportFont&, const std::string& title) {
     return Next(fonts_, "font dialog " + title);
 }
 

@@ -35,7 +35,7 @@ class ScriptedPrompt : public Prompt {
     void AlwaysAnswer(Answer answer) { always_ = answer; }
     void WillOpen(std::optional<std::filesystem::path> file) { opens_.push_back(std::move(file)); }
     void WillSaveTo(std::optional<std::filesystem::path> file) { saves_.push_back(std::move(file)); }
-    void WillChoose(std::optional<FontChoice> font) { fonts_.push_back(std::move(font)); }
+    void WillChoose(std::optional<ReportFont> font) { fonts_.push_back(std::move(font)); }
     /// Runs at every DoEvents.
     void WhenEventsRun(std::function<void()> what) { onEvents_ = std::move(what); }
 
@@ -47,7 +47,7 @@ class ScriptedPrompt : public Prompt {
     Answer MsgBox(const std::string& text, int style, const std::string& title) override;
     std::optional<std::filesystem::path> OpenDialog(const FileRequest& request) override;
     std::optional<std::filesystem::path> SaveDialog(const FileRequest& request) override;
-    std::optional<FontChoice> FontDialog(const FontChoice& present, const std::string& title) override;
+    std::optional<ReportFont> FontDialog(const ReportFont& present, const std::string& title) override;
     void Beep() override { ++beeps_; }
     void MousePointer(Pointer shape) override { shape_ = shape; }
     void DoEvents() override {
@@ -64,7 +64,7 @@ class ScriptedPrompt : public Prompt {
     std::optional<Answer> always_;
     std::deque<std::optional<std::filesystem::path>> opens_;
     std::deque<std::optional<std::filesystem::path>> saves_;
-    std::deque<std::optional<FontChoice>> fonts_;
+    std::deque<std::optional<ReportFont>> fonts_;
     std::vector<ShownBox> boxes_;
     std::function<void()> onEvents_;
     int beeps_ = 0;

@@ -1,6 +1,8 @@
 // The one door to the person at the screen: boxes, dialogs, the pointer, waiting.
 #pragma once
 
+#include "platform/ports/ReportFont.h"
+
 #include <filesystem>
 #include <optional>
 #include <string>
@@ -21,10 +23,10 @@ constexpr int Exclamation = 48;
 constexpr int Information = 64;
 } // namespace box
 
-/// What a person answered; the numbers are the box results of old.
+/// What a person answered, by the number that a box gives back.
 enum class Answer { Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
 
-/// Shapes of the mouse pointer, by their old numbers.
+/// Shapes of the mouse pointer, by the numbers that stand for them in the system.
 enum class Pointer {
     Default = 0,
     Arrow = 1,
@@ -47,16 +49,6 @@ struct FileRequest {
     std::string fileName;
 };
 
-/// A font as a dialog gives it.
-struct FontChoice {
-    std::string name;
-    double size = 9; // points
-    bool bold = false;
-    bool italic = false;
-
-    friend bool operator==(const FontChoice&, const FontChoice&) = default;
-};
-
 class Prompt {
   public:
     virtual ~Prompt() = default;
@@ -71,7 +63,7 @@ class Prompt {
     /// A file to write; the dialog asks before an existing one is taken. Nothing on cancel.
     virtual std::optional<std::filesystem::path> SaveDialog(const FileRequest& request) = 0;
     /// A font, or nothing on cancel.
-    virtual std::optional<FontChoice> FontDialog(const FontChoice& present, const std::string& title) = 0;
+    virtual std::optional<ReportFont> FontDialog(const ReportFont& present, const std::string& title) = 0;
 
     virtual void Beep() = 0;
     /// Shape of the pointer over every window of the program; Default gives it back to the controls.

@@ -3,6 +3,7 @@
 
 #include "platform/basic/Palette.h"
 #include "platform/basic/Twips.h"
+#include "platform/ports/ReportFont.h"
 
 #include <optional>
 #include <string>
@@ -10,15 +11,6 @@
 #include <vector>
 
 namespace tvx {
-
-struct ReportFont {
-    std::string name = "Arial";
-    double size = 9; // points
-    bool bold = false;
-    bool italic = false;
-
-    friend bool operator==(const ReportFont&, const ReportFont&) = default;
-};
 
 /// Paper the long way up or across.
 enum class PageOrientation { Portrait = 0, Landscape = 1 };

@@ -17,14 +17,9 @@ namespace {
 constexpr int ReservedLines = 3;
 constexpr double LargestFont = 200; // points
 
-std::filesystem::path PathOf(const GlobalState& g, std::string_view extension) {
-    return FilePath(g.paths.ProgramPath,
-                    std::to_string(g.department.CurrentDepNumber) + std::string(extension));
-}
-
 void TakeDefaults(ReportSettings& s) {
-    s.ReportFontSize = 9;
-    s.ReportFontBold = s.ReportFontItalic = false;
+    s.font.size = ReportFont().size;
+    s.font.bold = s.font.italic = false;
     s.ReportOrientation = 0;
 }
 
@@ -34,15 +29,19 @@ int WholeNumber(SequentialReader& reader) {
 
 } // namespace
 
-void ReadReportSettings(GlobalState& g, std::string_view extension) {
-    ReportSettings& s = g.reports.settings;
+std::filesystem::path ReportSettingsPath(const Paths& paths, int departmentNumber,
+                                         std::string_view extension) {
+    return FilePath(paths.ProgramPath, std::to_string(departmentNumber) + std::string(extension));
+}
+
+void ReadReportSettings(const std::filesystem::path& file, ReportSettings& s) {
     std::optional<SequentialReader> reader;
     const std::vector<std::function<void()>> statements{
-        [&] { reader.emplace(PathOf(g, extension)); },
-        [&] { s.ReportFontName = reader.value().InputText(); },
-        [&] { s.ReportFontSize = reader.value().InputNumber(); },
-        [&] { s.ReportFontBold = WholeNumber(reader.value()) != 0; },
-        [&] { s.ReportFontItalic = WholeNumber(reader.value()) != 0; },
+        [&] { reader.emplace(file); },
+        [&] { s.font.name = reader.value().InputText(); },
+        [&] { s.font.size = reader.value().InputNumber(); },
+        [&] { s.font.bold = WholeNumber(reader.value()) != 0; },
+        [&] { s.font.italic = WholeNumber(reader.value()) != 0; },
         [&] { s.ReportOrientation = std::clamp(WholeNumber(reader.value()), 0, 1); },
         [&] {
             for (int i = 0; i < ReservedLines; ++i) WholeNumber(reader.value());
@@ -52,31 +51,30 @@ void ReadReportSettings(GlobalState& g, std::string_view extension) {
         try {
             statement();
         } catch (const std::exception&) { // the file's trouble, or that it could not be opened before
-            if (!Trim(s.ReportFontName).empty()) return;
+            if (!Trim(s.font.name).empty()) return;
             TakeDefaults(s);
         }
     }
 }
 
-void WriteReportSettings(const GlobalState& g, std::string_view extension) {
-    const ReportSettings& s = g.reports.settings;
+void WriteReportSettings(const std::filesystem::path& file, const ReportSettings& s) {
     SequentialWriter writer;
-    writer.PrintText(s.ReportFontName);
-    writer.PrintNumber(s.ReportFontSize);
-    writer.PrintNumber(s.ReportFontBold ? -1 : 0);
-    writer.PrintNumber(s.ReportFontItalic ? -1 : 0);
+    writer.PrintText(s.font.name);
+    writer.PrintNumber(s.font.size);
+    writer.PrintNumber(s.font.bold ? -1 : 0);
+    writer.PrintNumber(s.font.italic ? -1 : 0);
     writer.PrintNumber(s.ReportOrientation);
     for (int i = 0; i < ReservedLines; ++i) writer.PrintNumber(0);
-    writer.ReplaceFile(PathOf(g, extension));
+    writer.ReplaceFile(file);
 }
 
 ReportFont FontOfSettings(const ReportSettings& settings) {
     ReportFont font;
-    if (!Trim(settings.ReportFontName).empty()) font.name = settings.ReportFontName;
+    if (!Trim(settings.font.name).empty()) font.name = settings.font.name;
     // A file can hold any number; one that cannot be a size of letters is not used as one.
-    const double size = settings.ReportFontSize;
+    const double size = settings.font.size;
     font.size = size >= 1 && size <= LargestFont ? size : ReportFont().size;
-    font.italic = settings.ReportFontItalic;
+    font.italic = settings.font.italic;
     return font;
 }
 

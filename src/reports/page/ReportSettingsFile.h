@@ -2,9 +2,10 @@
 #pragma once
 
 #include "platform/ports/Vp.h"
-#include "shell/state/TVXGLOB.h"
+#include "shell/state/ApplicationState.h"
+#include "shell/state/Report.h"
 
-#include <string>
+#include <filesystem>
 #include <string_view>
 
 namespace tvx {
@@ -20,13 +21,17 @@ constexpr std::string_view DayGraph = ".gra";
 constexpr std::string_view Employees = ".Emp";
 } // namespace report_file
 
-/// Reads the file of the current department into the settings, value by value. Where a value cannot be read:
+/// The file of a department's reports of one kind.
+std::filesystem::path ReportSettingsPath(const Paths& paths, int departmentNumber,
+                                         std::string_view extension);
+
+/// Reads a file into the settings, value by value. Where a value cannot be read:
 /// with no font name held yet the defaults are taken and reading goes on; else reading ends and what is held
 /// stays. So a department without a file has the font of the report shown last.
-void ReadReportSettings(GlobalState& g, std::string_view extension);
+void ReadReportSettings(const std::filesystem::path& file, ReportSettings& settings);
 
 /// Writes the eight lines of the file. Throws FileError.
-void WriteReportSettings(const GlobalState& g, std::string_view extension);
+void WriteReportSettings(const std::filesystem::path& file, const ReportSettings& settings);
 
 /// The font of the settings as a document takes it: never bold, "Arial" while there is no name, a size that
 /// can be drawn.

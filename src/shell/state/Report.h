@@ -1,6 +1,7 @@
 // What reports share: the font and paper of the report last shown, and the options that last for the run.
 #pragma once
 
+#include "platform/ports/ReportFont.h"
 #include "shell/state/Week.h"
 
 #include <array>
@@ -10,10 +11,9 @@ namespace tvx {
 
 /// One current set, read from a department's file whenever a report form opens.
 struct ReportSettings {
-    std::string ReportFontName;  // "" until a file or the font dialog gives one
-    double ReportFontSize = 9;   // points
-    bool ReportFontBold = false; // kept and written; no report opens in bold
-    bool ReportFontItalic = false;
+    /// Its name is "" until a file or the font dialog gives one; bold is kept and written, though no report
+    /// opens in it.
+    ReportFont font{.name = "", .size = 9, .bold = false, .italic = false};
     int ReportOrientation = 0; // 0 portrait, 1 landscape
 };
 

@@ -17,34 +17,34 @@ namespace {
 
 /// "Arial, 9, bold, italic, landscape": what is held, in one line.
 std::string Told(const ReportSettings& s) {
-    return "'" + s.ReportFontName + "' " + TrimmedNumber(s.ReportFontSize) +
-           (s.ReportFontBold ? " bold" : "") + (s.ReportFontItalic ? " italic" : "") +
-           (s.ReportOrientation == 0 ? " portrait" : " landscape");
+    return "'" + s.font.name + "' " + TrimmedNumber(s.font.size) + (s.font.bold ? " bold" : "") +
+           (s.font.italic ? " italic" : "") + (s.ReportOrientation == 0 ? " portrait" : " landscape");
 }
 
 class ReportSettingsFileTest : public testing::Test {
   protected:
     test::TempFolder folder;
-    GlobalState g;
+    ReportSettings held;
 
-    void SetUp() override {
-        g.paths.ProgramPath = folder.Path();
-        g.department.CurrentDepNumber = 12;
+    std::filesystem::path File(std::string_view extension = report_file::Short) const {
+        Paths paths;
+        paths.ProgramPath = folder.Path();
+        return ReportSettingsPath(paths, 12, extension);
     }
-    ReportSettings& Held() { return g.reports.settings; }
+    ReportSettings& Held() { return held; }
     void Put(std::string_view content) { test::WriteFile(folder / "12.Sho", content); }
     std::string Read() {
-        ReadReportSettings(g, report_file::Short);
+        ReadReportSettings(File(), held);
         return Told(Held());
     }
-    void HoldAnother() { Held() = {"Courier New", 14, true, true, 1}; }
+    void HoldAnother() { Held() = {{"Courier New", 14, true, true}, 1}; }
 };
 
 // ---- writing ----
 
 TEST_F(ReportSettingsFileTest, holds_eight_lines) {
-    Held() = {"Times New Roman", 11.5, true, false, 1};
-    WriteReportSettings(g, report_file::Short);
+    Held() = {{"Times New Roman", 11.5, true, false}, 1};
+    WriteReportSettings(File(), held);
     EXPECT_EQ(test::ReadFile(folder / "12.Sho"),
               "Times New Roman\r\n 11.5 \r\n-1 \r\n 0 \r\n 1 \r\n 0 \r\n 0 \r\n 0 \r\n");
 }
@@ -53,7 +53,7 @@ TEST_F(ReportSettingsFileTest, is_named_for_the_department_and_the_kind_of_repor
     for (const auto extension :
          {report_file::Long, report_file::Short, report_file::Selected, report_file::Departments,
           report_file::BarChart, report_file::DayGraph, report_file::Employees})
-        WriteReportSettings(g, extension);
+        WriteReportSettings(File(extension), held);
     EXPECT_EQ(test::NamesIn(folder.Path()), (std::vector<std::string>{"12.Bar", "12.Dep", "12.Emp", "12.Lon",
                                                                       "12.One", "12.Sho", "12.gra"}));
 }
@@ -61,9 +61,9 @@ TEST_F(ReportSettingsFileTest, is_named_for_the_department_and_the_kind_of_repor
 TEST_F(ReportSettingsFileTest, comes_back_as_it_was_written) {
     for (const bool flag : {false, true})
         for (const double size : {8.0, 8.25, 72.0}) {
-            Held() = {"DejaVu Sans Mono", size, flag, !flag, flag ? 1 : 0};
+            Held() = {{"DejaVu Sans Mono", size, flag, !flag}, flag ? 1 : 0};
             const std::string before = Told(Held());
-            WriteReportSettings(g, report_file::Short);
+            WriteReportSettings(File(), held);
             Held() = {};
             EXPECT_EQ(Read(), before);
         }
@@ -72,14 +72,14 @@ TEST_F(ReportSettingsFileTest, comes_back_as_it_was_written) {
 TEST_F(ReportSettingsFileTest, is_found_in_any_spelling_and_kept_in_it) {
     test::WriteFile(folder / "12.SHO", "Courier New\r\n 10 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n");
     EXPECT_EQ(Read(), "'Courier New' 10 portrait");
-    WriteReportSettings(g, report_file::Short);
+    WriteReportSettings(File(), held);
     EXPECT_EQ(test::NamesIn(folder.Path()), std::vector<std::string>{"12.SHO"});
 }
 
 // ---- reading ----
 
 TEST_F(ReportSettingsFileTest, that_is_missing_gives_the_defaults_in_a_fresh_run) {
-    Held().ReportFontSize = 33;
+    Held().font.size = 33;
     Held().ReportOrientation = 1;
     EXPECT_EQ(Read(), "'' 9 portrait");
     EXPECT_EQ(FontOfSettings(Held()).name, "Arial") << "a document keeps the font that it was made with";
@@ -97,7 +97,7 @@ TEST_F(ReportSettingsFileTest, that_ends_early_leaves_what_it_does_not_tell) {
 }
 
 TEST_F(ReportSettingsFileTest, that_is_empty_gives_the_defaults_in_a_fresh_run) {
-    Held().ReportFontItalic = true;
+    Held().font.italic = true;
     Put("");
     EXPECT_EQ(Read(), "'' 9 portrait");
 }
@@ -131,10 +131,10 @@ TEST_F(ReportSettingsFileTest, that_is_a_folder_is_as_good_as_missing) {
 }
 
 TEST_F(ReportSettingsFileTest, draws_no_impossible_sizes) {
-    for (const auto& [held, drawn] : std::vector<std::pair<double, double>>{
+    for (const auto& [size, drawn] : std::vector<std::pair<double, double>>{
              {0, 9}, {-4, 9}, {0.5, 9}, {1, 1}, {200, 200}, {201, 9}, {1e300, 9}}) {
-        Held().ReportFontSize = held;
-        EXPECT_EQ(FontOfSettings(Held()).size, drawn) << held;
+        Held().font.size = size;
+        EXPECT_EQ(FontOfSettings(Held()).size, drawn) << size;
     }
 }
 
@@ -174,14 +174,14 @@ TEST_F(ReportSettingsFileTest, of_any_bytes_is_read_and_written_again) {
             seeds[static_cast<std::size_t>(random.Whole(0, static_cast<std::int64_t>(seeds.size()) - 1))];
         Put(random.Chance(20) ? random.Bytes(200) : random.Mutated(seed));
         if (random.Chance(50)) Held() = {};
-        ReadReportSettings(g, report_file::Short);
+        ReadReportSettings(File(), held);
         ASSERT_TRUE(Held().ReportOrientation == 0 || Held().ReportOrientation == 1);
         const ReportFont font = FontOfSettings(Held());
         ASSERT_GE(font.size, 1);
         ASSERT_LE(font.size, 200);
         ASSERT_FALSE(font.name.empty());
-        WriteReportSettings(g, report_file::Short);
-        ReadReportSettings(g, report_file::Short);
+        WriteReportSettings(File(), held);
+        ReadReportSettings(File(), held);
     }
 }
 
@@ -195,7 +195,7 @@ TEST_F(ReportSettingsFileTest, in_a_folder_that_is_read_only_is_read_and_refuses
     EXPECT_EQ(test::AskAnotherUser([&] {
                   const std::string read = Read();
                   try {
-                      WriteReportSettings(g, report_file::Short);
+                      WriteReportSettings(File(), held);
                       return read + ", written";
                   } catch (const FileError& trouble) {
                       return read + ", " + std::to_string(trouble.Number());
@@ -213,13 +213,13 @@ TEST_F(ReportSettingsFileTest, that_may_not_be_read_is_as_good_as_missing) {
 }
 
 TEST_F(ReportSettingsFileTest, stays_as_it_was_on_a_full_disk) {
-    WriteReportSettings(g, report_file::Short);
+    WriteReportSettings(File(), held);
     const std::string before = test::ReadFile(folder / "12.Sho");
     HoldAnother();
     EXPECT_EQ(test::AskOnFullDisk(10,
                                   [&] {
                                       try {
-                                          WriteReportSettings(g, report_file::Short);
+                                          WriteReportSettings(File(), held);
                                           return std::string("written");
                                       } catch (const FileError& trouble) {
                                           return std::to_string(trouble.Number());

@@ -24,9 +24,10 @@ constexpr Twips FramesInPreview = 4700; // left of font and paper there
 
 ReportForm::ReportForm(GlobalState& g, Ports& ports, Printer& printer, const char* designerName,
                        std::string_view extension, Form* owner)
-    : Form(ports, designerName, owner), g_(g), printer_(printer), extension_(extension),
+    : Form(ports, designerName, owner), g_(g), printer_(printer),
+      settingsFile_(ReportSettingsPath(g.paths, g.department.CurrentDepNumber, extension)),
       document_(measures_, UsualPaper()) {
-    ReadReportSettings(g_, extension_);
+    ReadReportSettings(settingsFile_, g_.reports.settings);
     options_ = &Add<QWidget>("Options", "Options");
     BuildPreview();
     BuildFont();
@@ -241,7 +242,7 @@ bool ReportForm::MayUnload() {
 
 void ReportForm::KeepSettings() {
     try {
-        WriteReportSettings(g_, extension_);
+        WriteReportSettings(settingsFile_, g_.reports.settings);
     } catch (const FileError& trouble) {
         ports_.prompt.MsgBox("The font and paper could not be kept.\r\n\r\n" + std::string(trouble.what()),
                              box::Exclamation, "File error");
@@ -250,15 +251,10 @@ void ReportForm::KeepSettings() {
 
 void ReportForm::ChooseFont() {
     ReportSettings& settings = g_.reports.settings;
-    FontChoice present{settings.ReportFontName, settings.ReportFontSize, settings.ReportFontBold,
-                       settings.ReportFontItalic};
-    if (Trim(present.name).empty()) present = FontChoice{"Arial", 9, false, false};
+    const ReportFont present = Trim(settings.font.name).empty() ? ReportFont() : settings.font;
     const auto chosen = ports_.prompt.FontDialog(present, "Select a font and size");
     if (!chosen) return;
-    settings.ReportFontName = chosen->name;
-    settings.ReportFontSize = chosen->size;
-    settings.ReportFontBold = chosen->bold;
-    settings.ReportFontItalic = chosen->italic;
+    settings.font = *chosen;
     fontBold_ = chosen->bold;
     document_.Font(FontOfDocument());
     if (!QFontDatabase::families().contains(ToQString(chosen->name))) {

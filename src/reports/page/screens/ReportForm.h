@@ -7,6 +7,7 @@
 #include "reports/page/ReportSettingsFile.h"
 #include "reports/page/screens/DocumentPainter.h"
 #include "reports/page/screens/Preview.h"
+#include "shell/state/TVXGLOB.h"
 
 #include <QRadioButton>
 
@@ -72,7 +73,7 @@ class ReportForm : public Form {
     void ShowPageNumber();
 
     Printer& printer_;
-    std::string extension_;
+    std::filesystem::path settingsFile_;
     QtFontMeasures measures_;
     VpDocument document_;
     bool previewShown_ = false;

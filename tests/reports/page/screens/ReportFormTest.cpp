@@ -37,7 +37,7 @@ TEST_F(ReportFormTest, opens_with_the_font_and_paper_of_its_kind) {
     EXPECT_EQ(printer.font, (ReportFont{"Liberation Serif", 12.5, false, true}));
     EXPECT_EQ(printer.orientation, PageOrientation::Landscape);
     Open("7DayLong");
-    EXPECT_EQ(g.reports.settings.ReportFontName, "Liberation Mono");
+    EXPECT_EQ(g.reports.settings.font.name, "Liberation Mono");
     EXPECT_TRUE(Checked("optOrient(1)")) << "what the file does not tell stays";
 }
 
@@ -45,7 +45,7 @@ TEST_F(ReportFormTest, opens_with_the_font_of_the_report_before_where_there_is_n
     test::WriteFile(store.folder / "1.Sho", Font("Liberation Serif", 10));
     Open("7DayShort");
     Open("SelectedEmployees");
-    EXPECT_EQ(g.reports.settings.ReportFontName, "Liberation Serif");
+    EXPECT_EQ(g.reports.settings.font.name, "Liberation Serif");
 }
 
 TEST_F(ReportFormTest, opens_in_Arial_9_portrait_in_a_fresh_run) {
@@ -53,7 +53,7 @@ TEST_F(ReportFormTest, opens_in_Arial_9_portrait_in_a_fresh_run) {
     EXPECT_TRUE(Checked("optOrient(0)"));
     Click("cmdPrint");
     EXPECT_EQ(printer.font, (ReportFont{"Arial", 9, false, false}));
-    EXPECT_EQ(g.reports.settings.ReportFontName, "");
+    EXPECT_EQ(g.reports.settings.font.name, "");
     EXPECT_EQ(SettingsFile(".Sho"), "") << "opening and printing write nothing";
 }
 
@@ -62,12 +62,12 @@ TEST_F(ReportFormTest, does_not_open_in_bold) {
     Open("7DayShort");
     Click("cmdPrint");
     EXPECT_FALSE(printer.font.bold);
-    EXPECT_TRUE(g.reports.settings.ReportFontBold) << "it is kept all the same";
+    EXPECT_TRUE(g.reports.settings.font.bold) << "it is kept all the same";
 }
 
 TEST_F(ReportFormTest, keeps_a_chosen_font_at_once) {
     Open("7DayShort");
-    store.prompt().WillChoose(FontChoice{"Liberation Mono", 10, true, true});
+    store.prompt().WillChoose(ReportFont{"Liberation Mono", 10, true, true});
     Click("cmdFont");
     EXPECT_EQ(SettingsFile(".Sho"), "Liberation Mono\r\n 10 \r\n-1 \r\n-1 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n");
     Click("cmdPrint");
@@ -79,16 +79,16 @@ TEST_F(ReportFormTest, changes_nothing_when_the_font_dialog_is_cancelled) {
     store.prompt().WillChoose(std::nullopt);
     Click("cmdFont");
     EXPECT_EQ(SettingsFile(".Sho"), "");
-    EXPECT_EQ(g.reports.settings.ReportFontName, "");
+    EXPECT_EQ(g.reports.settings.font.name, "");
 }
 
 TEST_F(ReportFormTest, tells_that_a_font_is_gone_and_takes_it_without_keeping_it) {
     Open("7DayShort");
-    store.prompt().WillChoose(FontChoice{"Gone Grotesk", 10, false, false});
+    store.prompt().WillChoose(ReportFont{"Gone Grotesk", 10, false, false});
     store.prompt().Expect("Font Gone Grotesk is not available.", box::Ok, "Tarvex");
     Click("cmdFont");
     EXPECT_EQ(SettingsFile(".Sho"), "");
-    EXPECT_EQ(g.reports.settings.ReportFontName, "Gone Grotesk");
+    EXPECT_EQ(g.reports.settings.font.name, "Gone Grotesk");
     Click("cmdPrint");
     EXPECT_EQ(printer.font.name, "Gone Grotesk");
     EXPECT_TRUE(printer.Has("Abbott Grace "));
@@ -96,7 +96,7 @@ TEST_F(ReportFormTest, tells_that_a_font_is_gone_and_takes_it_without_keeping_it
 
 TEST_F(ReportFormTest, compares_the_name_of_a_font_letter_by_letter) {
     Open("7DayShort");
-    store.prompt().WillChoose(FontChoice{"liberation mono", 10, false, false});
+    store.prompt().WillChoose(ReportFont{"liberation mono", 10, false, false});
     store.prompt().Expect("Font liberation mono is not available.", box::Ok, "Tarvex");
     Click("cmdFont");
 }
@@ -136,7 +136,7 @@ TEST_F(ReportFormTest, tells_that_the_settings_could_not_be_kept_and_goes_on) {
 TEST_F(ReportFormTest, samples_the_font_and_draws_it_anew) {
     Open("7DayShort");
     const QImage before = Get("Picture1").grab().toImage();
-    store.prompt().WillChoose(FontChoice{"Liberation Mono", 10, false, true});
+    store.prompt().WillChoose(ReportFont{"Liberation Mono", 10, false, true});
     Click("cmdFont");
     EXPECT_NE(Get("Picture1").grab().toImage(), before);
 }
@@ -203,7 +203,7 @@ TEST_F(ReportFormTest, draws_an_open_preview_again_in_a_new_font) {
     Open("7DayShort");
     Click("cmdPreview");
     const QImage before = Seen();
-    store.prompt().WillChoose(FontChoice{"Liberation Serif", 14, false, false});
+    store.prompt().WillChoose(ReportFont{"Liberation Serif", 14, false, false});
     Click("cmdFont");
     EXPECT_NE(Seen(), before);
     EXPECT_EQ(Title(), "Review print pages...");
