@@ -6,7 +6,7 @@
 #include "reports/page/HtmlDocument.h"
 #include "reports/page/screens/DocumentPainter.h"
 #include "reports/page/screens/Preview.h"
-#include "reports/schedules/HtmlSchedules.h"
+#include "reports/schedules/Schedules.h"
 #include "support/TestStore.h"
 
 #include <QApplication>

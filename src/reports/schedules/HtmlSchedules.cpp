@@ -2,10 +2,6 @@
 
 #include "platform/basic/Format.h"
 #include "platform/basic/Text.h"
-#include "reports/schedules/LongSchedule.h"
-#include "reports/schedules/ShortSchedule.h"
-#include "shell/common/Conversions.h"
-#include "shell/common/TVXMOD1.h"
 
 #include <array>
 #include <utility>
@@ -24,8 +20,8 @@ constexpr std::string_view LongDay = "<~6%|>~12%|^~14%|^~14%|^~14%|^~14%|>~_14%|
 /// What both web pages write with.
 class HtmlSchedule {
   public:
-    HtmlSchedule(GlobalState& g, Ports& ports, const ScheduleRequest& request, Vp& vp)
-        : g_(g), ports_(ports), request_(request), vp_(vp) {}
+    HtmlSchedule(const PrintedSchedule& schedule, Vp& vp)
+        : page_(schedule.page), people_(schedule.people), vp_(vp) {}
 
   protected:
     void Spacer() { vp_.AddTable("^+100%;", {" "}); }
@@ -42,22 +38,17 @@ class HtmlSchedule {
         vp_.EndTable();
     }
 
-    const std::string& TimeStyle() const { return g_.application.Settings[setting::TimeFormat]; }
-    bool Hours() const { return g_.reports.options.PrintTotalHours != 0; }
-    bool Wages() const { return g_.reports.options.PrintTotalWages != 0; }
-
     /// Two lines of a cell; the line feed only where both are asked for.
     std::string Stacked(std::string hours, const std::string& wages) const {
-        const bool both = Hours() && Wages() && !(hours.empty() && wages.empty());
-        if (!Hours()) hours.clear();
+        const bool both = page_.PrintsHours() && page_.PrintsWages() && !(hours.empty() && wages.empty());
+        if (!page_.PrintsHours()) hours.clear();
         if (both) hours += '\n';
-        if (Wages()) hours += wages;
+        if (page_.PrintsWages()) hours += wages;
         return hours;
     }
 
-    GlobalState& g_;
-    Ports& ports_;
-    const ScheduleRequest& request_;
+    const SchedulePage& page_;
+    const std::vector<PrintedPerson>& people_;
     Vp& vp_;
     ScheduleSums sums_;
 };
@@ -69,27 +60,23 @@ class ShortHtml : private HtmlSchedule {
     void Print() {
         vp_.PenColor(ButtonFace);
         Heads();
-        for (int position = 1; position <= g_.roster.EmployeeCount; ++position) {
-            const int e = g_.roster.RowOrder[position];
-            if (IsPrinted(g_, e)) Employee(e);
-        }
-        if (PrintsTotals(g_)) DayTotals();
-        if (request_.productivity) ProductivityBlock();
-        Note();
+        for (const PrintedPerson& person : people_) Person(person);
+        if (page_.PrintsTotals()) DayTotals();
+        if (page_.productivity) ProductivityBlock(*page_.productivity);
+        vp_.TableBorder(TableBorders::None);
+        if (page_.NotesCutoff()) Note();
         Totals();
-        if (g_.reports.options.PrintDayComments) Comments();
+        if (page_.options.PrintDayComments) Comments();
     }
 
   private:
     void Heads() {
         vp_.TableBorder(TableBorders::None);
         vp_.TextColor(QBColor(0));
-        Line("^~100%;", WeekTitle(g_.department, g_.week) + "\n" + PrintedOn(ports_));
+        Line("^~100%;", page_.title + "\n" + page_.printedOn);
         Spacer();
         std::vector<std::string> days{""};
-        for (int d = 1; d <= 7; ++d)
-            days.push_back(ports_.region.Names().weekdays[WeekdayOf(g_, d)] + "\n" +
-                           g_.week.WeekDateTexts[d]);
+        for (int d = 1; d <= 7; ++d) days.push_back(page_.weekdays[d] + "\n" + page_.dates[d]);
         vp_.TableBorder(TableBorders::BoxColumns);
         vp_.TextColor(QBColor(1));
         vp_.AddTable(DayHeads, days);
@@ -97,75 +84,68 @@ class ShortHtml : private HtmlSchedule {
     }
 
     void WeekRow() {
-        std::vector<std::string> numbers{" Week"};
-        for (int d = 1; d <= 7; ++d) {
-            const auto number = WeekNumber(g_.week.WeekStartJulian + d - 1, g_.department.WeekMethod,
-                                           g_.department.FirstWeekday);
-            if (number) numbers.push_back(std::to_string(*number));
-        }
-        if (numbers.size() == 8) {
-            vp_.TextColor(QBColor(9));
-            vp_.AddTable(WeekNumbers, numbers);
-        } else {
+        if (page_.weekNumbers[1].empty()) {
             vp_.TableBorder(TableBorders::Box);
-            Line("99.5%;", " ");
+            return Line("99.5%;", " ");
         }
+        std::vector<std::string> numbers{" Week"};
+        for (int d = 1; d <= 7; ++d) numbers.push_back(page_.weekNumbers[d]);
+        vp_.TextColor(QBColor(9));
+        vp_.AddTable(WeekNumbers, numbers);
     }
 
-    void Employee(int e) {
+    void Person(const PrintedPerson& person) {
         vp_.TextColor(QBColor(10));
-        ports_.prompt.MousePointer(Pointer::Hourglass);
-        LoadPrintArrays(g_, e);
-        const EmployeeSums own = AddToSums(g_, e, request_.productivity, sums_);
+        const EmployeeSums own = AddToSums(page_, person, sums_);
         std::vector<std::string> cells;
         cells.reserve(8);
-        cells.push_back(NameCell(e));
-        for (int d = 1; d <= 7; ++d) cells.push_back(DayCell(e, d));
+        cells.push_back(NameCell(person));
+        for (int d = 1; d <= 7; ++d) cells.push_back(DayCell(person, d));
         vp_.TableBorder(TableBorders::BoxColumns);
         vp_.TextColor(QBColor(3));
         vp_.AddTable(Ranges, std::move(cells));
-        if (PrintsTotals(g_)) FigureRow(e, own);
+        if (page_.PrintsTotals()) FigureRow(person, own);
     }
 
-    std::string NameCell(int e) {
-        std::string name = g_.roster.RosterName1[e] + " " + g_.roster.RosterName2[e];
-        const int option = g_.reports.options.NameOption;
+    std::string NameCell(const PrintedPerson& person) const {
+        std::string name = person.name1 + " " + person.name2;
+        const int option = page_.options.NameOption;
         if (option > 4) return name;
-        return name + "\n" + (option == 0 ? " " : NameDetail(g_, e));
+        return name + "\n" + (option == 0 ? " " : person.detail);
     }
 
-    std::string DayCell(int e, int d) {
-        std::string cell = DayLabel(g_, e, d);
-        for (int r = 1; r <= g_.reports.print.PrintRangeCount[d]; ++r)
-            cell.append(cell.empty() ? "" : "\n").append(RangeText(g_, request_, d, r, true));
+    std::string DayCell(const PrintedPerson& person, int d) const {
+        std::string cell = person.labels[d];
+        const int count = static_cast<int>(person.PrintRanges[d].size());
+        for (int r = 1; r <= count; ++r)
+            cell.append(cell.empty() ? "" : "\n").append(RangeText(page_, person, d, r, true));
         return cell;
     }
 
-    void FigureRow(int e, const EmployeeSums& own) {
-        const std::string hours = WeekHoursText(g_, e, own);
-        const std::string money = WeekMoneyText(g_, e, own);
+    void FigureRow(const PrintedPerson& person, const EmployeeSums& own) {
+        const std::string hours = WeekHoursText(page_, person, own);
+        const std::string money = WeekMoneyText(person, own);
         std::vector<std::string> cells;
         cells.reserve(8);
         cells.push_back(
             Stacked(hours.empty() ? "" : "Total:  " + hours, money.empty() ? "" : "Total:  " + money));
         for (int d = 1; d <= 7; ++d)
-            cells.push_back(Stacked(DayHoursText(g_, own.quarters[d]),
-                                    DayWagesText(g_, e, own.quarters[d], own.wages[d])));
+            cells.push_back(Stacked(DayHoursText(page_, person.PrintDayQuarters[d]),
+                                    DayWagesText(page_, person, person.PrintDayQuarters[d], own.wages[d])));
         TouchedUp(Figures, std::move(cells), QBColor(12), QBColor(9));
     }
 
     void DayTotals() {
         std::vector<std::string> cells{"Day Totals"};
         for (int d = 1; d <= 7; ++d)
-            cells.push_back(
-                Stacked("Hours " + QuartersToText(g_.reports.totals.DayTotalQuarters[d], TimeStyle()),
-                        "Wages " + Format(g_.reports.totals.DayTotalWages[d], ".00")));
+            cells.push_back(Stacked(page_.words.hours + HoursText(page_, sums_.DayTotalQuarters[d]),
+                                    page_.words.wages + Format(sums_.DayTotalWages[d], ".00")));
         vp_.TableBorder(TableBorders::BoxColumns);
         TouchedUp(Figures, std::move(cells), QBColor(9), QBColor(1));
     }
 
-    void ProductivityBlock() {
-        const Productivity& p = g_.productivity;
+    void ProductivityBlock(const PrintedProductivity& figures) {
+        const Productivity& p = figures.includes;
         vp_.TableBorder(TableBorders::None);
         vp_.TextColor(QBColor(0));
         vp_.FontBold(true);
@@ -180,26 +160,24 @@ class ShortHtml : private HtmlSchedule {
                           YesNo("Salaried time", p.TransSalaryHours) + "\n" +
                           YesNo("Salaries", p.LaborSalary),
                       ""});
-        ProductivityRows();
+        ProductivityRows(figures);
     }
 
-    void ProductivityRows() {
-        std::vector<std::string> figures{"Sales\nTrans."};
+    void ProductivityRows(const PrintedProductivity& figures) {
+        std::vector<std::string> amounts{"Sales\nTrans."};
         std::vector<std::string> ratios{"Sales/hrs\nTrans/hrs\nLabor %"};
         for (int d = 0; d <= 7; ++d) {
-            figures.push_back(SalesText(g_, d) + "\n" + TransactionsText(g_, d));
-            ratios.push_back(SalesPerHour(g_, sums_, d) + "\n" + TransactionsPerHour(g_, sums_, d) + "\n" +
-                             LaborPercent(g_, sums_, d));
+            amounts.push_back(SalesText(figures, d) + "\n" + TransactionsText(figures, d));
+            ratios.push_back(SalesPerHour(figures, sums_, d) + "\n" + TransactionsPerHour(figures, sums_, d) +
+                             "\n" + LaborPercent(page_, sums_, d));
         }
         vp_.TableBorder(TableBorders::BoxColumns);
-        TouchedUp(ProductivityFigures, std::move(figures), QBColor(0), QBColor(1));
+        TouchedUp(ProductivityFigures, std::move(amounts), QBColor(0), QBColor(1));
         TouchedUp(ProductivityFigures, std::move(ratios), QBColor(0), QBColor(1));
     }
 
     void Note() {
-        vp_.TableBorder(TableBorders::None);
-        if (g_.department.DayCutoffQuarters <= 0 || !PrintsTotals(g_)) return;
-        const std::string time = CutoffText(g_);
+        const std::string time = CutoffText(page_);
         vp_.TextColor(QBColor(12));
         vp_.FontBold(false);
         Line("<~100%;",
@@ -216,25 +194,26 @@ class ShortHtml : private HtmlSchedule {
     void Totals() {
         vp_.TextColor(QBColor(0));
         vp_.FontBold(true);
-        if (Hours()) Total("Department total time:  ", QuartersToText(sums_.PrintTotalQuarters, TimeStyle()));
-        if (Wages()) {
-            Total("Department total wages:  ", Format(sums_.PrintTotalWagesSum, "##,##0.00"));
-            Total("Department total salaries:  ", Format(g_.TotalSalaries, "##,##0.00"));
-            Total("Department total compensation:  ",
-                  Format(sums_.PrintTotalWagesSum + g_.TotalSalaries, "##,##0.00"));
+        if (page_.PrintsHours())
+            Total("Department total time:  ", HoursText(page_, sums_.PrintTotalQuarters));
+        if (page_.PrintsWages()) {
+            const TotalTexts money = MoneyTotals(page_, sums_, "##,##0.00");
+            Total("Department total wages:  ", money.wages);
+            Total("Department total salaries:  ", money.salaries);
+            Total("Department total compensation:  ", money.compensation);
         }
         vp_.FontBold(false);
     }
 
     void Comments() {
         for (int d = 1; d <= 7; ++d) {
-            if (!g_.week.DayMemoFlag[d]) continue;
+            if (!page_.memos[d]) continue;
             vp_.FontBold(true);
             vp_.TextColor(QBColor(0));
-            Line("<~100%;", DayCommentHeading(g_, ports_, d));
+            Line("<~100%;", DayCommentHeading(page_, d));
             vp_.FontBold(false);
             vp_.TextColor(QBColor(3));
-            Line("<100%;", g_.week.DayMemoText[d]);
+            Line("<100%;", *page_.memos[d]);
         }
     }
 };
@@ -245,31 +224,28 @@ class LongHtml : private HtmlSchedule {
 
     void PrintRoster() {
         Begin();
-        Line("^~100%;", WeekTitle(g_.department, g_.week) + "\n" + PrintedOn(ports_));
+        Line("^~100%;", page_.title + "\n" + page_.printedOn);
         Spacer();
-        for (int position = 1; position <= g_.roster.EmployeeCount; ++position) {
-            const int e = g_.roster.RowOrder[position];
-            if (!IsPrinted(g_, e)) continue;
-            NameLine(e);
-            Days(e);
+        for (const PrintedPerson& person : people_) {
+            NameLine(person);
+            Days(person);
         }
         Totals();
-        Note();
+        if (page_.NotesCutoff()) Note();
         vp_.EndDoc();
     }
 
     void PrintPicked() {
         Begin();
-        for (const int e : request_.picked) {
-            Line("^~100%;", WeekTitle(g_.department, g_.week));
+        for (const PrintedPerson& person : people_) {
+            Line("^~100%;", page_.title);
             Spacer();
             vp_.FontBold(true);
-            Line("^~100%;", "Schedule for: " + g_.roster.RosterName2[e] + " " + g_.roster.RosterName1[e] +
-                                "  - " + Suffix(e));
+            Line("^~100%;", "Schedule for: " + person.name2 + " " + person.name1 + "  - " + Suffix(person));
             vp_.FontBold(false);
-            Line("^~100%;", PrintedOn(ports_));
+            Line("^~100%;", page_.printedOn);
             Spacer();
-            Days(e);
+            Days(person);
         }
     }
 
@@ -279,33 +255,29 @@ class LongHtml : private HtmlSchedule {
         vp_.TextColor(QBColor(0));
     }
 
-    std::string Suffix(int e) {
-        const std::string detail = NameDetail(g_, e);
-        return detail.empty() ? "" : ", " + detail;
+    static std::string Suffix(const PrintedPerson& person) {
+        return person.detail.empty() ? "" : ", " + person.detail;
     }
 
-    void NameLine(int e) {
-        const std::string& second = g_.roster.RosterName2[e];
+    void NameLine(const PrintedPerson& person) {
         vp_.FontBold(true);
-        Line("<~100%;", g_.roster.RosterName1[e] + (Trim(second).empty() ? "" : ", ") + second + Suffix(e));
+        Line("<~100%;",
+             person.name1 + (Trim(person.name2).empty() ? "" : ", ") + person.name2 + Suffix(person));
         vp_.FontBold(false);
     }
 
-    void Days(int e) {
-        ports_.prompt.MousePointer(Pointer::Hourglass);
-        LoadPrintArrays(g_, e);
-        const EmployeeSums own = AddToSums(g_, e, false, sums_);
+    void Days(const PrintedPerson& person) {
+        const EmployeeSums own = AddToSums(page_, person, sums_);
         Colour shade = FirstRowShade;
         for (int d = 1; d <= 7; ++d) {
-            const std::string label = DayLabel(g_, e, d);
-            if (request_.saveSpace && label.empty() && g_.reports.print.PrintRangeCount[d] == 0) continue;
-            vp_.AddTable(LongDay, DayRow(e, own, d, label), shade);
+            if (page_.saveSpace && person.labels[d].empty() && person.PrintRanges[d].empty()) continue;
+            vp_.AddTable(LongDay, DayRow(person, own, d), shade);
             shade = shade == FirstRowShade ? QBColor(15) : FirstRowShade;
         }
-        WeekRow(e, own);
+        WeekRow(person, own);
     }
 
-    std::vector<std::string> DayRow(int e, const EmployeeSums& own, int d, const std::string& label) {
+    std::vector<std::string> DayRow(const PrintedPerson& person, const EmployeeSums& own, int d) const {
         std::array<std::string, 4> slots;
         std::size_t next = 0;
         const auto put = [&](const std::string& text) {
@@ -313,60 +285,56 @@ class LongHtml : private HtmlSchedule {
             slot += (next >= slots.size() ? "\n" : "") + text;
             ++next;
         };
-        if (!label.empty()) put(label);
-        for (int r = 1; r <= g_.reports.print.PrintRangeCount[d]; ++r)
-            put(RangeText(g_, request_, d, r, false));
-        return {ports_.region.Names().shortWeekdays[WeekdayOf(g_, d)],
-                ports_.region.MediumDate(g_.week.WeekStartJulian + d - 1) + ">",
+        if (!person.labels[d].empty()) put(person.labels[d]);
+        const int count = static_cast<int>(person.PrintRanges[d].size());
+        for (int r = 1; r <= count; ++r) put(RangeText(page_, person, d, r, false));
+        return {page_.shortWeekdays[d],
+                page_.mediumDates[d] + ">",
                 slots[0],
                 slots[1],
                 slots[2],
                 slots[3],
-                HoursCell(own.quarters[d]),
-                MoneyCell(e, own.wages[d])};
+                HoursCell(person.PrintDayQuarters[d]),
+                MoneyCell(person, own.wages[d])};
     }
 
     std::string HoursCell(int quarters) const {
-        const std::string text = QuartersToText(quarters, TimeStyle());
-        return !Hours() || Trim(text) == "0:00" ? "" : text;
+        const std::string text = HoursText(page_, quarters);
+        return !page_.PrintsHours() || Trim(text) == "0:00" ? "" : text;
     }
 
-    std::string MoneyCell(int e, double wage) const {
-        if (!Wages()) return "";
-        if (!g_.roster.IsPaidByHour(e)) return "Salary";
+    std::string MoneyCell(const PrintedPerson& person, Wage wage) const {
+        if (!page_.PrintsWages()) return "";
+        if (!person.paidByHour) return "Salary";
         const std::string text = Format(wage, ".00");
         return text == ".00" ? "" : text;
     }
 
-    void WeekRow(int e, const EmployeeSums& own) {
-        if (!PrintsTotals(g_)) return Spacer();
-        const std::string money =
-            g_.roster.IsPaidByHour(e) ? Format(own.weekWages, ".00") : Format(g_.roster.RosterPay[e], ".00");
+    void WeekRow(const PrintedPerson& person, const EmployeeSums& own) {
+        if (!page_.PrintsTotals()) return Spacer();
+        const std::string money = person.paidByHour ? Format(own.weekWages, ".00") : SalaryText(person);
         vp_.FontBold(true);
         vp_.AddTable("65%|>~_23%|>~_12%;",
-                     {"", Hours() ? "Total:  " + QuartersToText(own.weekQuarters, TimeStyle()) : "",
-                      Wages() ? money : ""});
+                     {"", page_.PrintsHours() ? "Total:  " + HoursText(page_, own.weekQuarters) : "",
+                      page_.PrintsWages() ? money : ""});
         vp_.FontBold(false);
     }
 
     void Totals() {
         vp_.TextColor(QBColor(9));
-        const std::string& name = g_.department.CurrentDepName;
-        if (Hours())
-            vp_.AddTable(
-                ">~_88%|>~_12%;",
-                {name + ", total time:  " + QuartersToText(sums_.PrintTotalQuarters, TimeStyle()), " "});
-        if (!Wages()) return;
-        const auto money = [](double amount) { return Format(amount, "##,##0.00"); };
-        Line(">~_100%;", name + ", total wages:  " + money(sums_.PrintTotalWagesSum));
-        Line(">~_100%;", name + ", total salaries:   " + money(g_.TotalSalaries));
-        Line(">~_100%;",
-             name + ", total compensation:   " + money(sums_.PrintTotalWagesSum + g_.TotalSalaries));
+        const std::string& name = page_.departmentName;
+        if (page_.PrintsHours())
+            vp_.AddTable(">~_88%|>~_12%;",
+                         {name + ", total time:  " + HoursText(page_, sums_.PrintTotalQuarters), " "});
+        if (!page_.PrintsWages()) return;
+        const TotalTexts money = MoneyTotals(page_, sums_, "##,##0.00");
+        Line(">~_100%;", name + ", total wages:  " + money.wages);
+        Line(">~_100%;", name + ", total salaries:   " + money.salaries);
+        Line(">~_100%;", name + ", total compensation:   " + money.compensation);
     }
 
     void Note() {
-        if (g_.department.DayCutoffQuarters <= 0 || !PrintsTotals(g_)) return;
-        const std::string time = CutoffText(g_);
+        const std::string time = CutoffText(page_);
         vp_.FontBold(false);
         Line("<+100%;", "Note:\nTime and Wage statistics are between the hours of:" + time + " and" + time +
                             " the following day.");
@@ -375,36 +343,16 @@ class LongHtml : private HtmlSchedule {
 
 } // namespace
 
-void PrintShortScheduleHTML(GlobalState& g, Ports& ports, const ScheduleRequest& request, Vp& vp) {
-    ScheduleRequest run = request;
-    BeginRun(g, run);
-    ShortHtml(g, ports, run, vp).Print();
-    ports.prompt.MousePointer(Pointer::Default);
+void PrintShortScheduleHTML(const PrintedSchedule& schedule, Vp& vp) {
+    ShortHtml(schedule, vp).Print();
 }
 
-void PrintLongScheduleHTML(GlobalState& g, Ports& ports, const ScheduleRequest& request, Vp& vp) {
-    ScheduleRequest run = request;
-    BeginRun(g, run);
-    LongHtml schedule(g, ports, run, vp);
-    if (run.kind == "SelectedEmployees")
-        schedule.PrintPicked();
-    else
-        schedule.PrintRoster();
-    ports.prompt.MousePointer(Pointer::Default);
+void PrintLongScheduleHTML(const PrintedSchedule& schedule, Vp& vp) {
+    LongHtml(schedule, vp).PrintRoster();
 }
 
-void RunSchedule(GlobalState& g, Ports& ports, const ScheduleRequest& request, bool html, Vp& vp) {
-    vp.StartDoc();
-    const bool shortKind = request.kind == "7DayShort";
-    if (html && shortKind)
-        PrintShortScheduleHTML(g, ports, request, vp);
-    else if (html)
-        PrintLongScheduleHTML(g, ports, request, vp);
-    else if (shortKind)
-        Print7day(g, ports, request, vp);
-    else
-        PrintLongSchedule(g, ports, request, vp);
-    vp.EndDoc();
+void PrintSelectedSchedulesHTML(const PrintedSchedule& schedule, Vp& vp) {
+    LongHtml(schedule, vp).PrintPicked();
 }
 
 } // namespace tvx

@@ -1,17 +1,18 @@
 // The schedules as web pages: the same data as on paper, laid out as table blocks alone.
 #pragma once
 
-#include "reports/schedules/PrintWeek.h"
+#include "platform/ports/Vp.h"
+#include "reports/schedules/SchedulePage.h"
 
 namespace tvx {
 
-/// The short schedule: a row for each employee, a column for each day.
-void PrintShortScheduleHTML(GlobalState& g, Ports& ports, const ScheduleRequest& request, Vp& vp);
+/// The short schedule: a row for each person, a column for each day.
+void PrintShortScheduleHTML(const PrintedSchedule& schedule, Vp& vp);
 
-/// The long schedule of the roster, or of the picked employees.
-void PrintLongScheduleHTML(GlobalState& g, Ports& ports, const ScheduleRequest& request, Vp& vp);
+/// The long schedule of everybody; closes the document.
+void PrintLongScheduleHTML(const PrintedSchedule& schedule, Vp& vp);
 
-/// Runs the routine of a request's kind, on paper or as a web page, between StartDoc and EndDoc.
-void RunSchedule(GlobalState& g, Ports& ports, const ScheduleRequest& request, bool html, Vp& vp);
+/// The long schedule of each person under a title of his own.
+void PrintSelectedSchedulesHTML(const PrintedSchedule& schedule, Vp& vp);
 
 } // namespace tvx

@@ -1,11 +1,15 @@
-// The long seven-day schedule on paper: seven dated lines for each employee.
+// The long seven-day schedule on paper: seven dated lines for each person.
 #pragma once
 
-#include "reports/schedules/PrintWeek.h"
+#include "platform/ports/Vp.h"
+#include "reports/schedules/SchedulePage.h"
 
 namespace tvx {
 
-/// Draws the schedule of the whole roster, or of the picked employees on a page each, into the open document.
-void PrintLongSchedule(GlobalState& g, Ports& ports, const ScheduleRequest& request, Vp& vp);
+/// Draws a schedule of everybody, one below the other, and closes the document.
+void PrintLongSchedule(const PrintedSchedule& schedule, Vp& vp);
+
+/// Draws each person on a page of his own.
+void PrintSelectedSchedules(const PrintedSchedule& schedule, Vp& vp);
 
 } // namespace tvx

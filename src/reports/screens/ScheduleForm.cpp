@@ -5,7 +5,7 @@
 #include "platform/files/FileError.h"
 #include "platform/files/Folder.h"
 #include "reports/page/HtmlDocument.h"
-#include "reports/schedules/HtmlSchedules.h"
+#include "reports/schedules/Schedules.h"
 #include "shell/common/Conversions.h"
 
 #include <QGridLayout>
@@ -41,7 +41,6 @@ ScheduleForm::ScheduleForm(GlobalState& g, Ports& ports, Printer& printer, Form*
     options.WhoToPrint = 0;
     options.BreakThreshold = 0;
     options.NameOption = std::min(options.NameOption, 4);
-    if (g_.rights.HideWages) options.PrintTotalWages = 0;
     BuildOptions();
     auto& html = AddButton("cmdPreviewHTML", "Preview HT&ML");
     auto& save = AddButton("cmdSaveHTML", "&Save HTML");
@@ -95,7 +94,7 @@ QCheckBox& ScheduleForm::AddCheck(Frame& frame, const char* name, const std::str
 }
 
 void ScheduleForm::BuildOther(QGridLayout& grid) {
-    ReportOptions& options = g_.reports.options;
+    const ReportOptions options = OptionsOfRun(g_.reports.options, g_.rights);
     auto& frame = Add<Frame>("Frame3D2", "Other options", &Options());
     frame.SetTitle("Other print options..");
     new QVBoxLayout(&frame);

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "reports/page/screens/ReportForm.h"
-#include "reports/schedules/PrintWeek.h"
+#include "reports/schedules/ScheduleLoader.h"
 
 #include <QCheckBox>
 

@@ -2,10 +2,6 @@
 #pragma once
 
 #include "platform/ports/ReportFont.h"
-#include "shell/state/Week.h"
-
-#include <array>
-#include <string>
 
 namespace tvx {
 
@@ -27,27 +23,9 @@ struct ReportOptions {
     bool PrintTimeBars = false;
 };
 
-/// One employee's week as it is printed, refilled for each.
-struct PrintArrays {
-    std::array<int, DaysInSpan + 1> PrintRangeCount{}; // [day 1..8]
-    std::array<std::array<WeekQuarter, DaysInSpan + 1>, BarSlots + 1>
-        PrintRangeStart{}; // [row 1..36][day 1..8]
-    std::array<std::array<WeekQuarter, DaysInSpan + 1>, BarSlots + 1>
-        PrintRangeStop{};                               // [row 1..36][day 1..8]
-    std::array<int, DaysInSpan + 1> PrintDayQuarters{}; // [day 1..8]
-};
-
-/// Sums over the people of a report, cleared when it starts.
-struct PrintTotals {
-    std::array<long, DaysInSpan + 1> DayTotalQuarters{}; // [day 1..8]
-    std::array<double, DaysInSpan + 1> DayTotalWages{};  // [day 1..8]
-};
-
 struct Reports {
     ReportSettings settings;
     ReportOptions options;
-    PrintArrays print;
-    PrintTotals totals;
 };
 
 } // namespace tvx

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "reports/page/VpDocument.h"
-#include "reports/schedules/PrintWeek.h"
+#include "reports/schedules/ScheduleLoader.h"
 #include "support/TestStore.h"
 
 #include <filesystem>

@@ -2,7 +2,7 @@
 // expected.txt. With TVX_ACCEPT_CASES set the expectations are written instead of compared; read what changed
 // before it is kept.
 #include "ScheduleCase.h"
-#include "reports/schedules/HtmlSchedules.h"
+#include "reports/schedules/Schedules.h"
 #include "support/FixedMeasures.h"
 #include "support/TempFolder.h"
 

@@ -1,8 +1,9 @@
 // What holds for schedules of every kind, whatever the week; what stands where is shown by the cases.
+#include "reports/schedules/Schedules.h"
+
 #include "editor/week/Totals.h"
 #include "platform/basic/Text.h"
 #include "reports/page/HtmlDocument.h"
-#include "reports/schedules/HtmlSchedules.h"
 #include "support/FixedMeasures.h"
 #include "support/Random.h"
 #include "support/TestStore.h"

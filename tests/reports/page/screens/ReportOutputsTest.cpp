@@ -3,7 +3,7 @@
 #include "platform/basic/Text.h"
 #include "reports/page/HtmlDocument.h"
 #include "reports/page/screens/DocumentPainter.h"
-#include "reports/schedules/HtmlSchedules.h"
+#include "reports/schedules/Schedules.h"
 #include "shell/common/Conversions.h"
 #include "support/ScheduleFormFixture.h"
 

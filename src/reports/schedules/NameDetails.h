@@ -1,0 +1,29 @@
+// What stands under or behind the names of a schedule, from the store where the roster does not have it.
+#pragma once
+
+#include "shell/state/Roster.h"
+#include "shell/state/Store.h"
+
+#include <string>
+
+namespace tvx {
+
+/// Looks details up for one run. A record or a file that cannot be read gives "": the report goes on without.
+class NameDetails {
+  public:
+    NameDetails(Store& store, const Roster& roster, int nameOption)
+        : store_(store), roster_(roster), nameOption_(nameOption) {}
+
+    /// By the option: nothing, assignment, ID, phone or social security number.
+    std::string Of(int employee);
+
+  private:
+    std::string FieldOf(int employee, const char* field);
+
+    Store& store_;
+    const Roster& roster_;
+    int nameOption_;
+    dao::Recordset employees_; // of the run alone; opened with the first look
+};
+
+} // namespace tvx

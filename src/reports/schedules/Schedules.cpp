@@ -1,0 +1,27 @@
+#include "reports/schedules/Schedules.h"
+
+#include "reports/schedules/HtmlSchedules.h"
+#include "reports/schedules/LongSchedule.h"
+#include "reports/schedules/ShortSchedule.h"
+
+namespace tvx {
+namespace {
+
+using Routine = void (*)(const PrintedSchedule& schedule, Vp& vp);
+
+Routine RoutineOf(const std::string& kind, bool html) {
+    if (kind == "7DayShort") return html ? PrintShortScheduleHTML : Print7day;
+    if (kind == "SelectedEmployees") return html ? PrintSelectedSchedulesHTML : PrintSelectedSchedules;
+    return html ? PrintLongScheduleHTML : PrintLongSchedule;
+}
+
+} // namespace
+
+void RunSchedule(GlobalState& g, const Ports& ports, const ScheduleRequest& request, bool html, Vp& vp) {
+    const PrintedSchedule schedule = LoadSchedule(g, ports, request);
+    vp.StartDoc();
+    RoutineOf(request.kind, html)(schedule, vp);
+    vp.EndDoc();
+}
+
+} // namespace tvx
