@@ -5,6 +5,7 @@
 #include "platform/basic/Twips.h"
 #include "platform/ports/ReportFont.h"
 
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -15,17 +16,27 @@ namespace tvx {
 /// Paper the long way up or across.
 enum class PageOrientation { Portrait = 0, Landscape = 1 };
 
-/// How a table is bordered, by the old numbers.
+/// How a table is bordered, by the numbers of the table formats.
 enum class TableBorders { None = 0, Box = 4, BoxColumns = 9 };
 
-/// What can be touched up in a cell, by the old numbers.
+/// What can be touched up in a cell, by the numbers of the table formats.
 enum class CellSetting { TextColor = 21, Bold = 25 };
 
-/// Outlines of rectangles, by the old numbers.
+/// Outlines of rectangles; 5 is the number of no pen.
 enum class PenStyles { Solid = 0, NoOutline = 5 };
 
+/// The widest text of a column and the room that it has there.
+struct WidestText {
+    std::string text;
+    Twips room = 0;
+    bool bold = false;
+};
+
+constexpr double SmallestFittingSize = 7; // points
+
 /// A document is drawn between StartDoc and EndDoc. All measures are twips from the top left of the printable
-/// area. Nothing here fails: what does not fit is drawn where it falls.
+/// area. Nothing here fails: what does not fit is drawn where it falls. Paper has colours of its own: where a
+/// screen takes the desktop's text it is black, where it takes the desktop's surface a light grey.
 class Vp {
   public:
     virtual ~Vp() = default;
@@ -48,6 +59,11 @@ class Vp {
     /// Size of a text in the present font.
     virtual Twips TextWidth(std::string_view text) const = 0;
     virtual Twips TextHeight(std::string_view text) const = 0;
+
+    /// The largest size, from the present font's downward by halves of a point to SmallestFittingSize, at
+    /// which every text is as narrow as its room; nothing when there is none. A font that is smaller already
+    /// is asked as it is. Each size is measured anew.
+    virtual std::optional<double> FittingSize(const std::vector<WidestText>& texts) const = 0;
 
     /// Where the next text goes: the top left of its first line.
     virtual void CurrentX(Twips x) = 0;
@@ -73,11 +89,18 @@ class Vp {
     /// there. `bodyShade` fills the row.
     virtual void AddTable(std::string_view format, std::vector<std::string> cells,
                           std::optional<Colour> bodyShade = std::nullopt) = 0;
-    /// Between the two, the cells of a table can be touched up; EndTable adds it.
+    /// Between the two, AddTable collects the rows of one table, whose cells can be touched up; EndTable adds
+    /// them in order.
     virtual void StartTable() = 0;
     virtual void EndTable() = 0;
-    /// Row and column count from 1.
+    /// Row and column of the collected table, from 1.
     virtual void TableCell(CellSetting setting, int row, int column, Colour value) = 0;
+
+    /// What is drawn at the beginning of each page, the first included, before anything else there: a head, a
+    /// foot, a frame. Set before StartDoc, or for the pages that follow; forgotten at EndDoc. Font, pen and
+    /// colours are afterwards as before; what comes next stands below. A web page, which has no pages, does
+    /// not show it.
+    virtual void OnPage(std::function<void()> draw) = 0;
 
     virtual void StartDoc() = 0;
     /// A second call does nothing.

@@ -184,11 +184,6 @@ std::string HexOf(Colour colour) {
     return text.data();
 }
 
-/// A desktop colour stands for black here.
-Colour Plain(Colour colour) {
-    return (colour & 0x80000000U) != 0 ? QBColor(0) : colour;
-}
-
 double Channel(unsigned value) {
     const double share = value / 255.0;
     return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
@@ -293,7 +288,7 @@ class PageWriter {
     using ColourPair = std::pair<Colour, Colour>; // text and ground
 
     static ColourPair ColoursOf(const TableBlockCell& cell, const TableBlock& block) {
-        return {Plain(cell.colour), block.shade ? Plain(*block.shade) : QBColor(15)};
+        return {cell.colour, block.shade.value_or(QBColor(15))};
     }
 
     /// The style stands before what it is for, so the colours are counted first.

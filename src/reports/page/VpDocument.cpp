@@ -4,6 +4,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <tuple>
+#include <utility>
 
 namespace tvx {
 namespace {
@@ -21,6 +23,13 @@ ReportFont FontOf(ReportFont font, const TableBlockCell& cell) {
 }
 
 } // namespace
+
+Colour PaperColour(Colour colour) {
+    constexpr Colour OfTheDesktop = 0x80000000U;
+    constexpr Colour Surface = RGB(240, 240, 240);
+    if ((colour & OfTheDesktop) == 0) return colour;
+    return colour == ButtonFace ? Surface : QBColor(0);
+}
 
 VpDocument::VpDocument(const FontMeasures& measures, const Paper& paper)
     : measures_(measures), paper_(paper), wantedPaper_(paper) {}
@@ -50,6 +59,23 @@ Twips VpDocument::TextHeight(std::string_view) const {
     return measures_.Height(font_);
 }
 
+bool VpDocument::Fits(const ReportFont& font, const std::vector<WidestText>& texts) const {
+    return std::all_of(texts.begin(), texts.end(), [&](const WidestText& widest) {
+        ReportFont measured = font;
+        measured.bold = widest.bold;
+        return measures_.Width(measured, widest.text) <= widest.room;
+    });
+}
+
+std::optional<double> VpDocument::FittingSize(const std::vector<WidestText>& texts) const {
+    ReportFont font = font_;
+    while (!Fits(font, texts)) {
+        font.size = std::ceil(font.size * 2 - 1) / 2; // the next half below
+        if (font.size < SmallestFittingSize) return std::nullopt;
+    }
+    return font.size;
+}
+
 Twips VpDocument::Across() const {
     return (orientation_ == PageOrientation::Landscape ? paper_.height : paper_.width) - 2 * paper_.margin;
 }
@@ -70,17 +96,30 @@ void VpDocument::StartDoc() {
     tables_.clear();
     laidOut_ = 0;
     fonts_.clear();
-    touchedUp_.reset();
-    touchingUp_ = false;
+    collected_.reset();
+    inPageEvent_ = false;
     orientation_ = wanted_;
     paper_ = wantedPaper_;
     open_ = true;
     x_ = y_ = 0;
-    textColor_ = penColor_ = 0;
-    penStyle_ = PenStyles::Solid;
-    penWidth_ = 0;
-    brushColor_ = QBColor(15);
-    border_ = TableBorders::None;
+    tools_ = {};
+    RaisePage();
+}
+
+void VpDocument::EndDoc() {
+    open_ = false;
+    onPage_ = nullptr;
+}
+
+void VpDocument::OnPage(std::function<void()> draw) {
+    LayOutTables(); // those that came before do not raise it
+    onPage_ = [this, draw = std::move(draw)] {
+        const auto before = std::tuple(font_, tools_, x_);
+        auto collecting = std::exchange(collected_, std::nullopt);
+        draw();
+        std::tie(font_, tools_, x_) = before;
+        collected_ = std::move(collecting);
+    };
 }
 
 void VpDocument::NewPage() {
@@ -93,6 +132,17 @@ void VpDocument::NewPage() {
 void VpDocument::BeginPage() const {
     pages_.emplace_back();
     y_ = 0;
+    RaisePage();
+}
+
+/// A page that the event itself begins, because its head is higher than a page, raises none.
+void VpDocument::RaisePage() const {
+    top_ = 0;
+    if (!onPage_ || inPageEvent_) return;
+    inPageEvent_ = true;
+    onPage_();
+    inPageEvent_ = false;
+    top_ = y_;
 }
 
 void VpDocument::CurrentY(Twips y) {
@@ -124,16 +174,16 @@ void VpDocument::Draw(PageOperation operation) {
 void VpDocument::Text(std::string_view text) {
     if (text.empty()) return;
     LayOutTables(); // which moves the place
-    Draw(DrawnPageText{x_, y_, std::string(text), FontIndex(font_), textColor_});
+    Draw(DrawnPageText{x_, y_, std::string(text), FontIndex(font_), tools_.text});
 }
 
 void VpDocument::DrawLine(Twips x1, Twips y1, Twips x2, Twips y2) {
-    Draw(DrawnPageLine{x1, y1, x2, y2, penColor_, penWidth_});
+    Draw(DrawnPageLine{x1, y1, x2, y2, tools_.pen, tools_.penWidth});
 }
 
 void VpDocument::DrawRectangle(Twips left, Twips top, Twips right, Twips bottom) {
-    const bool outlined = penStyle_ != PenStyles::NoOutline;
-    Draw(DrawnPageBox{{left, top, right, bottom}, brushColor_, outlined, penColor_});
+    const bool outlined = tools_.penStyle != PenStyles::NoOutline;
+    Draw(DrawnPageBox{{left, top, right, bottom}, tools_.brush, outlined, tools_.pen});
 }
 
 // ---- tables ----
@@ -147,37 +197,50 @@ const std::vector<TableColumn>& VpDocument::ColumnsOf(std::string_view format) {
 void VpDocument::AddTable(std::string_view format, std::vector<std::string> cells,
                           std::optional<Colour> bodyShade) {
     if (!open_) return;
-    TableBlock block{ColumnsOf(format), {}, border_, bodyShade, FontIndex(font_), penColor_};
+    if (bodyShade) bodyShade = PaperColour(*bodyShade);
+    TableBlock block{ColumnsOf(format), {}, tools_.border, bodyShade, FontIndex(font_), tools_.pen};
     cells.resize(block.columns.size());
     block.cells.reserve(cells.size());
     for (std::string& cell : cells) {
         if (cell.find('\r') != std::string::npos) cell = NormalizedLineEnds(cell);
-        block.cells.push_back({std::move(cell), textColor_, font_.bold});
+        block.cells.push_back({std::move(cell), tools_.text, font_.bold});
     }
-    if (touchingUp_)
-        touchedUp_ = std::move(block);
+    if (collected_)
+        collected_->push_back(std::move(block));
     else
-        tables_.push_back(std::move(block));
+        Put(std::move(block));
+}
+
+/// Tables wait until somebody asks for their places, unless they may raise a page; those of the page event
+/// stand on their page alone.
+void VpDocument::Put(TableBlock block) {
+    if (inPageEvent_) return LayOut(block);
+    tables_.push_back(std::move(block));
+    if (onPage_) LayOutTables();
 }
 
 void VpDocument::StartTable() {
-    touchingUp_ = true;
-    touchedUp_.reset();
+    collected_.emplace();
 }
 
 void VpDocument::TableCell(CellSetting setting, int row, int column, Colour value) {
-    if (!touchedUp_ || row != 1 || column < 1 || column > static_cast<int>(touchedUp_->cells.size())) return;
-    TableBlockCell& cell = touchedUp_->cells[static_cast<std::size_t>(column) - 1];
+    const auto isOne = [](int number, const auto& all) {
+        return number >= 1 && number <= static_cast<int>(all.size());
+    };
+    if (!collected_ || !isOne(row, *collected_)) return;
+    auto& cells = (*collected_)[static_cast<std::size_t>(row) - 1].cells;
+    if (!isOne(column, cells)) return;
+    TableBlockCell& cell = cells[static_cast<std::size_t>(column) - 1];
     if (setting == CellSetting::TextColor)
-        cell.colour = value;
+        cell.colour = PaperColour(value);
     else
         cell.bold = value != 0;
 }
 
 void VpDocument::EndTable() {
-    touchingUp_ = false;
-    if (touchedUp_) tables_.push_back(std::move(*touchedUp_));
-    touchedUp_.reset();
+    auto rows = std::exchange(collected_, std::nullopt);
+    if (!rows) return;
+    for (TableBlock& row : *rows) Put(std::move(row));
 }
 
 /// The lines of a cell: as the program broke them, or wrapped at blanks to the column.
@@ -223,7 +286,7 @@ void VpDocument::LayOut(const TableBlock& block) const {
         return static_cast<std::size_t>(
             std::max(0, room / std::max(1, measures_.Height(FontAt(block.font)))));
     };
-    if (y_ > 0 && most > linesThatFit()) BeginPage();
+    if (y_ > top_ && most > linesThatFit()) BeginPage();
     for (std::size_t first = 0; first < most;) {
         if (first > 0) BeginPage();
         const std::size_t end = std::min(most, first + std::max<std::size_t>(1, linesThatFit()));

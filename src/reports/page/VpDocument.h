@@ -47,7 +47,7 @@ struct TableBlockCell {
     bool bold = false;
 };
 
-/// One call of AddTable: one row.
+/// A row of a table.
 struct TableBlock {
     std::vector<TableColumn> columns;
     std::vector<TableBlockCell> cells;
@@ -64,6 +64,9 @@ struct Paper {
     Twips margin = 567; // on all sides; a centimetre, which every printer leaves
 };
 
+/// The colour on paper: colours of the desktop have their own there.
+Colour PaperColour(Colour colour);
+
 class VpDocument : public Vp {
   public:
     explicit VpDocument(const FontMeasures& measures, const Paper& paper = {});
@@ -77,26 +80,28 @@ class VpDocument : public Vp {
     Twips PageHeight() const override;
     Twips TextWidth(std::string_view text) const override;
     Twips TextHeight(std::string_view text) const override;
+    std::optional<double> FittingSize(const std::vector<WidestText>& texts) const override;
     void CurrentX(Twips x) override { x_ = x; }
     void CurrentY(Twips y) override;
     Twips CurrentX() const override { return x_; }
     Twips CurrentY() const override;
     void Text(std::string_view text) override;
-    void TextColor(Colour colour) override { textColor_ = colour; }
-    void PenColor(Colour colour) override { penColor_ = colour; }
-    void PenStyle(PenStyles style) override { penStyle_ = style; }
-    void PenWidth(int width) override { penWidth_ = width; }
-    void BrushColor(Colour colour) override { brushColor_ = colour; }
+    void TextColor(Colour colour) override { tools_.text = PaperColour(colour); }
+    void PenColor(Colour colour) override { tools_.pen = PaperColour(colour); }
+    void PenStyle(PenStyles style) override { tools_.penStyle = style; }
+    void PenWidth(int width) override { tools_.penWidth = width; }
+    void BrushColor(Colour colour) override { tools_.brush = PaperColour(colour); }
     void DrawLine(Twips x1, Twips y1, Twips x2, Twips y2) override;
     void DrawRectangle(Twips left, Twips top, Twips right, Twips bottom) override;
-    void TableBorder(TableBorders border) override { border_ = border; }
+    void TableBorder(TableBorders border) override { tools_.border = border; }
     void AddTable(std::string_view format, std::vector<std::string> cells,
                   std::optional<Colour> bodyShade = std::nullopt) override;
     void StartTable() override;
     void EndTable() override;
     void TableCell(CellSetting setting, int row, int column, Colour value) override;
+    void OnPage(std::function<void()> draw) override;
     void StartDoc() override;
-    void EndDoc() override { open_ = false; }
+    void EndDoc() override;
     void NewPage() override;
     int CurrentPage() const override { return PageCount(); }
 
@@ -122,10 +127,23 @@ class VpDocument : public Vp {
         std::size_t end = 0;
     };
 
+    /// What texts, lines and tables are drawn with, but for the font.
+    struct Tools {
+        Colour text = 0;
+        Colour pen = 0;
+        PenStyles penStyle = PenStyles::Solid;
+        int penWidth = 0;
+        Colour brush = QBColor(15);
+        TableBorders border = TableBorders::None;
+    };
+
+    void Put(TableBlock block);
+    bool Fits(const ReportFont& font, const std::vector<WidestText>& texts) const;
     int FontIndex(const ReportFont& font) const;
     const std::vector<TableColumn>& ColumnsOf(std::string_view format);
     void Draw(PageOperation operation);
     void BeginPage() const;
+    void RaisePage() const;
     /// Width and height of the printable area of the document that was started last.
     Twips Across() const;
     Twips Down() const;
@@ -148,14 +166,9 @@ class VpDocument : public Vp {
     PageOrientation orientation_ = PageOrientation::Portrait;
     bool open_ = false;
     Twips x_ = 0;
-    Colour textColor_ = 0;
-    Colour penColor_ = 0;
-    PenStyles penStyle_ = PenStyles::Solid;
-    int penWidth_ = 0;
-    Colour brushColor_ = QBColor(15);
-    TableBorders border_ = TableBorders::None;
-    std::optional<TableBlock> touchedUp_; // between StartTable and EndTable
-    bool touchingUp_ = false;
+    Tools tools_;
+    std::optional<std::vector<TableBlock>> collected_; // rows, between StartTable and EndTable
+    std::function<void()> onPage_;
     std::vector<TableBlock> tables_;
     std::map<std::string, std::vector<TableColumn>, std::less<>> formats_; // those seen so far
     // What laying tables out changes.
@@ -163,6 +176,8 @@ class VpDocument : public Vp {
     mutable std::vector<ReportFont> fonts_;
     mutable std::size_t laidOut_ = 0; // of the tables
     mutable Twips y_ = 0;             // of the next text, and top of the next table
+    mutable Twips top_ = 0;           // of what follows the head of the present page
+    mutable bool inPageEvent_ = false;
 };
 
 } // namespace tvx

@@ -298,6 +298,24 @@ TEST_F(VpDocumentTest, does_nothing_when_a_cell_that_is_not_there_is_touched_up)
     EXPECT_EQ(vp.Tables()[0].cells[0].colour, 0U);
 }
 
+TEST_F(VpDocumentTest, keeps_every_row_of_a_table_and_touches_up_the_cells_of_each) {
+    vp.StartTable();
+    vp.AddTable("<~90%|<~10%;", {"title", "Page 1"});
+    vp.AddTable("<~100%;", {"below"});
+    vp.AddTable("<~100%;", {" "});
+    vp.TableCell(CellSetting::TextColor, 1, 2, Red);
+    vp.TableCell(CellSetting::TextColor, 2, 1, QBColor(9));
+    vp.TableCell(CellSetting::TextColor, 4, 1, QBColor(9));
+    vp.TableCell(CellSetting::TextColor, 0, 1, QBColor(9));
+    EXPECT_TRUE(vp.Tables().empty()) << "until the table ends";
+    vp.EndTable();
+    ASSERT_EQ(vp.Tables().size(), 3U);
+    EXPECT_EQ(vp.Tables()[0].cells[1].colour, Red);
+    EXPECT_EQ(vp.Tables()[0].cells[0].colour, 0U);
+    EXPECT_EQ(vp.Tables()[1].cells[0].colour, QBColor(9));
+    EXPECT_EQ(Texts(), "45,22 title\n9045,22 Page 1\n45,267 below\n45,512  \n");
+}
+
 TEST_F(VpDocumentTest, keeps_a_row_together_on_the_next_page) {
     vp.CurrentY(5500);
     vp.AddTable("<~100%;", {"a\nb\nc"});
@@ -361,6 +379,185 @@ TEST_F(VpDocumentTest, stands_a_sheet_that_is_all_margin) {
     TextAt(margin, 0, 0, "a");
     margin.AddTable("<~50%|>~50%;", {"a", "b c d"});
     EXPECT_GE(margin.PageCount(), 1);
+}
+
+// ---- the page event ----
+
+class PageEventTest : public VpDocumentTest {
+  protected:
+    /// Draws the number of the page in a table of its own, in another font and colour.
+    void HeadEachPage() {
+        vp.OnPage([this] {
+            vp.FontBold(true);
+            vp.TextColor(Red);
+            vp.TableBorder(TableBorders::Box);
+            vp.AddTable("<~100%;", {"Page " + std::to_string(vp.CurrentPage())});
+        });
+        vp.StartDoc();
+    }
+};
+
+TEST_F(PageEventTest, is_raised_at_the_first_page_too_and_what_follows_stands_below) {
+    HeadEachPage();
+    EXPECT_EQ(std::as_const(vp).CurrentY(), 245);
+    vp.Text("body");
+    EXPECT_EQ(Texts(), "45,22 Page 1\n0,245 body\n");
+}
+
+TEST_F(PageEventTest, is_raised_by_a_new_page_and_by_a_table_that_does_not_fit_in_drawing_order) {
+    HeadEachPage();
+    vp.NewPage();
+    vp.CurrentY(5600);
+    vp.AddTable("<~100%;", {"first"});
+    vp.AddTable("<~100%;", {"second"});
+    vp.AddTable("<~100%;", {"third"});
+    EXPECT_EQ(Texts(1), "45,22 Page 1\n");
+    EXPECT_EQ(Texts(2), "45,22 Page 2\n45,5622 first\n");
+    EXPECT_EQ(Texts(3), "45,22 Page 3\n45,267 second\n45,512 third\n");
+}
+
+TEST_F(PageEventTest, leaves_font_and_colours_as_they_were) {
+    HeadEachPage();
+    vp.TextColor(QBColor(9));
+    vp.NewPage();
+    vp.Text("body");
+    const auto texts = All<DrawnPageText>(2);
+    ASSERT_EQ(texts.size(), 2U);
+    EXPECT_EQ(texts[0].colour, Red);
+    EXPECT_TRUE(vp.FontAt(texts[0].font).bold);
+    EXPECT_EQ(texts[1].colour, QBColor(9));
+    EXPECT_FALSE(vp.FontAt(texts[1].font).bold);
+}
+
+TEST_F(PageEventTest, comes_between_the_parts_of_a_row_that_is_higher_than_a_page) {
+    HeadEachPage();
+    std::string cell = "1";
+    for (int i = 2; i <= 70; ++i) cell += "\n" + std::to_string(i);
+    vp.AddTable("<~100%;", {cell});
+    EXPECT_EQ(vp.PageCount(), 3);
+    for (int page = 1; page <= 3; ++page) {
+        const auto texts = All<DrawnPageText>(page);
+        EXPECT_EQ(texts.front().text, "Page " + std::to_string(page));
+        for (const DrawnPageText& text : texts) EXPECT_LE(text.y + Line, 6000);
+    }
+}
+
+TEST_F(PageEventTest, draws_a_foot_and_leaves_the_body_its_place) {
+    vp.OnPage([this] {
+        const Twips y = std::as_const(vp).CurrentY();
+        TextAt(vp, 0, vp.PageHeight() - Line, "foot");
+        vp.CurrentY(y);
+    });
+    vp.StartDoc();
+    vp.AddTable("<~100%;", {"body"});
+    EXPECT_EQ(Texts(), "0,5800 foot\n45,22 body\n");
+}
+
+TEST_F(PageEventTest, does_not_mix_with_a_table_that_is_being_collected) {
+    HeadEachPage();
+    vp.StartTable();
+    vp.AddTable("<~100%;", {"row"});
+    vp.NewPage();
+    vp.EndTable();
+    EXPECT_EQ(Texts(2), "45,22 Page 2\n45,267 row\n");
+}
+
+TEST_F(PageEventTest, shows_nothing_on_a_web_page) {
+    HeadEachPage();
+    vp.AddTable("<~100%;", {"body"});
+    vp.NewPage();
+    ASSERT_EQ(vp.Tables().size(), 1U);
+    EXPECT_EQ(vp.Tables()[0].cells[0].text, "body");
+}
+
+TEST_F(PageEventTest, is_forgotten_when_the_document_is_closed) {
+    HeadEachPage();
+    vp.EndDoc();
+    vp.StartDoc();
+    vp.NewPage();
+    EXPECT_EQ(Texts(1), "");
+    EXPECT_EQ(Texts(2), "");
+}
+
+TEST_F(PageEventTest, ends_where_its_head_is_higher_than_the_page) {
+    VpDocument low(measures, Paper{1000, 300, 0});
+    low.OnPage([&] {
+        low.AddTable("<~100%;", {"a"});
+        low.AddTable("<~100%;", {"b"});
+    });
+    low.StartDoc();
+    low.AddTable("<~100%;", {"c\nd"});
+    EXPECT_LT(low.PageCount(), 10);
+}
+
+// ---- paper's colours ----
+
+TEST_F(VpDocumentTest, has_black_where_a_screen_has_the_desktops_text) {
+    vp.TextColor(WindowText);
+    vp.PenColor(WindowText);
+    vp.BrushColor(ButtonFace);
+    vp.Text("text");
+    vp.DrawRectangle(0, 0, 1, 1);
+    vp.TextColor(ButtonFace);
+    vp.AddTable("<~100%;", {"cell"}, ButtonFace);
+    EXPECT_EQ(All<DrawnPageText>()[0].colour, QBColor(0));
+    EXPECT_EQ(All<DrawnPageBox>()[0].outline, QBColor(0));
+    EXPECT_EQ(All<DrawnPageBox>()[0].fill, RGB(240, 240, 240));
+    EXPECT_EQ(vp.Tables()[0].shade, RGB(240, 240, 240));
+    for (int colour = 0; colour < 16; ++colour) EXPECT_EQ(PaperColour(QBColor(colour)), QBColor(colour));
+}
+
+// ---- the size that fits ----
+
+/// Letters as wide as the size; from 8 points up half as wide again, as hinted fonts can jump.
+class SizedMeasures : public FontMeasures {
+  public:
+    Twips Width(const ReportFont& font, std::string_view text) const override {
+        const double letter = font.size * 10 * (font.size > 8 ? 1.5 : 1) + (font.bold ? 20 : 0);
+        return static_cast<Twips>(letter * static_cast<double>(text.size()));
+    }
+    Twips Height(const ReportFont& font) const override { return static_cast<Twips>(font.size * 20); }
+};
+
+class FittingSizeTest : public testing::Test {
+  protected:
+    SizedMeasures measures;
+    VpDocument vp{measures};
+
+    std::optional<double> From(double size, const std::vector<WidestText>& texts) {
+        vp.Font({"Arial", size, false, false});
+        return vp.FittingSize(texts);
+    }
+};
+
+TEST_F(FittingSizeTest, is_the_chosen_one_where_everything_fits) {
+    EXPECT_EQ(From(11, {{"abcd", 660}}), 11);
+    EXPECT_EQ(From(9.3, {{"abcd", 600}, {"", 0}}), 9.3);
+    EXPECT_EQ(From(9, {}), 9);
+}
+
+TEST_F(FittingSizeTest, goes_down_by_halves_of_a_point_and_measures_each) {
+    EXPECT_EQ(From(11, {{"abcd", 570}}), 9.5);
+    EXPECT_EQ(From(9.3, {{"abcd", 550}}), 9);
+    EXPECT_EQ(From(11, {{"abcd", 500}}), 8) << "by proportion it would be less";
+    EXPECT_EQ(From(11, {{"abcd", 570}, {"abcdefgh", 600}}), 7.5) << "of all columns the narrowest";
+}
+
+TEST_F(FittingSizeTest, measures_bold_texts_in_bold) {
+    EXPECT_EQ(From(8, {{"abcd", 320}}), 8);
+    EXPECT_EQ(From(8, {{"abcd", 360, true}}), 7);
+}
+
+TEST_F(FittingSizeTest, is_none_below_7_points) {
+    EXPECT_EQ(From(11, {{"abcd", 280}}), 7);
+    EXPECT_EQ(From(11, {{"abcd", 279}}), std::nullopt);
+    EXPECT_EQ(From(6, {{"abcd", 240}}), 6) << "the chosen one is asked in any case";
+    EXPECT_EQ(From(6, {{"abcd", 239}}), std::nullopt);
+}
+
+TEST_F(FittingSizeTest, leaves_the_font_as_it_is) {
+    From(11, {{"abcd", 280}});
+    EXPECT_EQ(std::as_const(vp).Font().size, 11);
 }
 
 } // namespace

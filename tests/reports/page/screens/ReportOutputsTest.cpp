@@ -7,6 +7,9 @@
 #include "shell/common/Conversions.h"
 #include "support/ScheduleFormFixture.h"
 
+#include <QApplication>
+#include <QPainter>
+#include <QPalette>
 #include <QProcess>
 #include <QStandardPaths>
 
@@ -135,6 +138,35 @@ TEST_F(ReportOutputsTest, a_PDF_has_a_title_and_the_sheet_that_was_asked_for) {
         RunProgram("pdfinfo", {QString::fromStdString((out / "7DayShort.pdf").string())}).out;
     EXPECT_NE(info.find("Example department,  Week from 26-Feb-2006"), std::string::npos) << info;
     EXPECT_NE(info.find("A4"), std::string::npos) << info;
+}
+
+/// The first page of a document as a screen or a printer shows it.
+QImage Painted(const VpDocument& document) {
+    QImage page(800, 560, QImage::Format_RGB32);
+    page.fill(Qt::white);
+    QPainter painter(&page);
+    painter.scale(0.05, 0.05);
+    qt::PaintPage(painter, document, 1);
+    return page;
+}
+
+TEST_F(ReportOutputsTest, pages_are_the_same_on_a_dark_desktop) {
+    const QPalette light = QApplication::palette();
+    const QImage wanted = Painted(Draw("7DayShort", false));
+    QPalette dark = light;
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        dark.setColor(role, QColor(240, 240, 240));
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
+        dark.setColor(role, QColor(30, 30, 30));
+    QApplication::setPalette(dark);
+    for (const bool html : {false, true}) {
+        const QImage seen = Painted(Draw("7DayShort", html));
+        QApplication::setPalette(light);
+        EXPECT_EQ(seen, Painted(Draw("7DayShort", html)));
+        QApplication::setPalette(dark);
+    }
+    QApplication::setPalette(light);
+    EXPECT_EQ(Painted(Draw("7DayShort", false)), wanted);
 }
 
 // ---- web pages ----
