@@ -2,9 +2,6 @@
 
 #include "masterdata/EmployeeSearch.h"
 #include "platform/basic/Text.h"
-#include "platform/files/FileError.h"
-#include "platform/files/Folder.h"
-#include "reports/page/HtmlDocument.h"
 #include "reports/schedules/Schedules.h"
 #include "shell/common/Conversions.h"
 
@@ -32,15 +29,19 @@ bool HasFigures(const Week& week) {
            std::any_of(week.DailyTransactions.begin(), week.DailyTransactions.end(), above);
 }
 
+DeskSettings SettingsOf(GlobalState& g) {
+    return {g.reports.settings, ReportSettingsPath(g.paths, g.department.CurrentDepNumber,
+                                                   ExtensionOf(g.application.FormCommand))};
+}
+
 } // namespace
 
 ScheduleForm::ScheduleForm(GlobalState& g, Ports& ports, Printer& printer, Form* owner)
-    : ReportForm(g, ports, printer, "Form8", ExtensionOf(g.application.FormCommand), owner),
+    : OptionFrames(g.reports.options, ports, printer, SettingsOf(g), "Form8", owner), g_(g),
       kind_(g.application.FormCommand) {
-    ReportOptions& options = g_.reports.options;
-    options.WhoToPrint = 0;
-    options.BreakThreshold = 0;
-    options.NameOption = std::min(options.NameOption, 4);
+    options_.WhoToPrint = 0;
+    options_.BreakThreshold = 0;
+    options_.NameOption = std::min(options_.NameOption, 4);
     BuildOptions();
     auto& html = AddButton("cmdPreviewHTML", "Preview HT&ML");
     auto& save = AddButton("cmdSaveHTML", "&Save HTML");
@@ -68,84 +69,33 @@ void ScheduleForm::BuildOptions() {
 }
 
 void ScheduleForm::BuildNames(QGridLayout& grid) {
-    const std::array<std::string, 6> captions{
-        "Name only",    "Assignment",   g_.department.EmployeeNameSingle + " ID",
-        "Phone number", "Soc.Sec.Nbr.", "Save space"};
-    auto& frame = Add<Frame>("frame3D1", "Name", &Options());
-    frame.SetTitle("Print name and...");
-    auto* lines = new QVBoxLayout(&frame);
-    for (int i = 0; i < 6; ++i) {
-        auto& option = Add(Option3D1, "Option3D1", i, captions[static_cast<std::size_t>(i)], &frame);
-        option.setText(PlainCaption(captions[static_cast<std::size_t>(i)]));
-        lines->addWidget(&option);
-        option.setChecked(i == g_.reports.options.NameOption);
-        On(option, &QRadioButton::clicked, [=, this] { g_.reports.options.NameOption = i; });
-    }
-    lines->addStretch();
+    auto& frame = AddChoice(Option3D1, "Option3D1", {"frame3D1", "Name", "Print name and..."},
+                            {"Name only", "Assignment", g_.department.EmployeeNameSingle + " ID",
+                             "Phone number", "Soc.Sec.Nbr.", "Save space"},
+                            0, options_.NameOption);
     grid.addWidget(&frame, 0, 0, 2, 1);
 }
 
-QCheckBox& ScheduleForm::AddCheck(Frame& frame, const char* name, const std::string& caption, bool checked) {
-    auto& check = Add<QCheckBox>(name, caption, &frame);
-    check.setText(ToQString(caption));
-    check.setChecked(checked);
-    frame.layout()->addWidget(&check);
-    return check;
-}
-
 void ScheduleForm::BuildOther(QGridLayout& grid) {
-    const ReportOptions options = OptionsOfRun(g_.reports.options, g_.rights);
-    auto& frame = Add<Frame>("Frame3D2", "Other options", &Options());
-    frame.SetTitle("Other print options..");
-    new QVBoxLayout(&frame);
-    Check3D1 = &AddCheck(frame, "Check3D1", "Total Hours", options.PrintTotalHours != 0);
-    Check3D2 = &AddCheck(frame, "Check3D2", "Total Wages/Salaries", options.PrintTotalWages != 0);
-    Check3D2->setEnabled(!g_.rights.HideWages);
-    Check3D5 = &AddCheck(frame, "Check3D5", "Print time bars (Not on HTML)", options.PrintTimeBars);
-    SSCheck1 = &AddCheck(frame, "SSCheck1", "Print day comments", options.PrintDayComments);
+    auto& frame = AddChecks({"Frame3D2", "Other options", "Other print options.."});
+    AddTotals(frame, !g_.rights.HideWages);
+    Check3D5 = &AddCheck(frame, "Check3D5", "Print time bars (Not on HTML)", options_.PrintTimeBars);
+    SSCheck1 = &AddCheck(frame, "SSCheck1", "Print day comments", options_.PrintDayComments);
     Check3D4 = &AddCheck(frame, "Check3D4", "Productivity summary", false);
     Check3D5->setVisible(IsShort());
     SSCheck1->setVisible(IsShort());
     Check3D4->setVisible(IsShort() && HasFigures(g_.week));
-    static_cast<QVBoxLayout*>(frame.layout())->addStretch();
-    On(*Check3D1, &QCheckBox::toggled, [this](bool on) { g_.reports.options.PrintTotalHours = on ? 1 : 0; });
-    On(*Check3D2, &QCheckBox::toggled, [this](bool on) { g_.reports.options.PrintTotalWages = on ? 1 : 0; });
-    On(*Check3D5, &QCheckBox::toggled, [this](bool on) { g_.reports.options.PrintTimeBars = on; });
-    On(*SSCheck1, &QCheckBox::toggled, [this](bool on) { g_.reports.options.PrintDayComments = on; });
+    On(*Check3D5, &QCheckBox::toggled, [this](bool on) { options_.PrintTimeBars = on; });
+    On(*SSCheck1, &QCheckBox::toggled, [this](bool on) { options_.PrintDayComments = on; });
     grid.addWidget(&frame, 0, 1, 2, 1);
 }
 
 void ScheduleForm::BuildBreaks(QGridLayout& grid) {
-    constexpr std::array<const char*, 5> captions{"Print all breaks", "Print breaks over 15 Minutes",
-                                                  "Print breaks over 30 Minutes",
-                                                  "Print breaks over 45 Minutes", "Print breaks over 1 Hour"};
-    auto& frame = Add<Frame>("Frame3D3", "Breaks", &Options());
-    frame.SetTitle("Lunch ");
-    auto* lines = new QVBoxLayout(&frame);
-    for (int i = 0; i < 5; ++i) {
-        auto& option = Add(Option3D2, "Option3D2", i, captions[static_cast<std::size_t>(i)], &frame);
-        option.setText(QLatin1String(captions[static_cast<std::size_t>(i)]));
-        lines->addWidget(&option);
-        option.setChecked(i == g_.reports.options.BreakThreshold);
-        On(option, &QRadioButton::clicked, [=, this] { g_.reports.options.BreakThreshold = i; });
-    }
-    lines->addStretch();
-    grid.addWidget(&frame, 0, 2, 2, 1);
+    grid.addWidget(&AddBreaks({"Frame3D3", "Breaks", "Lunch "}), 0, 2, 2, 1);
 }
 
 void ScheduleForm::BuildWho(QGridLayout& grid) {
-    const std::string& many = g_.department.EmployeeNamePlural;
-    const std::array<std::string, 2> captions{"All " + many, many + " with schedules"};
-    auto& frame = Add<Frame>("Frame3D4", "Who", &Options());
-    frame.SetTitle(" Who to print ");
-    auto* lines = new QVBoxLayout(&frame);
-    for (int i = 0; i < 2; ++i) {
-        auto& option = Add(Option3D3, "Option3D3", i, captions[static_cast<std::size_t>(i)], &frame);
-        option.setText(PlainCaption(captions[static_cast<std::size_t>(i)]));
-        lines->addWidget(&option);
-        option.setChecked(i == g_.reports.options.WhoToPrint);
-        On(option, &QRadioButton::clicked, [=, this] { g_.reports.options.WhoToPrint = i; });
-    }
+    auto& frame = AddWhoToPrint({"Frame3D4", "Who", " Who to print "}, g_.department.EmployeeNamePlural);
     frame.setVisible(!IsSelected());
     grid.addWidget(&frame, 0, 3);
 }
@@ -240,36 +190,12 @@ void ScheduleForm::PreviewHtml() {
 }
 
 void ScheduleForm::PrintFromPreview() {
-    if (!HtmlMode) return ReportForm::PrintFromPreview();
+    if (!HtmlMode) return OptionFrames::PrintFromPreview();
     SaveHtml();
 }
 
-/// Asks for a file; a name without a point gets ".HTM". Nothing on cancel, or when a file that only the
-/// longer name meets is to stay.
-std::optional<std::filesystem::path> ScheduleForm::AskForPage() {
-    const FileRequest request{"Save HTML", "HTML Web pages (*.htm)", "*.HTM", g_.paths.ProgramPath, ""};
-    auto file = ports_.prompt.SaveDialog(request);
-    if (!file || file->filename().string().find('.') != std::string::npos) return file;
-    *file += ".HTM";
-    if (!FileExists(*file)) return file;
-    const Answer answer =
-        ports_.prompt.MsgBox(file->filename().string() + " already exists.\r\nDo you want to replace it?",
-                             box::YesNo + box::Exclamation, "Save HTML");
-    return answer == Answer::Yes ? file : std::nullopt;
-}
-
 void ScheduleForm::SaveHtml() {
-    const auto file = AskForPage();
-    if (!file) return;
-    RunReport();
-    try {
-        WriteHtml(Document(), DocumentTitle(), ports_.region.Language(), *file);
-    } catch (const FileError& trouble) {
-        ports_.prompt.MsgBox("The web page could not be written.\r\n\r\n" + std::string(trouble.what()),
-                             box::Exclamation, "File error");
-        return;
-    }
-    if (PreviewShown()) ClosePreview();
+    if (Desk().SaveWebPage(g_.paths.ProgramPath) && Desk().IsPreviewing()) ClosePreview();
 }
 
 } // namespace tvx::qt

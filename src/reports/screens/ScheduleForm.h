@@ -2,20 +2,16 @@
 // as a web page.
 #pragma once
 
-#include "reports/page/screens/ReportForm.h"
 #include "reports/schedules/ScheduleLoader.h"
+#include "reports/screens/OptionFrames.h"
 
-#include <QCheckBox>
-
-#include <filesystem>
-#include <optional>
 #include <string>
 
 class QGridLayout;
 
 namespace tvx::qt {
 
-class ScheduleForm : public ReportForm {
+class ScheduleForm : public OptionFrames {
     Q_OBJECT
   public:
     /// `FormCommand` "7DayLong", "7DayShort" or "SelectedEmployees" says which kind.
@@ -37,28 +33,22 @@ class ScheduleForm : public ReportForm {
     void BuildWho(QGridLayout& grid);
     void BuildLastStop(QGridLayout& grid);
     void BuildPicking(QGridLayout& grid);
-    QCheckBox& AddCheck(Frame& frame, const char* name, const std::string& caption, bool checked);
     void FillList();
     void PreviewHtml();
-    std::optional<std::filesystem::path> AskForPage();
     void SaveHtml();
     void EnterHtml();
     ScheduleRequest Request() const;
     bool IsShort() const { return kind_ == "7DayShort"; }
     bool IsSelected() const { return kind_ == "SelectedEmployees"; }
 
+    GlobalState& g_;
     std::string kind_;
     bool HtmlMode = false;  // the run goes to a web page
     bool SaveSpace = false; // was asked for when that began
 
-    ControlArray<QRadioButton> Option3D1; // [0..5], what stands under the name
-    ControlArray<QRadioButton> Option3D2; // [0..4], breaks
-    ControlArray<QRadioButton> Option3D3; // [0..1], who
-    QCheckBox* Check3D1 = nullptr;        // hours
-    QCheckBox* Check3D2 = nullptr;        // wages
-    QCheckBox* Check3D4 = nullptr;        // productivity
-    QCheckBox* Check3D5 = nullptr;        // time bars
-    QCheckBox* SSCheck1 = nullptr;        // day comments
+    QCheckBox* Check3D4 = nullptr; // productivity
+    QCheckBox* Check3D5 = nullptr; // time bars
+    QCheckBox* SSCheck1 = nullptr; // day comments
     QCheckBox* ckbLastStop = nullptr;
     TextBox* txtOpen = nullptr;
     QListWidget* List1 = nullptr; // picked people

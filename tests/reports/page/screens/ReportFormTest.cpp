@@ -2,8 +2,11 @@
 // and its drawing.
 #include "desktop/Scale.h"
 #include "support/ScheduleFormFixture.h"
+#include "support/TempFolder.h"
 
+#include <QCheckBox>
 #include <QListWidget>
+#include <QPainter>
 
 namespace tvx {
 namespace {
@@ -361,8 +364,8 @@ TEST_F(ReportFormTest, tells_that_it_could_not_print_and_the_preview_stays) {
 /// A whole report: one option and two lines of drawing.
 class NoticeForm : public qt::ReportForm {
   public:
-    NoticeForm(GlobalState& g, Ports& ports, Printer& printer)
-        : ReportForm(g, ports, printer, "FormNotice", report_file::Employees, nullptr) {
+    NoticeForm(Ports& ports, Printer& printer, qt::DeskSettings settings)
+        : ReportForm(ports, printer, std::move(settings), "FormNotice", nullptr) {
         loud_ = &Add<QCheckBox>("Check1", "Loud", &Options());
         loud_->setText(QStringLiteral("Loud"));
         Options().setMinimumSize(200, 40);
@@ -375,13 +378,20 @@ class NoticeForm : public qt::ReportForm {
         TextAt(vp, 0, 0, loud_->isChecked() ? "CLOSED" : "closed");
         vp.EndDoc();
     }
+    bool IsLoud() const { return loud_->isChecked(); }
 
   private:
     QCheckBox* loud_ = nullptr;
 };
 
-TEST_F(ReportFormTest, needs_only_options_and_a_drawing_from_another_report) {
-    NoticeForm notice(g, store.ports(), printer);
+class NoticeFormTest : public ReportFormTest {
+  protected:
+    qt::DeskSettings Kept() { return {g.reports.settings, store.folder / "1.Emp"}; }
+    qt::DeskSettings NotKept() { return {g.reports.settings, std::nullopt}; }
+};
+
+TEST_F(NoticeFormTest, needs_only_options_and_a_drawing_from_another_report) {
+    NoticeForm notice(store.ports(), printer, Kept());
     notice.ShowModeless();
     test::Click(notice, "Check1");
     test::Click(notice, "cmdPreview");
@@ -394,6 +404,127 @@ TEST_F(ReportFormTest, needs_only_options_and_a_drawing_from_another_report) {
     EXPECT_NE(SettingsFile(".Emp"), "");
     EXPECT_EQ(notice.windowTitle(), "Notices");
     test::TakePicture(notice, "FormNotice");
+}
+
+TEST_F(NoticeFormTest, does_without_a_settings_file) {
+    g.reports.settings = {{"Liberation Serif", 12, false, false}, 0};
+    NoticeForm notice(store.ports(), printer, NotKept());
+    notice.ShowModeless();
+    const auto before = test::NamesIn(store.folder.Path());
+    test::Click(notice, "optOrient(1)");
+    store.prompt().WillChoose(ReportFont{"Liberation Mono", 10, false, false});
+    test::Click(notice, "cmdFont");
+    test::Click(notice, "cmdPrint");
+    EXPECT_EQ(printer.font.name, "Liberation Mono");
+    EXPECT_EQ(printer.orientation, PageOrientation::Landscape);
+    EXPECT_EQ(test::NamesIn(store.folder.Path()), before) << "nothing was written";
+}
+
+/// Does not run until it is loud.
+class VetoingForm : public NoticeForm {
+  public:
+    VetoingForm(Ports& ports, Printer& printer, qt::DeskSettings settings,
+                const std::filesystem::path& folder)
+        : NoticeForm(ports, printer, std::move(settings)) {
+        auto& save = Add<QPushButton>("cmdSave", "Save");
+        On(save, &QPushButton::clicked, [this, folder] { Desk().SaveWebPage(folder); });
+    }
+
+  protected:
+    bool MayRun() override {
+        if (!IsLoud()) ports_.prompt.MsgBox("No Departments selected....", box::Ok, "Select departments");
+        return IsLoud();
+    }
+};
+
+TEST_F(NoticeFormTest, can_refuse_to_run_before_anything_happens) {
+    VetoingForm notice(store.ports(), printer, NotKept(), store.folder.Path());
+    notice.ShowModeless();
+    for (const char* button : {"cmdPreview", "cmdPrint", "cmdSave"}) {
+        store.prompt().Expect("No Departments selected....", box::Ok, "Select departments");
+        if (std::string(button) == "cmdSave")
+            notice.Find<QPushButton>(button)->click();
+        else
+            test::Click(notice, button);
+        EXPECT_EQ(notice.windowTitle(), "Notices");
+        EXPECT_FALSE(test::Find<QWidget>(notice, "vp").isVisible()) << button;
+        EXPECT_EQ(printer.asked, 0) << button;
+    }
+    test::Click(notice, "Check1");
+    test::Click(notice, "cmdPreview");
+    EXPECT_TRUE(test::Find<QWidget>(notice, "vp").isVisible());
+    test::Click(notice, "cmdPreviewPrint");
+    EXPECT_EQ(printer.printed, 1);
+}
+
+/// A form that is itself a picture, with flat buttons of its own and no row of options.
+class PictureForm : public qt::ReportScreen {
+  public:
+    PictureForm(Ports& ports, Printer& printer, qt::DeskSettings settings)
+        : ReportScreen(ports, printer, std::move(settings), "FormPicture", nullptr) {
+        graph_ = &Add<qt::PictureBox>("graph", "Heads by quarter");
+        graph_->onPaint = [this](QPainter& painter, const QRegion&) {
+            painter.fillRect(graph_->rect(), Qt::darkGreen);
+        };
+        BuildPreview();
+        BuildFontAndPaper();
+        preview_ = AddFlat(4, "Print Preview", [this] { ShowPreview(); });
+        exit_ = AddFlat(9, "Exit", [this] { Unload(); });
+        PlaceNormal();
+    }
+
+  protected:
+    void Run(Vp& vp) override {
+        vp.StartDoc();
+        TextAt(vp, 0, 0, "heads");
+        vp.EndDoc();
+    }
+    std::string DocumentTitle() const override { return "Heads"; }
+    void PlaceNormal() override {
+        setWindowTitle(QStringLiteral("A day"));
+        setFixedSize(qt::Pixels(9000), qt::Pixels(6000));
+        Place(*graph_, 0, 0, 9000, 4500);
+        Place(*Frame1, 100, 4700, qt::FontFrameWidth, qt::FrameHeight);
+        Place(*Frame2, 3500, 4700, qt::PaperFrameWidth, qt::FrameHeight);
+        Place(*preview_, 6400, 4800, 1300, 400);
+        Place(*exit_, 7800, 4800, 1000, 400);
+        SetCancelButton(*exit_);
+    }
+    void ShowOwnParts(bool shown) override {
+        for (QWidget* part : std::initializer_list<QWidget*>{graph_, preview_, exit_})
+            part->setVisible(shown);
+    }
+
+  private:
+    qt::LabelButton* AddFlat(int index, const char* caption, std::function<void()> onPress) {
+        auto& button = Add(Label1_, "Label1", index, caption);
+        button.setText(QLatin1String(caption));
+        On(button, &QPushButton::clicked, std::move(onPress));
+        return &button;
+    }
+
+    qt::PictureBox* graph_ = nullptr;
+    qt::ControlArray<qt::LabelButton> Label1_;
+    qt::LabelButton* preview_ = nullptr;
+    qt::LabelButton* exit_ = nullptr;
+};
+
+TEST_F(NoticeFormTest, can_be_a_picture_with_a_layout_of_its_own) {
+    PictureForm picture(store.ports(), printer, Kept());
+    picture.ShowModeless();
+    const QSize normal = picture.size();
+    const QRect paper = test::Find<QWidget>(picture, "Frame2").geometry();
+    test::TakePicture(picture, "FormPicture");
+    test::Click(picture, "Label1(4)");
+    EXPECT_FALSE(test::Find<QWidget>(picture, "graph").isVisible());
+    EXPECT_TRUE(test::Find<QWidget>(picture, "vp").isVisible());
+    test::Press(picture, Qt::Key_Escape);
+    EXPECT_TRUE(test::Find<QWidget>(picture, "graph").isVisible());
+    EXPECT_EQ(picture.size(), normal);
+    EXPECT_EQ(test::Find<QWidget>(picture, "Frame2").geometry(), paper);
+    EXPECT_EQ(picture.windowTitle(), "A day");
+    test::Press(picture, Qt::Key_Escape);
+    EXPECT_FALSE(picture.isVisible());
 }
 
 } // namespace
