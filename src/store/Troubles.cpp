@@ -1,0 +1,97 @@
+#include "store/Troubles.h"
+
+#include "platform/dao/DaoError.h"
+#include "platform/files/FileError.h"
+
+#include <algorithm>
+#include <utility>
+#include <vector>
+
+namespace tvx {
+namespace {
+
+using namespace dao::error;
+
+struct Line {
+    Occasion occasion;
+    std::vector<int> numbers; // none: every other
+    Trouble trouble;          // in its text %n is the number, %t the text of the error, %w what was saved
+};
+
+const std::vector<Line>& Table() {
+    static const std::vector<Line> lines{
+        {Occasion::Opening,
+         {PermissionDenied, InternalError, FileInUse, CouldNotLock, OpenedExclusively},
+         {"Database is in use!\r\n\r\nTry later.\r\n\r\n(%t)", "Database", box::Stop, true, WayOn::EndRun}},
+        {Occasion::Opening,
+         {FileNotFound},
+         {"Missing database file...", "Tvx.mdb is missing...", box::Exclamation, true, WayOn::EndRun}},
+        {Occasion::Opening,
+         {ItemNotFound},
+         {"The database is the wrong version...\nUse a later version of this program. ",
+          "Tvx.mdb wrong version...", box::Exclamation, true, WayOn::EndRun}},
+        {Occasion::Opening,
+         {UnrecognisedFormat},
+         {"Damaged database file (TVX.MDB).\r\nWill attempt to restore...restart the program.",
+          "Damaged database file.", box::Exclamation, true, WayOn::EndRun}},
+        {Occasion::Opening,
+         {},
+         {"Database problem.. Error number is:%n.\n%t", "Database", box::Stop, true, WayOn::EndRun}},
+        {Occasion::ReadingDepartments,
+         {},
+         {"Database error, try again..%n %t", "Database error...", box::Ok}},
+        {Occasion::BeginningSave,
+         {},
+         {"Database error, try again..\r\n\r\n%n %t", "Database error...", box::Ok}},
+        {Occasion::Saving,
+         {},
+         {"Could not save this %w,\r\nthis page is locked by another user, try again..\r\n\r\n(%n)",
+          "Locked page...", box::Ok}},
+        {Occasion::Working, {}, {"%t", "Tarvex", box::Stop}},
+    };
+    return lines;
+}
+
+bool Fits(const Line& line, Occasion occasion, int number) {
+    const auto& numbers = line.numbers;
+    return line.occasion == occasion &&
+           (numbers.empty() || std::find(numbers.begin(), numbers.end(), number) != numbers.end());
+}
+
+} // namespace
+
+Trouble TroubleOf(Occasion occasion, int number, const std::string& engineText, const std::string& what) {
+    const auto line = std::find_if(Table().begin(), Table().end(),
+                                   [&](const Line& each) { return Fits(each, occasion, number); });
+    Trouble trouble = line->trouble;
+    const std::string pattern = std::exchange(trouble.text, "");
+    for (std::size_t i = 0; i < pattern.size(); ++i) {
+        const char mark = pattern[i] == '%' ? pattern[++i] : '\0';
+        if (mark == 'n')
+            trouble.text += std::to_string(number);
+        else if (mark == 't')
+            trouble.text += engineText;
+        else if (mark == 'w')
+            trouble.text += what;
+        else
+            trouble.text += pattern[i];
+    }
+    return trouble;
+}
+
+Trouble TroubleOf(Occasion occasion, const std::exception& error, const std::string& what) {
+    if (const auto* engine = dynamic_cast<const dao::DaoError*>(&error))
+        return TroubleOf(occasion, engine->Number(), engine->what(), what);
+    if (const auto* file = dynamic_cast<const FileError*>(&error))
+        return TroubleOf(occasion, file->Number(), file->what(), what);
+    return TroubleOf(occasion, 0, error.what(), what);
+}
+
+WayOn TellTrouble(Prompt& prompt, const Trouble& trouble) {
+    prompt.MousePointer(Pointer::Default);
+    if (trouble.beep) prompt.Beep();
+    prompt.MsgBox(trouble.text, trouble.style, trouble.title);
+    return trouble.wayOn;
+}
+
+} // namespace tvx
