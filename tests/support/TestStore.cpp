@@ -8,6 +8,7 @@
 #include "platform/dao/TimeText.h"
 #include "shell/common/TVXMOD1.h"
 #include "shell/console/Console.h"
+#include "store/OpenStore.h"
 #include "store/rows/Schema.h"
 #include "support/TestEngine.h"
 
@@ -66,7 +67,7 @@ TestStore::TestStore(dao::Engine engine) {
     g.application.CrLf = "\r\n";
     g.application.DateFormatSetting = "MM-DD-YYYY";
     g.rights.PasswordOk = true;
-    ReadSettings(g);
+    ReadSettings(db(), g.screen, g.application);
 }
 
 int TestStore::AddDepartment(const std::string& name, int firstWeekday, int editorOrder, int weekMethod) {

@@ -9,9 +9,6 @@
 
 namespace tvx {
 
-/// The roster query of a department, or of all departments, in a listing order of 1 to 6.
-std::string RosterQuery(int departmentNumber, int editorOrder, bool allDepartments);
-
 /// What came of building the roster.
 enum class RosterResult {
     Ready,

@@ -1,6 +1,6 @@
 #include "shell/common/TVXMOD1.h"
 
-#include "platform/dao/DaoError.h"
+#include "store/rows/DayTypeRow.h"
 
 namespace tvx {
 namespace {
@@ -19,42 +19,21 @@ void Pause(double seconds, const Clock& clock, Prompt& prompt) {
     }
 }
 
-void LoadDayTypes(Store& store, int departmentNumber, Daytypes& daytypes) {
-    store.DayTypesRs = store.Open().OpenRecordset(
-        "SELECT * FROM [Day Types] WHERE [Dep number] = " + std::to_string(departmentNumber) +
-        " ORDER BY [Symbol] ASC;");
+void LoadDayTypes(const Store& store, int departmentNumber, Daytypes& daytypes) {
+    const std::vector<DayTypeRow> rows = ReadDayTypeRows(store.Open(), departmentNumber);
     daytypes = {};
-    dao::Recordset& rows = store.DayTypesRs;
-    for (; !rows.AtEnd() && daytypes.DayTypeCount < MostDayTypes; rows.MoveNext()) {
+    for (const DayTypeRow& row : rows) {
+        if (daytypes.DayTypeCount == MostDayTypes) return;
         const int index = ++daytypes.DayTypeCount;
-        daytypes.DayTypeSymbols[index] = rows.Fields("Symbol").Text();
-        daytypes.DayTypeNames[index] = rows.Fields("Explaination").Text();
+        daytypes.DayTypeSymbols[index] = row.symbol;
+        daytypes.DayTypeNames[index] = row.explanation;
     }
 }
 
 void CloseDatabase(Store& store, Prompt& prompt) {
-    for (dao::Recordset* set : {&store.ApplicationRs, &store.DepartmentRs, &store.EmployeeRs,
-                                &store.DayScheduleRs, &store.DepartmentDayRs, &store.DayTypesRs})
-        set->Close();
+    store.EmployeeRs.Close();
     store.Db.reset();
     prompt.DoEvents();
-}
-
-void DecodeFirstWeekday(long value, int& firstWeekday, int& cutoffQuarters) {
-    if (value < 1) {
-        firstWeekday = 1;
-        cutoffQuarters = 0;
-    } else if (value <= 10) {
-        firstWeekday = static_cast<int>(value);
-    } else {
-        firstWeekday = static_cast<int>(value / 100);
-        cutoffQuarters = static_cast<int>(value % 100);
-    }
-    if (firstWeekday < 1 || firstWeekday > 7) firstWeekday = 1;
-}
-
-int EncodeFirstWeekday(int firstWeekday, int cutoffQuarters) {
-    return firstWeekday * 100 + cutoffQuarters;
 }
 
 std::string DetectDateFormat(const Region& region) {
@@ -90,11 +69,19 @@ std::optional<int> WeekNumber(DaySerial date, int weekMethod, int firstWeekday) 
     }
 }
 
-void ReadGenericNames(dao::Recordset& rs, Department& department) {
-    department.EmployeeNameSingle = rs.Fields("EmployeeNameSingle").Text("Employee");
-    department.EmployeeNamePlural = rs.Fields("EmployeeNamePlural").Text("Employees");
-    department.DayOffNameSingle = rs.Fields("DayOffNameSingle").Text("Vacation day");
-    department.DayOffNamePlural = rs.Fields("DayOffNamePlural").Text("Vacation days");
+void ReadGenericNames(const DepartmentRow& row, Department& department) {
+    department.EmployeeNameSingle = row.employeeNameSingle;
+    department.EmployeeNamePlural = row.employeeNamePlural;
+    department.DayOffNameSingle = row.dayOffNameSingle;
+    department.DayOffNamePlural = row.dayOffNamePlural;
+}
+
+void ReadDepartment(const DepartmentRow& row, Department& department) {
+    department.CurrentDepNumber = row.number;
+    department.CurrentDepName = row.name;
+    department.EditorOrder = row.editorOrder;
+    department.WeekMethod = row.weekMethod;
+    DecodeFirstWeekday(row.firstWeekday.value_or(0), department.FirstWeekday, department.DayCutoffQuarters);
 }
 
 } // namespace tvx

@@ -7,6 +7,7 @@
 #include "shell/state/Department.h"
 #include "shell/state/Lists.h"
 #include "shell/state/Store.h"
+#include "store/rows/DepartmentRow.h"
 
 #include <optional>
 #include <string>
@@ -28,17 +29,10 @@ void FloodTwentySteps(const Clock& clock, Prompt& prompt, Show show) {
 
 /// Reads the department's daytypes in the order of their symbols: at most 71, index 0 stays empty; an empty
 /// field gives "". Throws DaoError.
-void LoadDayTypes(Store& store, int departmentNumber, Daytypes& daytypes);
+void LoadDayTypes(const Store& store, int departmentNumber, Daytypes& daytypes);
 
-/// Closes the database and every recordset; errors are ignored. Lets events run.
+/// Closes the database and the roster's recordset; errors are ignored. Lets events run.
 void CloseDatabase(Store& store, Prompt& prompt);
-
-/// Takes apart the field `First weekday`. Below 1: weekday 1, cut-off 0. 1 to 10: that weekday, the cut-off
-/// stays as it was. Above 10: weekday * 100 + cut-off. A weekday outside 1 to 7 becomes 1.
-void DecodeFirstWeekday(long value, int& firstWeekday, int& cutoffQuarters);
-
-/// The field `First weekday` of a weekday, 1 to 7, and a cut-off, 0 to 99 quarters.
-int EncodeFirstWeekday(int firstWeekday, int cutoffQuarters);
 
 /// "MM-DD-YYYY", "DD-MM-YYYY" or "YYYY-MM-DD", by the order of the system's short date.
 std::string DetectDateFormat(const Region& region);
@@ -52,7 +46,10 @@ DaySerial FirstDayOfWeek(DaySerial date, int firstWeekday);
 /// is 1 when the same date counted in weeks from Monday gives 1.
 std::optional<int> WeekNumber(DaySerial date, int weekMethod, int firstWeekday);
 
-/// The words of a department from its current record, each with its default where the field is Null.
-void ReadGenericNames(dao::Recordset& departmentRs, Department& department);
+/// Makes the words of a department those of the state.
+void ReadGenericNames(const DepartmentRow& row, Department& department);
+/// Makes a department the current one, but for its words. A stored weekday of 1 to 10 leaves the cut-off as
+/// it was.
+void ReadDepartment(const DepartmentRow& row, Department& department);
 
 } // namespace tvx

@@ -7,9 +7,11 @@
 #include "platform/files/FileError.h"
 #include "platform/files/Folder.h"
 #include "shell/common/TVXMOD1.h"
-#include "shell/console/Passwords.h"
+#include "store/FirstDatabase.h"
 #include "store/NetworkPath.h"
-#include "store/rows/Schema.h"
+#include "store/OpenStore.h"
+#include "store/Troubles.h"
+#include "store/rows/DepartmentRow.h"
 
 #include <algorithm>
 #include <system_error>
@@ -19,10 +21,7 @@ namespace fs = std::filesystem;
 namespace tvx {
 namespace {
 
-constexpr const char* DatabaseFile = "TVX.MDB";
-constexpr const char* ReadyMadeFile = "TVX.JAN";
 constexpr const char* ExampleDepartment = "Example department";
-constexpr DaySerial ExampleWeek = 38774; // 26 February 2006, the first day of the ready-made week
 
 std::string Framed(const std::string& text) {
     return "------ " + text + " ------";
@@ -82,133 +81,6 @@ void WarnOfOldDate(Ports& ports) {
         ports.prompt.MsgBox("The System date is incorrect... ", box::Exclamation, "System date");
 }
 
-void MoveWeek(dao::Database& db, const std::string& table, const std::string& dayField, DaySerial base) {
-    // A select, which is read whole: a table is read on by its key, which the moves change.
-    dao::Recordset rows =
-        db.OpenRecordset("SELECT * FROM [" + table + "] WHERE [" + dayField + "] between " +
-                         std::to_string(ExampleWeek) + " and " + std::to_string(ExampleWeek + 6));
-    for (; !rows.AtEnd(); rows.MoveNext()) {
-        const std::int64_t day = rows.Fields(dayField).Long();
-        rows.Edit();
-        rows.Fields(dayField) = static_cast<int>(base + day - ExampleWeek);
-        rows.Update();
-    }
-}
-
-void MoveExampleWeek(dao::Database& db, DaySerial today) {
-    constexpr int Sunday = 1;
-    const DaySerial base = FirstDayOfWeek(today, Sunday);
-    dao::Transaction transaction(db);
-    MoveWeek(db, "Day Schedule", "Day Julian", base);
-    MoveWeek(db, "Department day", "Day", base);
-    transaction.Commit();
-}
-
-/// A start that was cut off leaves its unfinished file, and the engine a journal, which it would play back
-/// into the next file of that name.
-void RemoveWhatWasCutOff(const fs::path& folder) {
-    std::error_code ignored;
-    for (const char* name : {"TVX.NEW", "TVX.NEW-journal", "TVX.MDB-journal"})
-        fs::remove(folder / name, ignored);
-}
-
-std::string SettingOf(dao::Recordset& rs, const char* field, const char* ifNull) {
-    return Trim(rs.Fields(field).Text(ifNull));
-}
-
-void TakeSettings(GlobalState& g, dao::Recordset& rs) {
-    auto& settings = g.application.Settings;
-    settings[setting::ClockStyle] = SettingOf(rs, "12 or 24", "12");
-    settings[setting::StartHour] = SettingOf(rs, "StartHour", "");
-    settings[setting::BarColor] = SettingOf(rs, "BarColor", "2");
-    settings[setting::TimeFormat] = SettingOf(rs, "TimeFormat", "0");
-    settings[setting::UnderAge] = SettingOf(rs, "UnderAge", "16");
-    settings[setting::DayOvertime] = SettingOf(rs, "DayOvertime", "96");
-    // The bracket does no harm: only the leading number of the text is ever used.
-    settings[setting::WeekOvertime] = SettingOf(rs, "WeekOvertime", "672)");
-    g.application.OpenShared = !SettingOf(rs, "To Try", "").empty();
-    g.application.GeneralManagerPassword = UnscramblePassword(rs.Fields("BigBoss").Text());
-}
-
-void WriteDefaultSettings(GlobalState& g, dao::Recordset& rs) {
-    auto& settings = g.application.Settings;
-    settings = {"", "", "12", TrimmedNumber(24 - g.screen.VisibleHours), "2", "0", "", "16", "96", "672"};
-    rs.AddNew();
-    rs.Fields("12 or 24") = settings[setting::ClockStyle];
-    rs.Fields("StartHour") = settings[setting::StartHour];
-    rs.Fields("BarColor") = settings[setting::BarColor];
-    rs.Fields("TimeFormat") = settings[setting::TimeFormat];
-    rs.Fields("UnderAge") = settings[setting::UnderAge];
-    rs.Fields("DayOvertime") = settings[setting::DayOvertime];
-    rs.Fields("WeekOvertime") = settings[setting::WeekOvertime];
-    rs.Fields("To Try") = "S";
-    rs.Update(); // without a version: the file may be an old one, which is brought up to date next
-    g.application.OpenShared = true;
-    g.application.GeneralManagerPassword.clear();
-}
-
-void ApplySettings(GlobalState& g) {
-    auto& settings = g.application.Settings;
-    if (Val(settings[setting::StartHour]) < 0) settings[setting::StartHour] = "4";
-    g.application.StartHour = static_cast<int>(RoundHalfToEven(Val(settings[setting::StartHour])));
-    g.application.DefaultBarColor =
-        QBColor(static_cast<int>(RoundHalfToEven(Val(settings[setting::BarColor]))));
-}
-
-void Authorise(GlobalState& g) {
-    const bool locked = !g.application.GeneralManagerPassword.empty();
-    if (locked) g.rights.AccessLevel = "Big boss";
-    g.rights.PasswordOk = !locked;
-}
-
-void BringToVersion(GlobalState& g) {
-    g.store.ApplicationRs.MoveFirst();
-    const dao::Value version = g.store.ApplicationRs.Fields("DB Version").Value();
-    if (dao::IsNull(version) || dao::ToLong(version) != SchemaVersion) {
-        CheckDBversion(g.store.Open(), g.store.ApplicationRs);
-        return;
-    }
-    if (const std::string missing = MissingFromFile(g.store.Open()); !missing.empty())
-        throw dao::DaoError(dao::error::ItemNotFound, "Item not found in this collection: " + missing);
-}
-
-void OpenStore(GlobalState& g, Ports& ports, ConsoleFace& face) {
-    SeedFirstDatabase(g.store.Engine, g.paths.DatabasePath, ports.clock.Today());
-    g.store.Db = g.store.Engine.OpenDatabase(FilePath(g.paths.DatabasePath, DatabaseFile));
-    RequireUsableFile(g.store.Open());
-    ReadSettings(g);
-    Authorise(g);
-    ApplySettings(g);
-    BringToVersion(g);
-    RefreshDepartments(g, ports, face);
-}
-
-void TellLoadTrouble(Prompt& prompt, int number, const std::string& text) {
-    const auto tell = [&](const std::string& message, int style, const std::string& title) {
-        prompt.Beep();
-        prompt.MsgBox(message, style, title);
-    };
-    switch (number) {
-    case dao::error::PermissionDenied:
-    case dao::error::InternalError:
-    case dao::error::FileInUse:
-    case dao::error::CouldNotLock:
-    case dao::error::OpenedExclusively:
-        return tell("Database is in use!\r\n\r\nTry later.\r\n\r\n(" + text + ")", box::Stop, "Database");
-    case dao::error::FileNotFound:
-        return tell("Missing database file...", box::Exclamation, "Tvx.mdb is missing...");
-    case dao::error::ItemNotFound:
-        return tell("The database is the wrong version...\nUse a later version of this program. ",
-                    box::Exclamation, "Tvx.mdb wrong version...");
-    case dao::error::UnrecognisedFormat:
-        return tell("Damaged database file (TVX.MDB).\r\nWill attempt to restore...restart the program.",
-                    box::Exclamation, "Damaged database file.");
-    default:
-        return tell("Database problem.. Error number is:" + std::to_string(number) + ".\n" + text, box::Stop,
-                    "Database");
-    }
-}
-
 // ---- the department list ----
 
 int Index(const DepartmentList& list, int number) {
@@ -225,25 +97,18 @@ int IndexByCommand(const GlobalState& g) {
     return Index(list, back ? list.PreviousDepNumber : g.department.CurrentDepNumber);
 }
 
-void TakeDepartment(Department& d, dao::Recordset& rs) {
-    d.CurrentDepNumber = static_cast<int>(rs.Fields("Dep number").Long());
-    d.CurrentDepName = rs.Fields("Department name").Text();
-    d.WeekMethod = static_cast<int>(rs.Fields("Week methode pick").Long(0));
-    d.EditorOrder = static_cast<int>(rs.Fields("Editor order").Long(1));
-    DecodeFirstWeekday(rs.Fields("First weekday").Long(), d.FirstWeekday, d.DayCutoffQuarters);
-    ReadGenericNames(rs, d);
+void TakeDepartment(Department& d, const DepartmentRow& row) {
+    ReadDepartment(row, d);
+    ReadGenericNames(row, d);
 }
 
-void ReadDepartmentList(GlobalState& g) {
-    dao::Recordset& rs = g.store.DepartmentRs;
-    DepartmentList& list = g.departments;
-    list.DepartmentCount = 0;
+void TakeDepartmentList(DepartmentList& list, const std::vector<DepartmentRow>& rows) {
+    list.DepartmentCount = static_cast<int>(rows.size());
     list.DepNumbers.clear();
     list.DepNames.clear();
-    for (; !rs.AtEnd(); rs.MoveNext()) {
-        list.DepNumbers.push_back(static_cast<int>(rs.Fields("Dep number").Long()));
-        list.DepNames.push_back(rs.Fields("Department name").Text());
-        ++list.DepartmentCount;
+    for (const DepartmentRow& row : rows) {
+        list.DepNumbers.push_back(row.number);
+        list.DepNames.push_back(row.name);
     }
 }
 
@@ -293,6 +158,21 @@ void LimitToRights(const GlobalState& g, ConsoleFace& face) {
     if (g.rights.SchedulingAllowed) return;
     face.menus.Enable({"Dep", "EmplRecords", "OptionFrame"}, false);
     if (!g.rights.IsManager()) face.menus["PW"].enabled = false;
+}
+
+/// The database and the department list; the box of any trouble.
+LoadResult OpenDatabase(GlobalState& g, Ports& ports, ConsoleFace& face) {
+    try {
+        OpenStore(g, ports.clock.Today());
+        RefreshDepartments(g, ports, face);
+        return LoadResult::Ready;
+    } catch (const dao::DaoError& trouble) {
+        TellTrouble(ports.prompt, TroubleOf(Occasion::Opening, trouble));
+    } catch (const FileError& trouble) {
+        TellTrouble(ports.prompt, TroubleOf(Occasion::Opening, trouble));
+    }
+    CloseDatabase(g.store, ports.prompt);
+    return LoadResult::EndRun;
 }
 
 } // namespace
@@ -352,27 +232,6 @@ int VisibleHoursFor(Twips screenWidth) {
     return std::min((screenWidth - 2400) / 480, 24);
 }
 
-void SeedFirstDatabase(const dao::Engine& engine, const fs::path& folder, DaySerial today) {
-    const auto readyMade = FindFile(folder, ReadyMadeFile);
-    if (!readyMade || FindFile(folder, DatabaseFile)) return;
-    const fs::path unfinished = folder / "TVX.NEW";
-    RemoveWhatWasCutOff(folder);
-    CopyWholeFile(*readyMade, unfinished);
-    MoveExampleWeek(*engine.OpenDatabase(unfinished), today);
-    std::error_code trouble;
-    fs::rename(unfinished, folder / DatabaseFile, trouble);
-    if (trouble) throw FileError(FileErrorNumber::PathFileAccess, trouble.message());
-}
-
-void ReadSettings(GlobalState& g) {
-    dao::Recordset& rs = g.store.ApplicationRs;
-    rs = g.store.Open().OpenRecordset("Application");
-    if (rs.BOF() && rs.AtEnd())
-        WriteDefaultSettings(g, rs);
-    else
-        TakeSettings(g, rs);
-}
-
 LoadResult LoadConsole(GlobalState& g, Ports& ports, ConsoleFace& face) {
     if (!ports.instance.Claim()) {
         ports.prompt.MsgBox("Tarvex already running", box::Ok, "Tarvex");
@@ -385,31 +244,19 @@ LoadResult LoadConsole(GlobalState& g, Ports& ports, ConsoleFace& face) {
     MeasureScreen(g, ports.screen);
     WarnOfOldDate(ports);
     g.application.DateFormatSetting = DetectDateFormat(ports.region);
-    try {
-        OpenStore(g, ports, face);
-    } catch (const dao::DaoError& trouble) {
-        TellLoadTrouble(ports.prompt, trouble.Number(), trouble.what());
-        CloseDatabase(g.store, ports.prompt);
-        return LoadResult::EndRun;
-    } catch (const FileError& trouble) {
-        TellLoadTrouble(ports.prompt, trouble.Number(), trouble.what());
-        return LoadResult::EndRun;
-    }
+    if (OpenDatabase(g, ports, face) == LoadResult::EndRun) return LoadResult::EndRun;
     ports.prompt.MousePointer(Pointer::Default);
     return LoadResult::Ready;
 }
 
 void RefreshDepartments(GlobalState& g, Ports& ports, ConsoleFace& face) {
     if (!g.rights.PasswordOk) return;
-    dao::Recordset& rs = g.store.DepartmentRs;
-    rs = g.store.Open().OpenRecordset("Department");
-    ReadDepartmentList(g);
+    const std::vector<DepartmentRow> rows = ReadDepartmentRows(g.store.Open());
+    TakeDepartmentList(g.departments, rows);
     int current = 0;
-    if (g.departments.DepartmentCount > 0) {
+    if (!rows.empty()) {
         current = IndexByCommand(g);
-        rs.Index("Dept Nbr");
-        rs.Seek({dao::Value(std::int64_t{g.departments.DepNumbers[current]})});
-        TakeDepartment(g.department, rs);
+        TakeDepartment(g.department, rows[static_cast<std::size_t>(current)]);
         SetMenuCaptions(g.department, face);
     } else {
         g.department = {};
@@ -422,11 +269,12 @@ void RefreshDepartments(GlobalState& g, Ports& ports, ConsoleFace& face) {
 
 void ChooseDepartment(GlobalState& g, ConsoleFace& face, int index) {
     if (index < 0 || index >= g.departments.DepartmentCount) return;
-    dao::Recordset& rs = g.store.DepartmentRs;
-    rs = g.store.Open().OpenRecordset("Department");
-    while (!rs.AtEnd() && rs.Fields("Department name").Text() != g.departments.DepNames[index]) rs.MoveNext();
-    if (rs.AtEnd()) return; // another workstation renamed or deleted it
-    TakeDepartment(g.department, rs);
+    const std::vector<DepartmentRow> rows = ReadDepartmentRows(g.store.Open());
+    const auto chosen = std::find_if(rows.begin(), rows.end(), [&](const DepartmentRow& row) {
+        return row.name == g.departments.DepNames[index];
+    });
+    if (chosen == rows.end()) return; // another workstation renamed or deleted it
+    TakeDepartment(g.department, *chosen);
     face.Combo1Index = index;
     face.Label2 = Framed(g.department.CurrentDepName);
     SetMenuCaptions(g.department, face);
@@ -466,7 +314,7 @@ bool PrepareSchedule(GlobalState& g, Ports& ports) {
     try {
         return PrepareRoster(g, ports.prompt);
     } catch (const dao::DaoError& trouble) {
-        TellLoadTrouble(ports.prompt, trouble.Number(), trouble.what());
+        TellTrouble(ports.prompt, TroubleOf(Occasion::Opening, trouble));
         return false;
     }
 }

@@ -49,15 +49,6 @@ LoadResult LoadConsole(GlobalState& g, Ports& ports, ConsoleFace& face);
 /// Hours that the time grids show across a screen, at most 24; below 1 on a screen under 2880 twips.
 int VisibleHoursFor(Twips screenWidth);
 
-/// Makes the first database from the ready-made one: its example week is moved to the week of `today`. Does
-/// nothing when the folder has a database, or has no ready-made one. The file appears whole or not at all.
-/// Throws DaoError or FileError.
-void SeedFirstDatabase(const dao::Engine& engine, const std::filesystem::path& folder, DaySerial today);
-
-/// Reads the options from the one row of `Application` into the state, each with its default; writes the row
-/// with the defaults when there is none. Throws DaoError.
-void ReadSettings(GlobalState& g);
-
 /// Reads the department list and chooses the current department by `FormCommand`: "", "Delete", "Convert"
 /// and "Restore" take the first, "Add" the last, "Options" and "Change" the one of `PreviousDepNumber`; any
 /// other word keeps the present one while it exists. Does nothing before the password is right.

@@ -2,57 +2,34 @@
 
 #include "platform/basic/Text.h"
 #include "shell/common/TVXMOD1.h"
+#include "store/rows/DepartmentRow.h"
+
+#include <vector>
 
 namespace tvx {
 namespace {
 
-std::string Shifted(std::string_view text, std::int64_t direction) {
-    std::string shifted;
-    int place = 0;
-    for (const char32_t c : DecodeUtf8(Trim(text))) {
-        ++place;
-        AppendUtf8(shifted, static_cast<char32_t>(static_cast<std::int64_t>(c) + direction * place));
-    }
-    return shifted;
+void GrantManager(Rights& rights, const ManagerRow& manager, int place) {
+    rights.HideWages = manager.hideWages;
+    rights.SchedulingAllowed = manager.allowScheduling;
+    rights.AccessLevel = "Manager " + std::to_string(place);
+    rights.PasswordOk = true;
+    rights.PasswordsAllowed = manager.allowPasswords;
 }
 
-/// Fields of a department record that belong to one of its two managers.
-struct ManagerFields {
-    const char* password;
-    const char* hideWages;
-    const char* allowScheduling;
-    const char* allowPasswords;
-    const char* level;
-};
-
-constexpr ManagerFields Managers[] = {{"MGR1", "HM1", "OKSCH1", "OKPW1", "Manager 1"},
-                                      {"MGR2", "HM2", "OKSCH2", "OKPW2", "Manager 2"}};
-
-void GrantManager(GlobalState& g, dao::Recordset& rs, const ManagerFields& manager) {
-    g.rights.HideWages = rs.Fields(manager.hideWages).Flag();
-    g.rights.SchedulingAllowed = rs.Fields(manager.allowScheduling).Flag();
-    g.rights.AccessLevel = manager.level;
-    g.rights.PasswordOk = true;
-    g.rights.PasswordsAllowed = rs.Fields(manager.allowPasswords).Flag();
-    Department& d = g.department;
-    d.CurrentDepNumber = static_cast<int>(rs.Fields("Dep number").Long());
-    d.CurrentDepName = rs.Fields("Department name").Text();
-    d.EditorOrder = static_cast<int>(rs.Fields("Editor order").Long(1));
-    d.WeekMethod = static_cast<int>(rs.Fields("Week methode pick").Long(0));
-    DecodeFirstWeekday(rs.Fields("First weekday").Long(), d.FirstWeekday, d.DayCutoffQuarters);
-}
-
-bool LogInManager(GlobalState& g, const std::string& typed) {
-    dao::Recordset& rs = g.store.DepartmentRs;
-    rs.MoveFirst();
-    ReadGenericNames(rs, g.department);
-    for (; !rs.AtEnd(); rs.MoveNext())
-        for (const ManagerFields& manager : Managers) {
-            const std::string password = UnscramblePassword(rs.Fields(manager.password).Text());
-            if (password.empty() || password != typed) continue;
-            GrantManager(g, rs, manager);
+/// The words stay those of the first department.
+bool LogInManager(GlobalState& g, const std::vector<DepartmentRow>& rows, const std::string& typed) {
+    ReadGenericNames(rows.front(), g.department);
+    for (const DepartmentRow& row : rows) {
+        int place = 0;
+        for (const ManagerRow& manager : row.managers) {
+            ++place;
+            if (manager.password.empty() || manager.password != typed) continue;
+            GrantManager(g.rights, manager, place);
+            ReadDepartment(row, g.department);
             return true;
         }
+    }
     return false;
 }
 
@@ -76,13 +53,6 @@ void OpenForGeneralManager(GlobalState& g, Ports& ports, ConsoleFace& face) {
 
 } // namespace
 
-std::string ScramblePassword(std::string_view text) {
-    return Shifted(text, 1);
-}
-std::string UnscramblePassword(std::string_view text) {
-    return Shifted(text, -1);
-}
-
 int PromptKey(int code) {
     constexpr int Backspace = 8;
     constexpr int Enter = 13;
@@ -99,10 +69,9 @@ LoginResult LogIn(GlobalState& g, std::string_view typed) {
         g.rights.AccessLevel = "Big boss";
         return LoginResult::Granted;
     }
-    dao::Recordset& rs = g.store.DepartmentRs;
-    rs = g.store.Open().OpenRecordset("Department");
-    if (rs.BOF() && rs.AtEnd()) return LoginResult::Ignored;
-    return LogInManager(g, text) ? LoginResult::Granted : LoginResult::Denied;
+    const std::vector<DepartmentRow> rows = ReadDepartmentRows(g.store.Open());
+    if (rows.empty()) return LoginResult::Ignored;
+    return LogInManager(g, rows, text) ? LoginResult::Granted : LoginResult::Denied;
 }
 
 LoginResult LogInAtConsole(GlobalState& g, Ports& ports, ConsoleFace& face, std::string_view typed) {

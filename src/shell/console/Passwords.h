@@ -9,11 +9,6 @@
 
 namespace tvx {
 
-/// A disguise against a casual look into the file, and no cipher: the trimmed text with each character's code
-/// raised by its place, counted from 1.
-std::string ScramblePassword(std::string_view text);
-std::string UnscramblePassword(std::string_view text);
-
 /// The key that the password prompt takes for a typed one: capitals for letters; 0 for a key that is dropped
 /// with a beep. Codes are 8 for backspace and 13 for Enter.
 int PromptKey(int code);

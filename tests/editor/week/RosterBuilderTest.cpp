@@ -31,20 +31,6 @@ class RosterTest : public testing::Test {
     }
 };
 
-// --- the query --------------------------------------------------------------------------------------------
-
-TEST(RosterQuery, asks_for_the_active_people_of_a_department_in_its_order) {
-    EXPECT_EQ(RosterQuery(7, 1, false), "SELECT * FROM Employee WHERE [Dep number] = 7 and [Active] = true "
-                                        "ORDER BY [Last name],[First name];");
-    EXPECT_EQ(RosterQuery(7, 4, false),
-              "SELECT * FROM Employee WHERE [Dep number] = 7 and [Active] = true ORDER BY [Birth date];");
-    EXPECT_EQ(RosterQuery(7, 2, true), "SELECT * FROM Employee WHERE [Active] = true ORDER BY ID;");
-    EXPECT_EQ(RosterQuery(7, 3, true), "SELECT * FROM Employee WHERE [Active] = true ORDER BY Assignment;");
-    EXPECT_EQ(RosterQuery(7, 5, true), "SELECT * FROM Employee WHERE [Active] = true ORDER BY [Hire date];");
-    EXPECT_EQ(RosterQuery(7, 6, true),
-              "SELECT * FROM Employee WHERE [Active] = true ORDER BY [First name],[Last name];");
-}
-
 // --- order and names --------------------------------------------------------------------------------------
 
 class ListingOrderTest : public RosterTest {

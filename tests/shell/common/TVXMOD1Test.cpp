@@ -55,72 +55,6 @@ TEST(FloodTwentySteps, shows_every_fifth_per_cent) {
     EXPECT_EQ(shown, expected);
 }
 
-// --- the field of first weekday and cut-off ---------------------------------------------------------------
-
-TEST(DecodeFirstWeekday, takes_apart_the_weekday_and_the_cut_off) {
-    struct Case {
-        long value;
-        int weekday;
-        int cutoff; // 20 stands for "as it was"
-    };
-    constexpr int AsItWas = 20;
-    const Case cases[] = {
-        {-32768, 1, 0},
-        {-1, 1, 0},
-        {0, 1, 0},
-        {1, 1, AsItWas},
-        {2, 2, AsItWas},
-        {7, 7, AsItWas},
-        {8, 1, AsItWas}, // no such weekday
-        {9, 1, AsItWas},
-        {10, 1, AsItWas},
-        {11, 1, 11}, // weekday 0
-        {99, 1, 99},
-        {100, 1, 0},
-        {101, 1, 1},
-        {150, 1, 50}, // beyond what the screen offers,
-                      // kept
-        {205, 2, 5},
-        {305, 3, 5},
-        {732, 7, 32},
-        {799, 7, 99},
-        {800, 1, 0},
-        {832, 1, 32},
-        {999, 1, 99},
-        {32767, 1, 67},
-    };
-    for (const Case& c : cases) {
-        int weekday = 5;
-        int cutoff = AsItWas;
-        DecodeFirstWeekday(c.value, weekday, cutoff);
-        EXPECT_EQ(weekday, c.weekday) << c.value;
-        EXPECT_EQ(cutoff, c.cutoff) << c.value;
-    }
-}
-
-TEST(DecodeFirstWeekday, always_gives_a_weekday) {
-    for (long value = -100; value <= 40000; ++value) {
-        int weekday = 0;
-        int cutoff = 0;
-        DecodeFirstWeekday(value, weekday, cutoff);
-        ASSERT_GE(weekday, 1) << value;
-        ASSERT_LE(weekday, 7) << value;
-        ASSERT_GE(cutoff, 0) << value;
-        ASSERT_LE(cutoff, 99) << value;
-    }
-}
-
-TEST(EncodeFirstWeekday, is_decoded_to_what_was_put_in) {
-    for (int weekday = 1; weekday <= 7; ++weekday)
-        for (int cutoff = 0; cutoff <= 99; ++cutoff) {
-            int w = 0;
-            int c = -1;
-            DecodeFirstWeekday(EncodeFirstWeekday(weekday, cutoff), w, c);
-            ASSERT_EQ(w, weekday);
-            ASSERT_EQ(c, cutoff);
-        }
-}
-
 // --- the country ------------------------------------------------------------------------------------------
 
 TEST(DetectDateFormat, follows_the_order_of_the_short_date) {
@@ -251,11 +185,10 @@ TEST_F(DayTypesTest, with_an_empty_name_read_as_empty_text) {
 
 TEST(CloseDatabase, closes_every_set_and_may_be_called_twice) {
     test::TestStore store;
-    store.g.store.DepartmentRs = store.db().OpenRecordset("Department");
+    store.g.store.EmployeeRs = store.db().OpenRecordset("Employee");
     CloseDatabase(store.g.store, store.prompt());
     EXPECT_EQ(store.g.store.Db, nullptr);
-    EXPECT_FALSE(store.g.store.DepartmentRs.IsOpen());
-    EXPECT_FALSE(store.g.store.ApplicationRs.IsOpen());
+    EXPECT_FALSE(store.g.store.EmployeeRs.IsOpen());
     CloseDatabase(store.g.store, store.prompt());
     EXPECT_EQ(store.g.store.Db, nullptr);
 }
@@ -267,25 +200,41 @@ TEST(CloseDatabase, leaves_a_store_that_tells_who_asks_for_its_database) {
     EXPECT_EQ(test::DaoErrorOf([&] { store.g.store.Open(); }), 3420);
 }
 
-TEST(ReadGenericNames, takes_the_departments_words_and_the_default_for_a_missing_one) {
-    test::TestStore store;
-    store.AddDepartment("Bakery");
-    dao::Recordset rs = store.db().OpenRecordset("Department");
+TEST(ReadGenericNames, makes_the_words_of_a_department_those_of_the_state) {
     Department department;
     department.EmployeeNameSingle = department.DayOffNamePlural = "of another department";
-    ReadGenericNames(rs, department);
-    EXPECT_EQ(department.EmployeeNameSingle, "Employee");
-    EXPECT_EQ(department.EmployeeNamePlural, "Employees");
-    EXPECT_EQ(department.DayOffNameSingle, "Vacation day");
-    EXPECT_EQ(department.DayOffNamePlural, "Vacation days");
-    rs.Edit();
-    rs.Fields("EmployeeNameSingle") = "Nurse";
-    rs.Fields("DayOffNamePlural") = "Off days";
-    rs.Update();
-    ReadGenericNames(rs, department);
+    DepartmentRow row;
+    row.employeeNameSingle = "Nurse";
+    row.dayOffNamePlural = "Off days";
+    ReadGenericNames(row, department);
     EXPECT_EQ(department.EmployeeNameSingle, "Nurse");
     EXPECT_EQ(department.EmployeeNamePlural, "Employees");
+    EXPECT_EQ(department.DayOffNameSingle, "Vacation day");
     EXPECT_EQ(department.DayOffNamePlural, "Off days");
+}
+
+TEST(ReadDepartment, makes_a_department_the_current_one_but_for_its_words) {
+    Department department;
+    department.EmployeeNameSingle = "Nurse";
+    department.DayCutoffQuarters = 7;
+    DepartmentRow row;
+    row.number = 5;
+    row.name = "Ward";
+    row.editorOrder = 3;
+    row.weekMethod = 2;
+    row.firstWeekday = 4;
+    ReadDepartment(row, department);
+    EXPECT_EQ(department.CurrentDepNumber, 5);
+    EXPECT_EQ(department.CurrentDepName, "Ward");
+    EXPECT_EQ(department.EditorOrder, 3);
+    EXPECT_EQ(department.WeekMethod, 2);
+    EXPECT_EQ(department.FirstWeekday, 4);
+    EXPECT_EQ(department.DayCutoffQuarters, 7);
+    EXPECT_EQ(department.EmployeeNameSingle, "Nurse");
+    row.firstWeekday.reset();
+    ReadDepartment(row, department);
+    EXPECT_EQ(department.FirstWeekday, 1);
+    EXPECT_EQ(department.DayCutoffQuarters, 0);
 }
 
 } // namespace

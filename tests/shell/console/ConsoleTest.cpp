@@ -3,6 +3,7 @@
 #include "shell/common/TVXMOD1.h"
 #include "shell/console/Passwords.h"
 #include "store/NetworkPath.h"
+#include "store/rows/PasswordText.h"
 #include "store/rows/Schema.h"
 #include "support/ChildProcess.h"
 #include "support/Random.h"
@@ -570,17 +571,6 @@ TEST_F(DepartmentListTest, stays_on_a_choice_that_is_none) {
     RawFile(File()).Run("DELETE FROM Department WHERE [Dep number] = ?", {std::int64_t{dairy}});
     ChooseDepartment(g, face, 1);
     EXPECT_EQ(g.department.CurrentDepNumber, bakery);
-}
-
-TEST_F(DepartmentListTest, works_after_another_screen_has_moved_its_recordset) {
-    AddThree();
-    StartReady();
-    g.store.DepartmentRs.MoveLast();
-    ChooseDepartment(g, face, 1);
-    EXPECT_EQ(g.department.CurrentDepNumber, dairy);
-    g.store.DepartmentRs.Close();
-    ChooseDepartment(g, face, 2);
-    EXPECT_EQ(g.department.CurrentDepNumber, cheese);
 }
 
 // --- menus and captions -----------------------------------------------------------------------------------

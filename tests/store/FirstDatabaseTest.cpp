@@ -1,4 +1,5 @@
-// The first database of a new installation, made from the ready-made one.
+#include "store/FirstDatabase.h"
+
 #include "platform/dao/DaoError.h"
 #include "platform/files/FileError.h"
 #include "shell/common/TVXMOD1.h"
