@@ -1,5 +1,7 @@
 #include "masterdata/AvailabilityGrid.h"
 
+#include "store/rows/Periods.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -13,19 +15,17 @@ constexpr int SlotsStored = 4;
 constexpr int SlotsKept = 3;
 constexpr Twips GrabTolerance = 60;
 constexpr Twips MarkerOffset = 140; // the mark that follows the mouse is centred on it
-constexpr std::size_t TextLength = std::size_t{Days} * SlotsStored;
 
-int CodeAt(std::string_view text, int day, int slot) {
-    return static_cast<unsigned char>(text[static_cast<std::size_t>((day - 1) * SlotsStored + slot - 1)]);
+std::size_t PlaceOf(int day, int slot) {
+    return static_cast<std::size_t>((day - 1) * SlotsStored + slot - 1);
 }
 
-std::string Encode(const std::array<std::array<DayQuarter, 5>, 8>& quarters) {
-    std::string text(TextLength, ' ');
+WeekAbsences AbsencesOf(const Absence& bars) {
+    WeekAbsences absences;
     for (int d = 1; d <= Days; ++d)
         for (int k = 1; k <= SlotsStored; ++k)
-            text[static_cast<std::size_t>((d - 1) * SlotsStored + k - 1)] =
-                static_cast<char>(quarters[d][k] + 32);
-    return text;
+            absences[PlaceOf(d, k)] = {bars.AvailStart[d][k], bars.AvailStop[d][k]};
+    return absences;
 }
 
 Twips Snap(Twips x) {
@@ -70,26 +70,26 @@ void TrimRow(Absence& bars, int row) {
 
 Absence DecodeAbsence(std::string_view availStart, std::string_view availStop) {
     Absence bars;
-    if (availStart.size() < TextLength || availStop.size() < TextLength) return bars;
+    const WeekAbsences absences = DecodeAbsences(availStart, availStop);
     for (int d = 1; d <= Days; ++d) {
         for (int k = 1; k <= SlotsStored; ++k) {
-            const int stop = CodeAt(availStop, d, k);
-            if (stop <= 32) continue;
+            const Period& absence = absences[PlaceOf(d, k)];
+            if (!absence.IsUsed()) continue;
             bars.AvailCount[d] = k;
-            bars.AvailStart[d][k] = std::clamp(CodeAt(availStart, d, k) - 32, 0, QuartersPerDay);
-            bars.AvailStop[d][k] = std::clamp(stop - 32, 0, QuartersPerDay);
+            bars.AvailStart[d][k] = std::clamp(absence.start, 0, QuartersPerDay);
+            bars.AvailStop[d][k] = std::clamp(absence.stop, 0, QuartersPerDay);
         }
         TrimRow(bars, d);
     }
     return bars;
 }
 
-std::string EncodeStarts(const Absence& absence) {
-    return Encode(absence.AvailStart);
+std::string EncodeStarts(const Absence& bars) {
+    return EncodeAbsenceStarts(AbsencesOf(bars));
 }
 
-std::string EncodeStops(const Absence& absence) {
-    return Encode(absence.AvailStop);
+std::string EncodeStops(const Absence& bars) {
+    return EncodeAbsenceStops(AbsencesOf(bars));
 }
 
 void AvailabilityGrid::SetBars(const Absence& bars) {

@@ -5,6 +5,7 @@
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
 #include "shell/common/TVXMOD1.h"
+#include "store/rows/DayTypeRow.h"
 
 namespace tvx {
 namespace {
@@ -46,29 +47,12 @@ void Quietly(Step step) {
     }
 }
 
-dao::Recordset& OpenDayTypes(GlobalState& g, const char* index) {
-    dao::Recordset& rs = g.store.DayTypesRs;
-    rs = g.store.Open().OpenRecordset("Day types");
-    rs.Index(index);
-    return rs;
-}
-
-dao::Recordset& SeekDayType(GlobalState& g, const std::string& symbol) {
-    dao::Recordset& rs = OpenDayTypes(g, "TD");
-    rs.Seek({std::int64_t{g.department.CurrentDepNumber}, symbol});
-    return rs;
-}
-
 void ReadAgain(GlobalState& g) {
     Quietly([&] { LoadDayTypes(g.store, g.department.CurrentDepNumber, g.daytypes); });
 }
 
-void Write(dao::Recordset& rs, const GlobalState& g, const std::string& symbol,
-           const std::string& explanation) {
-    rs.Fields("Dep number") = g.department.CurrentDepNumber;
-    rs.Fields("Symbol") = symbol;
-    rs.Fields("Explaination") = explanation;
-    rs.Update();
+DayTypeRow RowOf(const GlobalState& g, const std::string& symbol, const std::string& explanation) {
+    return {g.department.CurrentDepNumber, Trim(symbol), explanation};
 }
 
 } // namespace
@@ -108,11 +92,7 @@ DaytypeResult AddDaytype(GlobalState& g, Prompt& prompt, const std::string& symb
     const int index = ++g.daytypes.DayTypeCount;
     g.daytypes.DayTypeSymbols[index] = Trim(symbol);
     g.daytypes.DayTypeNames[index] = Trim(explanation);
-    Quietly([&] {
-        dao::Recordset& rs = OpenDayTypes(g, "Department");
-        rs.AddNew();
-        Write(rs, g, Trim(symbol), Trim(explanation));
-    });
+    Quietly([&] { AddDayTypeRow(g.store.Open(), RowOf(g, symbol, Trim(explanation))); });
     ReadAgain(g);
     return DaytypeResult::Done;
 }
@@ -125,20 +105,14 @@ DaytypeResult ChangeDaytype(GlobalState& g, Prompt& prompt, int index, const std
     const std::string oldSymbol = g.daytypes.DayTypeSymbols[index];
     g.daytypes.DayTypeSymbols[index] = Trim(symbol);
     g.daytypes.DayTypeNames[index] = name;
-    Quietly([&] {
-        dao::Recordset& rs = SeekDayType(g, oldSymbol);
-        if (rs.NoMatch()) return;
-        rs.Edit();
-        Write(rs, g, Trim(symbol), name);
-    });
+    Quietly([&] { ChangeDayTypeRow(g.store.Open(), oldSymbol, RowOf(g, symbol, name)); });
     ReadAgain(g);
     return DaytypeResult::Done;
 }
 
 void DeleteDaytype(GlobalState& g, int index) {
     Quietly([&] {
-        dao::Recordset& rs = SeekDayType(g, g.daytypes.DayTypeSymbols[index]);
-        if (!rs.NoMatch()) rs.Delete();
+        DeleteDayTypeRow(g.store.Open(), g.department.CurrentDepNumber, g.daytypes.DayTypeSymbols[index]);
     });
     ReadAgain(g);
 }

@@ -3,9 +3,14 @@
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
-#include "shell/common/TVXMOD1.h"
+#include "store/Troubles.h"
+#include "store/rows/DayRow.h"
+#include "store/rows/DayTypeRow.h"
+#include "store/rows/DepartmentDayRow.h"
+#include "store/rows/EmployeeRow.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace tvx {
@@ -19,12 +24,11 @@ std::string Folded(const std::string& name) {
     throw dao::DaoError(dao::error::NoCurrentRecord, "No current record.");
 }
 
-/// Walks to the department of a name; false when there is none.
-bool WalkTo(dao::Recordset& rs, const std::string& name) {
-    if (rs.BOF() && rs.AtEnd()) return false;
-    for (rs.MoveFirst(); !rs.AtEnd(); rs.MoveNext())
-        if (Folded(rs.Fields("Department name").Text()) == Folded(name)) return true;
-    return false;
+/// The first department of a name; nullptr when there is none.
+const DepartmentRow* Named(const std::vector<DepartmentRow>& rows, const std::string& name) {
+    const auto found = std::find_if(
+        rows.begin(), rows.end(), [&](const DepartmentRow& row) { return Folded(row.name) == Folded(name); });
+    return found == rows.end() ? nullptr : &*found;
 }
 
 void TakeDefault(std::string& word, const char* usual) {
@@ -39,18 +43,17 @@ void TakeDefaults(DepartmentProfile& profile) {
     TakeDefault(profile.dayOffNamePlural, usual.dayOffNamePlural.c_str());
 }
 
-void WriteSettings(dao::Recordset& rs, const DepartmentProfile& profile) {
-    rs.Fields("Department name") = Trim(profile.name);
-    rs.Fields("Editor order") = profile.editorOrder;
-    rs.Fields("First weekday") = EncodeFirstWeekday(profile.firstWeekday, profile.cutoffQuarters);
-    rs.Fields("Week methode pick") = profile.weekMethod;
-}
-
-void WriteWords(dao::Recordset& rs, const DepartmentProfile& profile) {
-    rs.Fields("EmployeeNameSingle") = Trim(profile.employeeNameSingle);
-    rs.Fields("EmployeeNamePlural") = Trim(profile.employeeNamePlural);
-    rs.Fields("DayOffNameSingle") = Trim(profile.dayOffNameSingle);
-    rs.Fields("DayOffNamePlural") = Trim(profile.dayOffNamePlural);
+DepartmentRow RowOf(const DepartmentProfile& profile) {
+    DepartmentRow row;
+    row.name = Trim(profile.name);
+    row.editorOrder = profile.editorOrder;
+    row.firstWeekday = EncodeFirstWeekday(profile.firstWeekday, profile.cutoffQuarters);
+    row.weekMethod = profile.weekMethod;
+    row.employeeNameSingle = Trim(profile.employeeNameSingle);
+    row.employeeNamePlural = Trim(profile.employeeNamePlural);
+    row.dayOffNameSingle = Trim(profile.dayOffNameSingle);
+    row.dayOffNamePlural = Trim(profile.dayOffNamePlural);
+    return row;
 }
 
 void PutInForce(Department& d, const DepartmentProfile& profile, bool added) {
@@ -73,138 +76,101 @@ void TellNameInUse(Prompt& prompt, const std::string& name) {
 }
 
 /// Writes the profile in one transaction. False when the name is in use; nothing is stored then.
-bool WriteProfile(GlobalState& g, const DepartmentProfile& profile, bool adding) {
-    dao::Recordset& rs = g.store.DepartmentRs;
-    dao::Transaction transaction(g.store.Open());
+bool WriteProfile(const GlobalState& g, const DepartmentProfile& profile, bool adding) {
+    dao::Database& database = g.store.Open();
+    dao::Transaction transaction(database);
+    const std::vector<DepartmentRow> rows = ReadDepartmentRows(database);
     const bool renamed = adding || profile.name != Trim(g.department.CurrentDepName);
-    if (renamed && CheckDepartmentNameInUse(rs, profile.name)) return false;
+    if (renamed && CheckDepartmentNameInUse(rows, profile.name)) return false;
+    DepartmentRow row = RowOf(profile);
     if (adding) {
-        rs.AddNew();
-        WriteSettings(rs, profile);
+        AddDepartmentRow(database, row);
     } else {
-        if (!WalkTo(rs, g.department.CurrentDepName)) FailGone();
-        rs.Edit();
-        WriteSettings(rs, profile);
-        WriteWords(rs, profile);
+        const DepartmentRow* present = Named(rows, g.department.CurrentDepName);
+        if (present == nullptr) FailGone();
+        row.number = present->number;
+        ChangeDepartmentRow(database, row);
     }
-    rs.Update();
     transaction.Commit();
     return true;
 }
 
-/// Deletes every row of a table that a test wants gone, table by table in one go.
-template <typename Wanted>
-void DeleteRows(GlobalState& g, const char* table, Wanted wanted) {
-    dao::Transaction transaction(g.store.Open());
-    dao::Recordset rows = g.store.Open().OpenRecordset(table);
-    for (; !rows.AtEnd(); rows.MoveNext())
-        if (wanted(rows)) rows.Delete();
-    transaction.Commit();
-}
-
-/// Deletes the department's employees and gives back their keys, in the order of the table.
-std::vector<std::int64_t> DeleteEmployees(GlobalState& g) {
-    std::vector<std::int64_t> keys;
-    DeleteRows(g, "Employee", [&](dao::Recordset& row) {
-        if (row.Fields("Dep number").Long() != g.department.CurrentDepNumber) return false;
-        keys.push_back(row.Fields("Employee").Long());
-        return true;
-    });
-    return keys;
-}
-
-void TellDatabaseError(Prompt& prompt, const dao::DaoError& trouble) {
-    prompt.MousePointer(Pointer::Default);
-    prompt.MsgBox("Database error, try again.." + std::to_string(trouble.Number()) + " " + trouble.what(),
-                  box::Ok, "Database error...");
-}
-
-DepartmentProfile ReadProfile(GlobalState& g) {
-    dao::Recordset& rs = g.store.DepartmentRs;
-    if (!WalkTo(rs, g.department.CurrentDepName)) FailGone();
+DepartmentProfile ReadProfile(const GlobalState& g, const std::vector<DepartmentRow>& rows) {
+    const DepartmentRow* row = Named(rows, g.department.CurrentDepName);
+    if (row == nullptr) FailGone();
     DepartmentProfile profile;
     profile.name = Trim(g.department.CurrentDepName);
-    profile.cutoffQuarters = g.department.DayCutoffQuarters;
-    profile.weekKnown = !rs.Fields("First weekday").IsNull();
-    if (!profile.weekKnown)
-        profile.cutoffQuarters = 0;
-    else
-        DecodeFirstWeekday(rs.Fields("First weekday").Long(), profile.firstWeekday, profile.cutoffQuarters);
+    profile.weekKnown = row->firstWeekday.has_value();
+    profile.cutoffQuarters = profile.weekKnown ? g.department.DayCutoffQuarters : 0;
+    if (profile.weekKnown)
+        DecodeFirstWeekday(*row->firstWeekday, profile.firstWeekday, profile.cutoffQuarters);
     profile.cutoffQuarters = std::clamp(profile.cutoffQuarters, 0, MostCutoffQuarters);
-    profile.editorOrder = static_cast<int>(std::clamp<std::int64_t>(rs.Fields("Editor order").Long(1), 1, 6));
-    profile.weekMethod =
-        static_cast<int>(std::clamp<std::int64_t>(rs.Fields("Week methode pick").Long(0), 0, 3));
-    profile.employeeNameSingle = rs.Fields("EmployeeNameSingle").Text(profile.employeeNameSingle);
-    profile.employeeNamePlural = rs.Fields("EmployeeNamePlural").Text(profile.employeeNamePlural);
-    profile.dayOffNameSingle = rs.Fields("DayOffNameSingle").Text(profile.dayOffNameSingle);
-    profile.dayOffNamePlural = rs.Fields("DayOffNamePlural").Text(profile.dayOffNamePlural);
+    profile.editorOrder = std::clamp(row->editorOrder, 1, 6);
+    profile.weekMethod = std::clamp(row->weekMethod, 0, 3);
+    profile.employeeNameSingle = row->employeeNameSingle;
+    profile.employeeNamePlural = row->employeeNamePlural;
+    profile.dayOffNameSingle = row->dayOffNameSingle;
+    profile.dayOffNamePlural = row->dayOffNamePlural;
     return profile;
+}
+
+/// Deletes the first department of a name.
+void DeleteByName(dao::Database& database, const std::string& name) {
+    dao::Transaction transaction(database);
+    const std::vector<DepartmentRow> rows = ReadDepartmentRows(database);
+    const auto found =
+        std::find_if(rows.begin(), rows.end(), [&](const DepartmentRow& row) { return row.name == name; });
+    if (found == rows.end()) FailGone();
+    DeleteDepartmentRow(database, found->number);
+    transaction.Commit();
 }
 
 } // namespace
 
-std::optional<DepartmentProfile> OpenProfile(GlobalState& g, Prompt& prompt) {
+std::optional<DepartmentProfile> OpenProfile(const GlobalState& g, Prompt& prompt) {
     try {
-        g.store.DepartmentRs = g.store.Open().OpenRecordset("Department");
-        return g.application.FormCommand == "Add" ? DepartmentProfile() : ReadProfile(g);
+        const std::vector<DepartmentRow> rows = ReadDepartmentRows(g.store.Open());
+        return g.application.FormCommand == "Add" ? DepartmentProfile() : ReadProfile(g, rows);
     } catch (const dao::DaoError& trouble) {
-        TellDatabaseError(prompt, trouble);
+        TellTrouble(prompt, TroubleOf(Occasion::ReadingDepartments, trouble));
         return std::nullopt;
     }
 }
 
-bool CheckDepartmentNameInUse(dao::Recordset& departments, const std::string& name) {
-    return WalkTo(departments, name);
+bool CheckDepartmentNameInUse(const std::vector<DepartmentRow>& departments, const std::string& name) {
+    return Named(departments, name) != nullptr;
 }
 
 ProfileResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& profile) {
     TakeDefaults(profile);
     if (Trim(profile.name).empty()) return ProfileResult::NameMissing;
+    Occasion occasion = Occasion::ReadingDepartments;
     try {
-        g.store.DepartmentRs = g.store.Open().OpenRecordset("Department");
-    } catch (const dao::DaoError& trouble) {
-        TellDatabaseError(prompt, trouble);
-        return ProfileResult::Refused;
-    }
-    const std::string typed = profile.name;
-    profile.name = Trim(profile.name);
-    const bool adding = g.application.FormCommand == "Add";
-    try {
+        ReadDepartmentRows(g.store.Open()); // a table that cannot be read is told apart from a lock
+        occasion = Occasion::Saving;
+        const std::string typed = std::exchange(profile.name, Trim(profile.name));
+        const bool adding = g.application.FormCommand == "Add";
         if (!WriteProfile(g, profile, adding)) {
             TellNameInUse(prompt, typed);
             return ProfileResult::NameInUse;
         }
+        PutInForce(g.department, profile, adding);
+        return ProfileResult::Saved;
     } catch (const dao::DaoError& trouble) {
-        prompt.MousePointer(Pointer::Default);
-        prompt.MsgBox(
-            "Could not save this Department,\r\nthis page is locked by another user, try again..\r\n\r\n(" +
-                std::to_string(trouble.Number()) + ")",
-            box::Ok, "Locked page...");
+        TellTrouble(prompt, TroubleOf(occasion, trouble, "Department"));
         return ProfileResult::Refused;
     }
-    PutInForce(g.department, profile, adding);
-    return ProfileResult::Saved;
 }
 
-void DeleteDepartment(GlobalState& g) {
-    const std::string name = g.department.CurrentDepName;
-    const auto ofDepartment = [&](dao::Recordset& row) {
-        return row.Fields("Dep number").Long() == g.department.CurrentDepNumber;
-    };
-    bool found = false;
-    DeleteRows(g, "Department", [&](dao::Recordset& row) {
-        const bool first = !found && row.Fields("Department name").Text() == name;
-        found = found || first;
-        return first;
-    });
-    if (!found) FailGone();
-    const std::vector<std::int64_t> keys = DeleteEmployees(g);
+void DeleteDepartment(const GlobalState& g) {
+    dao::Database& database = g.store.Open();
+    const int number = g.department.CurrentDepNumber;
+    DeleteByName(database, g.department.CurrentDepName);
+    const std::vector<int> keys = DeleteEmployeeRows(database, number);
     // Only the first one's schedule goes; the rows of the others are cleared with the old weeks.
-    if (!keys.empty())
-        DeleteRows(g, "Day Schedule",
-                   [&](dao::Recordset& row) { return row.Fields("Employee").Long() == keys.front(); });
-    DeleteRows(g, "Day Types", ofDepartment);
-    DeleteRows(g, "Department day", ofDepartment);
+    if (!keys.empty()) DeleteDayRows(database, keys.front());
+    DeleteDayTypeRows(database, number);
+    DeleteDepartmentDayRows(database, number);
 }
 
 bool AskAndDeleteDepartment(GlobalState& g, Prompt& prompt) {

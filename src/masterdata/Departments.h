@@ -3,10 +3,12 @@
 
 #include "platform/ports/Ports.h"
 #include "shell/state/TVXGLOB.h"
+#include "store/rows/DepartmentRow.h"
 
 #include <array>
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace tvx {
 
@@ -31,7 +33,7 @@ struct DepartmentProfile {
 /// The profile to begin with, as `FormCommand` "Add" or "Change" says: the usual one, or that of the current
 /// department, found by its name. A cut-off that the list of times does not offer shows as the last one.
 /// Nothing, and its box is shown, when the table cannot be read or the department is gone.
-std::optional<DepartmentProfile> OpenProfile(GlobalState& g, Prompt& prompt);
+std::optional<DepartmentProfile> OpenProfile(const GlobalState& g, Prompt& prompt);
 
 enum class ProfileResult {
     Saved,
@@ -46,12 +48,12 @@ enum class ProfileResult {
 ProfileResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& profile);
 
 /// True when a department has this name but for case and outer blanks.
-bool CheckDepartmentNameInUse(dao::Recordset& departments, const std::string& name);
+bool CheckDepartmentNameInUse(const std::vector<DepartmentRow>& departments, const std::string& name);
 
 /// Deletes the current department with its employees, daytypes and days; of its people's schedule rows only
 /// those of the first one. Its side files stay. Throws DaoError; what was deleted before stays deleted, which
 /// is nothing when the department itself is gone (3021).
-void DeleteDepartment(GlobalState& g);
+void DeleteDepartment(const GlobalState& g);
 
 /// DeleteDepartment after its question. True when it was deleted.
 bool AskAndDeleteDepartment(GlobalState& g, Prompt& prompt);

@@ -5,6 +5,8 @@
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
+#include "store/Troubles.h"
+#include "store/rows/EmployeeRow.h"
 
 #include <algorithm>
 
@@ -18,80 +20,86 @@ int DefaultBarColor(const ApplicationState& application) {
     return static_cast<int>(RoundHalfToEven(Val(application.Settings[setting::BarColor])));
 }
 
-int ColorOf(const dao::Value& field, const ApplicationState& application) {
-    const std::int64_t color = dao::IsNull(field) ? DefaultBarColor(application) : dao::ToLong(field);
-    return color < 0 || color > GreatestBarColor ? 2 : static_cast<int>(color);
+int ColorOf(const std::optional<int>& stored, const ApplicationState& application) {
+    const int color = stored.value_or(DefaultBarColor(application));
+    return color < 0 || color > GreatestBarColor ? 2 : color;
 }
 
-int LaborOptionOf(std::int64_t code) {
-    const auto found = std::find(LaborCodes.begin(), LaborCodes.end(), static_cast<int>(code));
-    return found == LaborCodes.end() || code != *found ? -1 : static_cast<int>(found - LaborCodes.begin());
+int LaborOptionOf(int code) {
+    const auto found = std::find(LaborCodes.begin(), LaborCodes.end(), code);
+    return found == LaborCodes.end() ? -1 : static_cast<int>(found - LaborCodes.begin());
 }
 
-bool IsDateBox(int index) {
-    return index == box_of::HireDate || index == box_of::BirthDate;
+/// The members of the row whose texts stand in boxes as they are stored; nullptr for pay and the two dates.
+std::string EmployeeRow::*TextOfBox(int index) {
+    static constexpr std::array<std::string EmployeeRow::*, box_of::Last + 1> texts{
+        nullptr,
+        &EmployeeRow::lastName,
+        &EmployeeRow::firstName,
+        &EmployeeRow::id,
+        &EmployeeRow::assignment,
+        nullptr,
+        &EmployeeRow::street,
+        &EmployeeRow::city,
+        &EmployeeRow::state,
+        &EmployeeRow::zip,
+        nullptr,
+        nullptr,
+        &EmployeeRow::phone,
+        &EmployeeRow::emergencyPhone,
+        &EmployeeRow::cellPhone,
+        &EmployeeRow::socSecNumber,
+        &EmployeeRow::email,
+    };
+    return texts[static_cast<std::size_t>(index)];
 }
 
-std::string DateOf(const dao::Value& field, const GlobalState& g, const Region& region) {
-    if (dao::IsNull(field)) return "";
-    return DateText(static_cast<DaySerial>(Int(dao::ToDouble(field))), g.application.DateFormatSetting,
-                    region);
+std::string DateOf(const std::optional<DaySerial>& date, const GlobalState& g, const Region& region) {
+    return date ? DateText(*date, g.application.DateFormatSetting, region) : "";
 }
 
-void SeekEmployee(GlobalState& g, int key) {
-    dao::Recordset& rs = g.store.EmployeeRs;
-    rs = g.store.Open().OpenRecordset("Employee");
-    rs.Index("Seq");
-    rs.Seek({std::int64_t{key}});
-    if (rs.NoMatch()) throw dao::DaoError(dao::error::NoCurrentRecord, "No current record.");
-}
-
-void TakeTexts(EmployeeRecord& record, dao::Recordset& rs, const GlobalState& g, const Region& region) {
-    for (int i = 1; i <= box_of::Last; ++i) {
-        dao::Field field = rs.Fields(EmployeeBoxes()[i].field);
-        if (i == box_of::Pay)
-            record.Text2[i] = NormalizedPay(field.Text());
-        else if (IsDateBox(i))
-            record.Text2[i] = DateOf(field.Value(), g, region);
-        else
-            record.Text2[i] = field.Text();
-    }
-}
-
-dao::Value StoredText(const EmployeeRecord& record, int i, const Ports& ports) {
-    const std::string& text = record.Text2[i];
-    if (i == box_of::Pay) return text.empty() ? "0" : text;
-    if (i == box_of::Email) return text.empty() ? " " : text;
-    if (!IsDateBox(i)) return text;
-    const auto serial = DateValue(text, ports.region, ports.clock.Today());
-    return serial ? dao::Value(std::int64_t{*serial}) : dao::Value(dao::Null{});
-}
-
-void Fill(dao::Recordset& rs, const EmployeeRecord& record, const Ports& ports) {
+void ShowTexts(EmployeeRecord& record, const EmployeeRow& row, const GlobalState& g, const Region& region) {
     for (int i = 1; i <= box_of::Last; ++i)
-        rs.Fields(EmployeeBoxes()[i].field) = StoredText(record, i, ports);
-    rs.Fields("Wage or Sal") = record.hourly ? -1 : 0;
-    rs.Fields("Active") = record.active;
-    rs.Fields("Labor type") = LaborCodes[static_cast<std::size_t>(std::max(0, record.laborOption))];
-    rs.Fields("EbarColor") = record.barColor;
-    rs.Fields("Comments") = record.comments;
-    rs.Fields("Avail start") = EncodeStarts(record.absence);
-    rs.Fields("Avail stop") = EncodeStops(record.absence);
+        if (const auto text = TextOfBox(i)) record.Text2[i] = row.*text;
+    record.Text2[box_of::Pay] = NormalizedPay(row.pay);
+    record.Text2[box_of::HireDate] = DateOf(row.hireDate, g, region);
+    record.Text2[box_of::BirthDate] = DateOf(row.birthDate, g, region);
+}
+
+void TakeTexts(EmployeeRow& row, const EmployeeRecord& record, const Ports& ports) {
+    const auto dateIn = [&](int box) {
+        return DateValue(record.Text2[box], ports.region, ports.clock.Today());
+    };
+    for (int i = 1; i <= box_of::Last; ++i)
+        if (const auto text = TextOfBox(i)) row.*text = record.Text2[i];
+    row.pay = record.Text2[box_of::Pay].empty() ? "0" : record.Text2[box_of::Pay];
+    if (row.email.empty()) row.email = " ";
+    row.hireDate = dateIn(box_of::HireDate);
+    row.birthDate = dateIn(box_of::BirthDate);
+}
+
+EmployeeRow RowOf(const EmployeeRecord& record, const GlobalState& g, const Ports& ports) {
+    EmployeeRow row;
+    row.key = record.key;
+    row.depNumber = g.department.CurrentDepNumber;
+    TakeTexts(row, record, ports);
+    row.wageOrSal = record.hourly ? -1 : 0;
+    row.active = record.active;
+    row.laborType = LaborCodes[static_cast<std::size_t>(std::max(0, record.laborOption))];
+    row.barColor = record.barColor;
+    row.comments = record.comments;
+    row.availStart = EncodeStarts(record.absence);
+    row.availStop = EncodeStops(record.absence);
+    return row;
 }
 
 void WriteRecord(GlobalState& g, const EmployeeRecord& record, const Ports& ports) {
-    dao::Recordset& rs = g.store.EmployeeRs;
-    const bool adding = g.application.FormCommand == "Add";
-    if (adding) rs = g.store.Open().OpenRecordset("Employee");
+    const EmployeeRow row = RowOf(record, g, ports);
     dao::Transaction transaction(g.store.Open());
-    if (adding)
-        rs.AddNew();
+    if (g.application.FormCommand == "Add")
+        AddEmployeeRow(g.store.Open(), row);
     else
-        rs.Edit();
-    Fill(rs, record, ports);
-    if (adding) rs.Fields("Dep number") = g.department.CurrentDepNumber;
-    rs.Update();
-    if (adding) rs.MoveLast();
+        ChangeEmployeeRow(g.store.Open(), row);
     transaction.Commit();
 }
 
@@ -100,53 +108,49 @@ void WriteRecord(GlobalState& g, const EmployeeRecord& record, const Ports& port
 const std::array<EmployeeBox, box_of::Last + 1>& EmployeeBoxes() {
     static const std::array<EmployeeBox, box_of::Last + 1> boxes{{
         {},
-        {"Last name", 18, "Last name"},
-        {"First name", 9, "First name"},
-        {"I.D.", 6, "ID"},
-        {"Assignmt.", 7, "Assignment"},
-        {"Pay ", 7, "Pay"},
-        {"Street", 30, "Street"},
-        {"City", 20, "City"},
-        {"State", 3, "State"},
-        {"Zip", 10, "Zip"},
-        {"Hire date", 12, "Hire Date"},
-        {"Birth date", 12, "Birth date"},
-        {"Phone", 15, "Phone"},
-        {"Emerg. Phone", 15, "Emergency phone"},
-        {"Cell phone", 15, "Page/Cell phone"},
-        {"Soc. Sec. Nbr", 11, "Soc Sec number"},
-        {"Email", 40, "Email"},
+        {"Last name", 18},
+        {"First name", 9},
+        {"I.D.", 6},
+        {"Assignmt.", 7},
+        {"Pay ", 7},
+        {"Street", 30},
+        {"City", 20},
+        {"State", 3},
+        {"Zip", 10},
+        {"Hire date", 12},
+        {"Birth date", 12},
+        {"Phone", 15},
+        {"Emerg. Phone", 15},
+        {"Cell phone", 15},
+        {"Soc. Sec. Nbr", 11},
+        {"Email", 40},
     }};
     return boxes;
 }
 
 EmployeeRecord NewEmployeeRecord(const ApplicationState& application) {
     EmployeeRecord record;
-    record.barColor = ColorOf(dao::Null{}, application);
+    record.barColor = ColorOf(std::nullopt, application);
     return record;
 }
 
-EmployeeRecord LoadEmployeeRecord(GlobalState& g, const Region& region, int employeeKey) {
-    SeekEmployee(g, employeeKey);
-    dao::Recordset& rs = g.store.EmployeeRs;
+EmployeeRecord LoadEmployeeRecord(const GlobalState& g, const Region& region, int employeeKey) {
+    const std::optional<EmployeeRow> row = FindEmployeeRow(g.store.Open(), employeeKey);
+    if (!row) throw dao::DaoError(dao::error::NoCurrentRecord, "No current record.");
     EmployeeRecord record;
-    TakeTexts(record, rs, g, region);
-    record.comments = rs.Fields("Comments").Text();
-    record.hourly = rs.Fields("Wage or Sal").Flag();
-    record.active = rs.Fields("Active").Flag();
-    record.laborOption = LaborOptionOf(rs.Fields("Labor type").Long());
-    record.barColor = ColorOf(rs.Fields("EbarColor").Value(), g.application);
-    record.absence = DecodeAbsence(rs.Fields("Avail start").Text(), rs.Fields("Avail stop").Text());
+    record.key = row->key;
+    ShowTexts(record, *row, g, region);
+    record.comments = row->comments;
+    record.hourly = row->wageOrSal != 0;
+    record.active = row->active;
+    record.laborOption = LaborOptionOf(row->laborType);
+    record.barColor = ColorOf(row->barColor, g.application);
+    record.absence = DecodeAbsence(row->availStart, row->availStop);
     return record;
 }
 
-std::vector<int> EmployeeKeys(GlobalState& g) {
-    dao::Recordset rs = g.store.Open().OpenRecordset("SELECT Employee FROM Employee  WHERE [Dep number] = " +
-                                                     std::to_string(g.department.CurrentDepNumber) +
-                                                     " ORDER BY [Last name] ASC;");
-    std::vector<int> keys;
-    for (; !rs.AtEnd(); rs.MoveNext()) keys.push_back(static_cast<int>(rs.Fields(std::size_t{0}).Long()));
-    return keys;
+std::vector<int> EmployeeKeys(const GlobalState& g) {
+    return ReadEmployeeKeys(g.store.Open(), g.department.CurrentDepNumber);
 }
 
 EmployeeResult SaveEmployeeRecord(GlobalState& g, Ports& ports, const EmployeeRecord& record) {
@@ -158,11 +162,7 @@ EmployeeResult SaveEmployeeRecord(GlobalState& g, Ports& ports, const EmployeeRe
     try {
         WriteRecord(g, record, ports);
     } catch (const dao::DaoError& trouble) {
-        ports.prompt.MousePointer(Pointer::Default);
-        ports.prompt.MsgBox("Could not save this " + g.department.EmployeeNameSingle +
-                                ",\r\nthis page is locked by another user, try again..\r\n\r\n(" +
-                                std::to_string(trouble.Number()) + ")",
-                            box::Ok, "Locked page...");
+        TellTrouble(ports.prompt, TroubleOf(Occasion::Saving, trouble, g.department.EmployeeNameSingle));
         return EmployeeResult::Refused;
     }
     return EmployeeResult::Saved;

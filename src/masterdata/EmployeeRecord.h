@@ -32,17 +32,17 @@ constexpr int Email = 16;
 constexpr int Last = 16;
 } // namespace box_of
 
-/// What a box is called, how much it takes, and where it is stored.
+/// What a box is called, and how much it takes.
 struct EmployeeBox {
     const char* label = "";
     int maxLength = 0; // characters that can be typed
-    const char* field = "";
 };
 /// [1..16]
 const std::array<EmployeeBox, box_of::Last + 1>& EmployeeBoxes();
 
 /// What the screen holds.
 struct EmployeeRecord {
+    int key = 0;                                     // of the stored record; 0 for a new one
     std::array<std::string, box_of::Last + 1> Text2; // [1..16]
     std::string comments;
     bool hourly = true;
@@ -57,12 +57,11 @@ struct EmployeeRecord {
 /// An empty record with the options' bar colour.
 EmployeeRecord NewEmployeeRecord(const ApplicationState& application);
 
-/// The stored record of an employee; `EmployeeRs` stands on it afterwards. Throws DaoError; 3021 when it is
-/// gone.
-EmployeeRecord LoadEmployeeRecord(GlobalState& g, const Region& region, int employeeKey);
+/// The stored record of an employee. Throws DaoError; 3021 when it is gone.
+EmployeeRecord LoadEmployeeRecord(const GlobalState& g, const Region& region, int employeeKey);
 
 /// Keys of the whole department in the order of last names, inactive people included. Throws DaoError.
-std::vector<int> EmployeeKeys(GlobalState& g);
+std::vector<int> EmployeeKeys(const GlobalState& g);
 
 enum class EmployeeResult {
     Saved,
@@ -70,8 +69,8 @@ enum class EmployeeResult {
     Refused,     // the store refused, told; what was typed is still there
 };
 
-/// Adds the record to the current department ("Add"), or writes it to the record that `EmployeeRs` stands on
-/// ("Change", "Move"), in one transaction, with the boxes of any refusal.
+/// Adds the record to the current department ("Add"), or writes it to the stored record of its key ("Change",
+/// "Move"), in one transaction, with the boxes of any refusal.
 EmployeeResult SaveEmployeeRecord(GlobalState& g, Ports& ports, const EmployeeRecord& record);
 
 /// The key rule of a box: 0 drops the key. The double quote is dropped everywhere; pay takes digits, one

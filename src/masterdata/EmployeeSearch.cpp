@@ -1,7 +1,8 @@
 #include "masterdata/EmployeeSearch.h"
 
 #include "platform/basic/Text.h"
-#include "platform/dao/DaoError.h"
+#include "store/rows/DayRow.h"
+#include "store/rows/EmployeeRow.h"
 
 #include <algorithm>
 
@@ -11,27 +12,12 @@ namespace {
 constexpr Twips NarrowestName = 1500;
 constexpr Twips WidestName = 1750;
 
-std::string Question(dao::Recordset& rs, const std::string& plural) {
+std::string Question(const EmployeeRow& row, const std::string& plural) {
     const std::string gap = "\r\n\r\n";
-    return "Deleting:  " + rs.Fields("First name").Text() + " " + rs.Fields("Last name").Text() + " - " +
-           rs.Fields("ID").Text() + " - " + rs.Fields("Assignment").Text() + gap + "Are you sure?" + gap +
-           "Note!\r\nDeleted " + plural +
+    return "Deleting:  " + row.firstName + " " + row.lastName + " - " + row.id + " - " + row.assignment +
+           gap + "Are you sure?" + gap + "Note!\r\nDeleted " + plural +
            " will not be\r\npart of any statistics or history...\r\nIf you mark them as Inactive,\r\nthey "
            "will be.";
-}
-
-/// Deletes the schedule rows whose first key equals the employee's number. The first key is a day, so that
-/// rows of the employee are not among them: they stay.
-void DeleteDaysOf(GlobalState& g, std::int64_t key) {
-    dao::Recordset rows = g.store.Open().OpenRecordset("Day schedule");
-    rows.Index("Day and Employee");
-    if (rows.BOF() && rows.AtEnd()) return;
-    rows.MoveFirst();
-    rows.Seek({key});
-    while (!rows.NoMatch() && !rows.AtEnd()) {
-        rows.Delete();
-        rows.Seek({key});
-    }
 }
 
 } // namespace
@@ -54,23 +40,18 @@ std::string FitToNameColumn(const std::string& name,
     return fitted;
 }
 
-std::vector<FoundEmployee> FindEmployees(GlobalState& g,
+std::vector<FoundEmployee> FindEmployees(const GlobalState& g,
                                          const std::function<Twips(const std::string&)>& widthOf) {
-    g.store.EmployeeRs = g.store.Open().OpenRecordset(
-        "SELECT * FROM Employee  WHERE [Dep number] = " + std::to_string(g.department.CurrentDepNumber) +
-        " ORDER BY [Last name] ASC;");
-    std::vector<FoundEmployee> rows;
-    dao::Recordset& rs = g.store.EmployeeRs;
-    for (; !rs.AtEnd(); rs.MoveNext()) {
-        FoundEmployee row;
-        row.name = FitToNameColumn(rs.Fields(std::size_t{0}).Text() + " " + rs.Fields(1).Text(), widthOf);
-        row.id = rs.Fields(2).Text();
-        row.assignment = rs.Fields(3).Text();
-        row.key = static_cast<int>(rs.Fields(7).Long());
-        row.folded = UpperCase(row.Text());
-        rows.push_back(std::move(row));
+    std::vector<FoundEmployee> found;
+    for (const EmployeeRow& row : ReadEmployeeRows(g.store.Open(), g.department.CurrentDepNumber)) {
+        FoundEmployee& employee = found.emplace_back();
+        employee.name = FitToNameColumn(row.lastName + " " + row.firstName, widthOf);
+        employee.id = row.id;
+        employee.assignment = row.assignment;
+        employee.key = row.key;
+        employee.folded = UpperCase(employee.Text());
     }
-    return rows;
+    return found;
 }
 
 int FirstMatch(const std::vector<FoundEmployee>& rows, const std::string& typed) {
@@ -87,16 +68,15 @@ std::string SearchTitle(const GlobalState& g) {
     return verb + " " + g.department.EmployeeNameSingle;
 }
 
-bool AskAndDeleteEmployee(GlobalState& g, Prompt& prompt, int employeeKey) {
-    dao::Recordset& rs = g.store.EmployeeRs;
-    rs = g.store.Open().OpenRecordset("Employee");
-    rs.Index("Seq");
-    rs.Seek({std::int64_t{employeeKey}});
-    if (rs.NoMatch()) return false; // another workstation was faster
-    const std::string question = Question(rs, g.department.EmployeeNamePlural);
+bool AskAndDeleteEmployee(const GlobalState& g, Prompt& prompt, int employeeKey) {
+    dao::Database& database = g.store.Open();
+    const std::optional<EmployeeRow> row = FindEmployeeRow(database, employeeKey);
+    if (!row) return false; // another workstation was faster
+    const std::string question = Question(*row, g.department.EmployeeNamePlural);
     if (prompt.MsgBox(question, box::YesNo + box::Stop, "Employee delete") != Answer::Yes) return false;
-    rs.Delete();
-    DeleteDaysOf(g, employeeKey);
+    DeleteEmployeeRow(database, employeeKey);
+    // The schedule's first key is a day, so that rows of the employee are not among these: they stay.
+    DeleteDayRowsOfDay(database, employeeKey);
     return true;
 }
 

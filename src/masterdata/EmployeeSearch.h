@@ -25,7 +25,7 @@ struct FoundEmployee {
 
 /// The people of the current department in the order of last names, inactive ones included. `widthOf`
 /// measures a text in the list's font, in twips. Throws DaoError.
-std::vector<FoundEmployee> FindEmployees(GlobalState& g,
+std::vector<FoundEmployee> FindEmployees(const GlobalState& g,
                                          const std::function<Twips(const std::string&)>& widthOf);
 
 /// A text padded with blanks to at least 1500 twips, then cut by single characters until it is under 1750.
@@ -39,6 +39,6 @@ std::string SearchTitle(const GlobalState& g);
 
 /// Asks, and deletes the employee's record. The schedule rows stay, and no report sees them any more. True
 /// when it was deleted. Throws DaoError.
-bool AskAndDeleteEmployee(GlobalState& g, Prompt& prompt, int employeeKey);
+bool AskAndDeleteEmployee(const GlobalState& g, Prompt& prompt, int employeeKey);
 
 } // namespace tvx

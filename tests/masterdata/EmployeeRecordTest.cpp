@@ -1,5 +1,6 @@
 #include "masterdata/EmployeeRecord.h"
 
+#include "editor/week/RosterBuilder.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
 #include "support/OtherWorkstation.h"
@@ -274,8 +275,9 @@ TEST_F(EmployeeRecordTest, a_new_one_is_hourly_active_and_of_the_options_colour)
 }
 
 TEST_F(EmployeeRecordTest, every_field_is_stored_and_comes_back) {
-    const EmployeeRecord record = FullRecord();
+    EmployeeRecord record = FullRecord();
     ASSERT_EQ(Save("Add", record), EmployeeResult::Saved);
+    record.key = 3;
     EXPECT_EQ(Load(3), record);
     EXPECT_EQ(RowsOf(store.db(), "Employee",
                      {"Last name",
@@ -453,11 +455,10 @@ TEST_F(EmployeeRecordTest, an_untouched_one_is_stored_as_it_was) {
 
 TEST_F(EmployeeRecordTest, longer_texts_of_another_program_stay_while_nobody_touches_them) {
     const std::string wide(60, 'w');
-    for (int i = 1; i <= box_of::Last; ++i) {
-        const std::string field = EmployeeBoxes()[i].field;
-        if (i == box_of::Pay || i == box_of::HireDate || i == box_of::BirthDate) continue;
+    for (const std::string field :
+         {"Last name", "First name", "ID", "Assignment", "Street", "City", "State", "Zip", "Phone",
+          "Emergency phone", "Page/Cell phone", "Soc Sec number", "Email"})
         test::RunAsAnotherProgram(store.db(), "UPDATE Employee SET [" + field + "] = '" + wide + "'");
-    }
     EmployeeRecord record = Load(adams);
     record.comments = "only this";
     EXPECT_EQ(Save("Change", record), EmployeeResult::Saved);
@@ -494,6 +495,19 @@ TEST_F(EmployeeRecordTest, texts_in_any_script_come_back) {
     EXPECT_EQ(again.Text2[box_of::City], "北京");
     EXPECT_EQ(again.Text2[box_of::Street], "O'Brien's [Lane]; DROP TABLE");
     EXPECT_EQ(again.comments, "👩‍🍳 bakes");
+}
+
+TEST_F(EmployeeRecordTest, its_loading_and_saving_leaves_the_people_of_the_roster_to_the_roster) {
+    store.OpenEditor();
+    store.AddDepartment("Stores");
+    store.AddEmployee({"Aardvark"});
+    g.department.CurrentDepNumber = 1;
+    g.department.EditorOrder = 0; // of no meaning: the people of the last roster stay
+    EXPECT_EQ(EmployeeKeys(g).size(), 2U);
+    ASSERT_EQ(Save("Change", Load(adams)), EmployeeResult::Saved);
+    ASSERT_EQ(Save("Add", Named("Clark")), EmployeeResult::Saved);
+    ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
+    EXPECT_EQ(g.roster.RosterName1, (std::vector<std::string>{"", "Adams", "Brown"}));
 }
 
 // ---- two workstations ----

@@ -1,5 +1,6 @@
 #include "masterdata/EmployeeSearch.h"
 
+#include "editor/week/RosterBuilder.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "support/OtherWorkstation.h"
@@ -72,6 +73,16 @@ TEST_F(EmployeeSearchTest, takes_missing_fields_for_empty_texts) {
 TEST_F(EmployeeSearchTest, is_empty_where_nobody_is) {
     store.AddDepartment("Empty");
     EXPECT_TRUE(Find().empty());
+}
+
+TEST_F(EmployeeSearchTest, leaves_the_people_of_the_roster_to_the_roster) {
+    store.OpenEditor();
+    g.department.EditorOrder = 0; // of no meaning: the people of the last roster stay
+    EXPECT_EQ(Find().size(), 3U);
+    store.prompt().WillAnswer(Answer::No);
+    EXPECT_FALSE(Delete(1));
+    ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
+    EXPECT_EQ(g.roster.RosterName1, (std::vector<std::string>{"", "adams", "Brown"}));
 }
 
 TEST(FitToNameColumn, pads_to_1500_twips) {

@@ -64,6 +64,7 @@ void EmployeeForm::LoadRecord() {
 
 void EmployeeForm::ShowRecord(const EmployeeRecord& record) {
     loading_ = true;
+    key_ = record.key;
     for (const auto& [index, box] : Text2) box->SetText(record.Text2[index]);
     Text1->setPlainText(ToQString(record.comments));
     Option3D1[record.active ? 1 : 2].setChecked(true);
@@ -83,6 +84,7 @@ void EmployeeForm::ShowRecord(const EmployeeRecord& record) {
 
 EmployeeRecord EmployeeForm::Record() const {
     EmployeeRecord record;
+    record.key = key_;
     for (const auto& [index, box] : Text2) record.Text2[index] = box->Text();
     record.comments = FromQString(Text1->toPlainText());
     record.active = Option3D1[1].isChecked();

@@ -83,6 +83,7 @@ class EmployeeForm : public Form {
     AvailabilityGrid grid_;
     std::vector<int> employeeKeys_; // of the whole department, by last name
     int position_ = 0;              // index into employeeKeys_
+    int key_ = 0;                   // of the record shown; 0 for a new one
     int currentBarColor_ = 2;
     int highlightedDay_ = 0;
     Twips markerX_ = -1;
