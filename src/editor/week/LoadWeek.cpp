@@ -7,6 +7,7 @@
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
 #include "shell/common/TVXMOD1.h"
+#include "store/rows/DepartmentDayRow.h"
 
 namespace tvx {
 namespace {
@@ -48,7 +49,7 @@ void TakeEmployee(GlobalState& g, int e, const std::array<StoredDay, DaysInSpan 
         if (!day.found) continue;
         if (d < DaysInSpan) scheduled = true; // a row on day 8 alone belongs to the next week
         week.DayTypeText[d][e] = UpperCase(day.dayType);
-        week.DayOffFlag[d][e] = day.vacation && !dropDaysOff;
+        week.DayOffFlag[d][e] = day.vacationDay && !dropDaysOff;
         PaintStoredDay(week, d, day.startsStops);
     }
     if (!scheduled) return;
@@ -57,28 +58,27 @@ void TakeEmployee(GlobalState& g, int e, const std::array<StoredDay, DaysInSpan 
     AddEmployeeToTotals(g, e, 1);
 }
 
-void TakeFigures(GlobalState& g, dao::Recordset& rs, int d) {
+void TakeFigures(GlobalState& g, const DepartmentDayRow& row) {
     Week& week = g.week;
-    week.DailySales[d] = rs.Fields("Sales").Double();
-    week.DailyTransactions[d] = rs.Fields("Transactions").Double();
-    if (week.DailySales[d] > 0) {
-        g.totals.SalesTotal += week.DailySales[d];
+    const int d = row.day - week.WeekStartJulian + 1;
+    week.DailySales[d] = row.sales;
+    week.DailyTransactions[d] = row.transactions;
+    if (row.sales > 0) {
+        g.totals.SalesTotal += row.sales;
         ++g.totals.SalesDays;
     }
-    if (week.DailyTransactions[d] > 0) g.totals.TransactionsTotal += week.DailyTransactions[d];
-    if (week.DailySales[d] > 0 || week.DailyTransactions[d] > 0) week.HasDepartmentFigures = true;
-    week.DayMemoText[d] = rs.Fields("Remarks").Text();
-    week.DayMemoFlag[d] = !Trim(week.DayMemoText[d]).empty();
+    if (row.transactions > 0) g.totals.TransactionsTotal += row.transactions;
+    if (row.sales > 0 || row.transactions > 0) week.HasDepartmentFigures = true;
+    week.DayMemoText[d] = row.remarks;
+    week.DayMemoFlag[d] = !Trim(row.remarks).empty();
 }
 
 void ReadFigures(GlobalState& g) {
-    dao::Recordset& rs = g.store.DepartmentDayRs;
-    rs = g.store.Open().OpenRecordset("Department day");
-    rs.Index("Day and Dep");
-    for (int d = 1; d <= 7; ++d) {
-        rs.Seek({std::int64_t{g.week.WeekStartJulian + d - 1}, std::int64_t{g.department.CurrentDepNumber}});
-        if (!rs.NoMatch() && !g.roster.AllDepartmentsMode) TakeFigures(g, rs, d);
-    }
+    if (g.roster.AllDepartmentsMode) return;
+    const DaySerial first = g.week.WeekStartJulian;
+    for (const DepartmentDayRow& row :
+         ReadDepartmentDayRows(g.store.Open(), g.department.CurrentDepNumber, first, first + 6))
+        TakeFigures(g, row);
 }
 
 } // namespace

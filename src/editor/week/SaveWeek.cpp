@@ -6,6 +6,7 @@
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
 #include "shell/common/TVXMOD1.h"
+#include "store/Troubles.h"
 
 namespace tvx {
 namespace {
@@ -14,167 +15,95 @@ constexpr std::size_t WidestSymbol = 2;
 const std::string TwoBlanks(WidestSymbol, ' ');
 const std::string EmptyText(StartsStopsLength, ' ');
 
-/// What a row of one employee and day is to hold.
-struct WantedDay {
-    std::string dayType;
-    std::string startsStops;
-    double workHours = 0;
-    bool empty = true;
-};
-
-WantedDay WantedOf(const Week& week, int e, int d) {
+/// What the row of one employee and day is to hold; its rate is not yet told.
+DayRow WantedOf(const Roster& roster, const Week& week, int e, int d) {
     int quarters = 0;
-    WantedDay wanted;
+    DayRow wanted;
+    wanted.day = week.WeekStartJulian + d - 1;
+    wanted.employee = roster.RosterEmployeeKey[e];
     wanted.dayType = week.DayTypeText[d][e];
     wanted.startsStops = StartsStopsOf(week, e, d, quarters);
     wanted.workHours = HoursOfQuarters(quarters);
-    wanted.empty = wanted.dayType <= TwoBlanks && wanted.startsStops <= EmptyText;
     return wanted;
 }
 
-/// Writes the rows of one week through the table's recordset.
-class DayWriter {
-  public:
-    DayWriter(dao::Recordset& rows, const Roster& roster, const Week& week)
-        : rows_(rows), roster_(roster), week_(week) {}
+bool IsEmpty(const DayRow& wanted) {
+    return wanted.dayType <= TwoBlanks && wanted.startsStops <= EmptyText;
+}
 
-    void Write(int e, int d, const StoredDay& stored) {
-        WantedDay wanted = WantedOf(week_, e, d);
-        KeepWideSymbol(wanted, stored);
-        if (!stored.found) {
-            if (!wanted.empty) Add(e, d, wanted);
-        } else if (stored.vacation || !wanted.empty) {
-            if (stored.vacation) ClearForDayOff(wanted);
-            Change(e, d, stored, wanted);
-        } else {
-            Seek(e, d);
-            rows_.Delete();
-        }
-    }
+/// A symbol that some other program wrote, wider than its field, stays as it stands: its capitals, as the
+/// week in memory has them, would be refused, and the whole week with them.
+void KeepWideSymbol(DayRow& wanted, const DayRow& stored) {
+    if (CharacterCount(stored.dayType) > WidestSymbol && UpperCase(stored.dayType) == wanted.dayType)
+        wanted.dayType = stored.dayType;
+}
 
-  private:
-    /// A symbol that some other program wrote, wider than its field, stays as it stands: its capitals, as the
-    /// week in memory has them, would be refused, and the whole week with them.
-    static void KeepWideSymbol(WantedDay& wanted, const StoredDay& stored) {
-        if (CharacterCount(stored.dayType) > WidestSymbol && UpperCase(stored.dayType) == wanted.dayType)
-            wanted.dayType = stored.dayType;
-    }
+/// The pay in force when the day is first saved stays with it.
+void FreezeRate(DayRow& wanted, const Roster& roster, int e) {
+    const bool hourly = roster.IsPaidByHour(e);
+    const double pay = roster.RosterPay[e].Amount();
+    wanted.currentRate = hourly ? pay : pay / 7;
+    wanted.salary = hourly ? "W" : "S";
+}
 
-    /// A day off never stores working time; its hours are written all the same.
-    static void ClearForDayOff(WantedDay& wanted) {
+/// Takes over what a save leaves alone. A day off never stores working time; its hours are written all the
+/// same.
+void KeepStored(DayRow& wanted, const StoredDay& stored, const Roster& roster, int e) {
+    wanted.vacationDay = stored.vacationDay;
+    if (stored.vacationDay) {
         wanted.dayType.clear();
         wanted.startsStops = EmptyText;
     }
+    wanted.currentRate = stored.currentRate;
+    wanted.salary = stored.salary;
+    if (!stored.HasRate()) FreezeRate(wanted, roster, e);
+}
 
-    void Seek(int e, int d) {
-        rows_.Seek({std::int64_t{week_.WeekStartJulian + d - 1}, std::int64_t{roster_.RosterEmployeeKey[e]}});
+void WriteDay(DayTable& table, const Roster& roster, int e, DayRow wanted, const StoredDay& stored) {
+    KeepWideSymbol(wanted, stored);
+    const bool empty = IsEmpty(wanted);
+    if (!stored.found) {
+        if (empty) return;
+        FreezeRate(wanted, roster, e);
+        table.Add(wanted);
+    } else if (stored.vacationDay || !empty) {
+        KeepStored(wanted, stored, roster, e);
+        if (wanted != stored) table.Change(wanted);
+    } else {
+        table.Delete(wanted.day, wanted.employee);
     }
+}
 
-    void Add(int e, int d, const WantedDay& wanted) {
-        rows_.AddNew();
-        rows_.Fields(DayJulian) = week_.WeekStartJulian + d - 1;
-        rows_.Fields(Employee) = roster_.RosterEmployeeKey[e];
-        rows_.Fields(VacationDay) = false;
-        Set(wanted);
-        FreezeRate(e);
-        rows_.Update();
-    }
-
-    void Change(int e, int d, const StoredDay& stored, const WantedDay& wanted) {
-        const bool same = stored.rateFrozen && stored.dayType == wanted.dayType &&
-                          stored.startsStops == wanted.startsStops && stored.workHours == wanted.workHours;
-        if (same) return;
-        Seek(e, d);
-        rows_.Edit();
-        Set(wanted);
-        if (!stored.rateFrozen) FreezeRate(e);
-        rows_.Update();
-    }
-
-    void Set(const WantedDay& wanted) {
-        rows_.Fields(DayType) = wanted.dayType;
-        rows_.Fields(StartsStops) = wanted.startsStops;
-        rows_.Fields(WorkHours) = wanted.workHours;
-    }
-
-    /// The pay in force when the day is first saved stays with it.
-    void FreezeRate(int e) {
-        const bool hourly = roster_.IsPaidByHour(e);
-        const double pay = roster_.RosterPay[e].Amount();
-        rows_.Fields(CurrentRate) = hourly ? pay : pay / 7;
-        rows_.Fields(Salary) = hourly ? "W" : "S";
-    }
-
-    // Positions of the fields in the table, looked up once.
-    std::size_t Position(const char* name) const { return rows_.PositionOf(name); }
-
-    dao::Recordset& rows_;
-    const Roster& roster_;
-    const Week& week_;
-    const std::size_t DayJulian = Position("Day Julian");
-    const std::size_t Employee = Position("Employee");
-    const std::size_t DayType = Position("DayType");
-    const std::size_t StartsStops = Position("Starts & Stops");
-    const std::size_t WorkHours = Position("Work hours");
-    const std::size_t CurrentRate = Position("Current Rate");
-    const std::size_t Salary = Position("Salary");
-    const std::size_t VacationDay = Position("Vacation day");
-};
-
-void WriteRows(dao::Database& database, dao::Recordset& rows, const Roster& roster, const Week& week) {
+void WriteRows(dao::Database& database, DayTable& table, const Roster& roster, const Week& week) {
     dao::Transaction transaction(database);
     const StoredWeek stored = ReadStoredWeek(database, roster, week.WeekStartJulian);
-    DayWriter writer(rows, roster, week);
     for (int row = 1; row <= roster.EmployeeCount; ++row) {
         const int e = roster.EmployeeRowIndex[row];
-        for (int d = 1; d <= DaysInSpan; ++d) writer.Write(e, d, stored[e][d]);
+        for (int d = 1; d <= DaysInSpan; ++d)
+            WriteDay(table, roster, e, WantedOf(roster, week, e, d), stored[e][d]);
     }
     transaction.Commit();
 }
 
-dao::Recordset OpenDaySchedule(dao::Database& database) {
-    dao::Recordset rows = database.OpenRecordset("DAY SCHEDULE");
-    rows.Index("Day and Employee");
-    return rows;
-}
-
-void TellDatabaseError(Prompt& prompt, const dao::DaoError& trouble) {
-    prompt.MsgBox("Database error, try again..\r\n\r\n" + std::to_string(trouble.Number()) + " " +
-                      trouble.what(),
-                  box::Ok, "Database error...");
-}
-
-void TellLockedPage(Prompt& prompt, const dao::DaoError& trouble) {
-    prompt.MsgBox(
-        "Could not save this schedule,\r\nthis page is locked by another user, try again..\r\n\r\n(" +
-            std::to_string(trouble.Number()) + ")",
-        box::Ok, "Locked page...");
-}
-
 bool TryToWrite(GlobalState& g, Ports& ports) {
     const Hourglass hourglass(ports.prompt);
+    Occasion occasion = Occasion::BeginningSave;
     try {
-        g.store.DayScheduleRs = OpenDaySchedule(g.store.Open());
+        DayTable table(g.store.Open());
+        occasion = Occasion::Saving;
+        WriteRows(g.store.Open(), table, g.roster, g.week);
+        return true;
     } catch (const dao::DaoError& trouble) {
-        ports.prompt.MousePointer(Pointer::Default);
-        TellDatabaseError(ports.prompt, trouble);
+        TellTrouble(ports.prompt, TroubleOf(occasion, trouble, "schedule"));
         return false;
     }
-    try {
-        WriteRows(g.store.Open(), g.store.DayScheduleRs, g.roster, g.week);
-    } catch (const dao::DaoError& trouble) {
-        ports.prompt.MousePointer(Pointer::Default);
-        TellLockedPage(ports.prompt, trouble);
-        return false;
-    }
-    return true;
 }
 
 } // namespace
 
 void WriteWeek(dao::Database& database, const Roster& roster, const Week& week) {
-    dao::Recordset rows = OpenDaySchedule(database);
-    WriteRows(database, rows, roster, week);
+    DayTable table(database);
+    WriteRows(database, table, roster, week);
 }
 
 bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle) {

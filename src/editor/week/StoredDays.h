@@ -3,6 +3,8 @@
 
 #include "platform/dao/Database.h"
 #include "shell/state/Week.h"
+#include "store/rows/DayRow.h"
+#include "store/rows/Periods.h"
 
 #include <array>
 #include <string>
@@ -11,24 +13,15 @@
 
 namespace tvx {
 
-constexpr std::size_t PeriodsPerDay = 7;
-constexpr std::size_t StartsStopsLength = 2 * PeriodsPerDay;
-
-/// One row, or none.
-struct StoredDay {
+/// One row, or none: then it is empty.
+struct StoredDay : DayRow {
     bool found = false;
-    bool vacation = false;
-    bool rateFrozen = false; // the rate of the day stands in the row
-    double workHours = 0;
-    std::string dayType;
-    std::string startsStops; // bytes; "" when Null
 };
 
 /// [employee][day 1..8]
 using StoredWeek = std::vector<std::array<StoredDay, DaysInSpan + 1>>;
 
-/// Reads the eight days from `firstSerial` on for everybody of the roster, in one read transaction: by one
-/// scan of the days when the roster is a good part of the file's people, else row by row. Throws DaoError.
+/// Reads the eight days from `firstSerial` on for everybody of the roster. Throws DaoError.
 StoredWeek ReadStoredWeek(const dao::Database& database, const Roster& roster, DaySerial firstSerial);
 
 /// Marks the periods of a day's stored text in the string of quarters. Day 1 to 8. A text shorter than 14

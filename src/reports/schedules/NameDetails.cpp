@@ -16,22 +16,19 @@ std::string NameDetails::Of(int e) {
     case Id:
         return roster_.RosterId[e];
     case Phone:
-        return FieldOf(e, "Phone");
+        return StoredText(e, &EmployeeRow::phone);
     case SocSec:
-        return FieldOf(e, "Soc Sec number");
+        return StoredText(e, &EmployeeRow::socSecNumber);
     default:
         return "";
     }
 }
 
-std::string NameDetails::FieldOf(int e, const char* field) {
+std::string NameDetails::StoredText(int e, std::string EmployeeRow::*text) {
     try {
-        if (!employees_.IsOpen()) {
-            employees_ = store_.Open().OpenRecordset("Employee");
-            employees_.Index("Seq");
-        }
-        employees_.Seek({std::int64_t{roster_.RosterEmployeeKey[e]}});
-        return employees_.NoMatch() ? "" : employees_.Fields(field).Text();
+        if (!employees_) employees_.emplace(store_.Open());
+        const auto row = employees_->Find(roster_.RosterEmployeeKey[e]);
+        return row ? (*row).*text : "";
     } catch (const dao::DaoError&) {
         return "";
     }

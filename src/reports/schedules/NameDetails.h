@@ -3,7 +3,9 @@
 
 #include "shell/state/Roster.h"
 #include "shell/state/Store.h"
+#include "store/rows/EmployeeRow.h"
 
+#include <optional>
 #include <string>
 
 namespace tvx {
@@ -11,19 +13,19 @@ namespace tvx {
 /// Looks details up for one run. A record or a file that cannot be read gives "": the report goes on without.
 class NameDetails {
   public:
-    NameDetails(Store& store, const Roster& roster, int nameOption)
+    NameDetails(const Store& store, const Roster& roster, int nameOption)
         : store_(store), roster_(roster), nameOption_(nameOption) {}
 
     /// By the option: nothing, assignment, ID, phone or social security number.
     std::string Of(int employee);
 
   private:
-    std::string FieldOf(int employee, const char* field);
+    std::string StoredText(int employee, std::string EmployeeRow::*text);
 
-    Store& store_;
+    const Store& store_;
     const Roster& roster_;
     int nameOption_;
-    dao::Recordset employees_; // of the run alone; opened with the first look
+    std::optional<EmployeeTable> employees_; // opened with the first look
 };
 
 } // namespace tvx

@@ -1,4 +1,4 @@
-// The open database and the recordsets that the screens hand to each other.
+// The open database and the one recordset that outlives a call.
 #pragma once
 
 #include "platform/dao/DaoError.h"
@@ -12,12 +12,7 @@ namespace tvx {
 struct Store {
     dao::Engine Engine;
     std::unique_ptr<dao::Database> Db; // nullptr while no database is open; only who opens and closes asks it
-    dao::Recordset ApplicationRs;
-    dao::Recordset DepartmentRs;
-    dao::Recordset EmployeeRs;
-    dao::Recordset DayScheduleRs;
-    dao::Recordset DepartmentDayRs;
-    dao::Recordset DayTypesRs;
+    dao::Recordset EmployeeRs;         // the roster's query; a listing order of no meaning reads it again
 
     /// The open database. Throws DaoError 3420 while none is open.
     dao::Database& Open() const {

@@ -115,8 +115,24 @@ std::vector<int> ReadEmployeeKeys(dao::Database& database, int departmentNumber)
 }
 
 std::optional<EmployeeRow> FindEmployeeRow(dao::Database& database, int key) {
-    dao::Recordset set = Seek(database, key);
-    return rows::Found<AllFields>(set);
+    return EmployeeTable(database).Find(key);
+}
+
+struct EmployeeTable::Opened {
+    dao::Recordset set;
+    rows::Record<AllFields> all{set};
+};
+
+EmployeeTable::EmployeeTable(dao::Database& database)
+    : opened_(new Opened{rows::OpenTable(database, Table, Key)}) {}
+EmployeeTable::~EmployeeTable() = default;
+EmployeeTable::EmployeeTable(EmployeeTable&& other) noexcept = default;
+EmployeeTable& EmployeeTable::operator=(EmployeeTable&& other) noexcept = default;
+
+std::optional<EmployeeRow> EmployeeTable::Find(int key) {
+    opened_->set.Seek({std::int64_t{key}});
+    if (opened_->set.NoMatch()) return std::nullopt;
+    return opened_->all.Read();
 }
 
 std::int64_t CountEmployees(const dao::Database& database) {

@@ -4,6 +4,7 @@
 #include "platform/basic/Date.h"
 #include "store/rows/Query.h"
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -51,6 +52,22 @@ std::vector<EmployeeRow> ReadEmployeeRows(dao::Recordset& employees);
 std::vector<EmployeeRow> ReadEmployeeRows(dao::Database& database, int departmentNumber);
 std::vector<int> ReadEmployeeKeys(dao::Database& database, int departmentNumber);
 std::optional<EmployeeRow> FindEmployeeRow(dao::Database& database, int key);
+
+/// The table, open for many lookups.
+class EmployeeTable {
+  public:
+    explicit EmployeeTable(dao::Database& database);
+    ~EmployeeTable();
+    EmployeeTable(EmployeeTable&& other) noexcept;
+    EmployeeTable& operator=(EmployeeTable&& other) noexcept;
+
+    std::optional<EmployeeRow> Find(int key);
+
+  private:
+    struct Opened;
+    std::unique_ptr<Opened> opened_;
+};
+
 /// People of all departments, inactive ones included.
 std::int64_t CountEmployees(const dao::Database& database);
 

@@ -190,7 +190,7 @@ class ReadStoredWeekTest : public testing::Test {
                 if (!day.found) continue;
                 std::ostringstream line;
                 line << e << " " << d << " " << day.dayType << " " << day.startsStops << " " << day.workHours
-                     << " " << day.vacation << " " << day.rateFrozen;
+                     << " " << day.vacationDay << " " << day.HasRate();
                 lines.push_back(line.str());
             }
         return lines;
@@ -235,7 +235,7 @@ TEST_F(ReadStoredWeekTest, knows_the_mark_of_a_frozen_rate) {
     int day = 0;
     for (const char* mark : {"W", "S", "", "w", "X"}) store.PutDay(Sunday + day++, key, "", "", false, mark);
     const StoredWeek stored = ReadStoredWeek(store.db(), store.g.roster, Sunday);
-    for (int d = 1; d <= 5; ++d) EXPECT_EQ(stored[1][d].rateFrozen, d <= 2) << d;
+    for (int d = 1; d <= 5; ++d) EXPECT_EQ(stored[1][d].HasRate(), d <= 2) << d;
 }
 
 TEST_F(ReadStoredWeekTest, reads_the_same_row_by_row_and_in_one_scan) {
