@@ -157,6 +157,20 @@ TEST(House, logic_knows_no_window) {
     }
 }
 
+/// True for the two folders that know the engine, its language and the names of the fields.
+bool IsStoreRoom(const std::string& below) {
+    return below.starts_with("platform/dao/") || below.starts_with("store/rows/");
+}
+
+/// The texts between quotes, without what stands behind "//" on a line.
+std::vector<std::string> Literals(const std::string& source) {
+    static const std::regex literal(R"re("((?:[^"\\\n]|\\.)*)"|//[^\n]*)re");
+    std::vector<std::string> texts;
+    for (std::sregex_iterator it(source.begin(), source.end(), literal), end; it != end; ++it)
+        if ((*it)[1].matched) texts.push_back((*it)[1]);
+    return texts;
+}
+
 TEST(House, only_the_database_layer_knows_its_engine) {
     static const std::regex engine(R"re(sqlite|\bPRAGMA\b)re");
     for (const fs::path& file : SourcesBelow(Root / "src")) {
@@ -170,6 +184,25 @@ TEST(House, only_the_session_on_the_engine_calls_it) {
     for (const fs::path& file : SourcesBelow(Root / "src")) {
         if (file.filename().string().starts_with("Sqlite")) continue;
         EXPECT_EQ(Content(file).find("sqlite3"), std::string::npos) << file;
+    }
+}
+
+TEST(House, queries_and_names_of_fields_stand_in_the_store_room) {
+    static const std::regex query(
+        R"re(\b(SELECT|INSERT|UPDATE|ORDER BY)\b|\bDELETE FROM\b|\[[A-Za-z&/ ]*[a-z][A-Za-z&/ ]*\])re");
+    for (const fs::path& file : SourcesBelow(Root / "src")) {
+        const std::string below = fs::relative(file, Root / "src").generic_string();
+        if (IsStoreRoom(below)) continue;
+        for (const std::string& text : Literals(Content(file)))
+            EXPECT_FALSE(std::regex_search(text, query)) << below << " has \"" << text << "\"";
+    }
+}
+
+TEST(House, only_the_store_room_opens_recordsets) {
+    static const std::regex opening(R"re(\bOpenRecordset\(|\.Fields\()re");
+    for (const fs::path& file : SourcesBelow(Root / "src")) {
+        const std::string below = fs::relative(file, Root / "src").generic_string();
+        EXPECT_TRUE(IsStoreRoom(below) || !std::regex_search(Content(file), opening)) << below;
     }
 }
 
