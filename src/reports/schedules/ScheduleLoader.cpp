@@ -36,6 +36,14 @@ std::array<bool, DaysInSpan + 1> DaysOffOf(const Week& week, int e) {
     return daysOff;
 }
 
+/// The bars of an employee in the loaded week, as they stand.
+PrintedRanges LoadedBars(const Week& week, int e) {
+    PrintedRanges bars;
+    bars.reserve(static_cast<std::size_t>(week.BarCount[e]));
+    for (int b = 1; b <= week.BarCount[e]; ++b) bars.push_back({week.BarStarts[e][b], week.BarStops[e][b]});
+    return bars;
+}
+
 PrintedPerson LoadPerson(const GlobalState& g, const SchedulePage& page, NameDetails& details, int e) {
     PrintedPerson person;
     person.name1 = g.roster.RosterName1[e];
@@ -47,7 +55,7 @@ PrintedPerson LoadPerson(const GlobalState& g, const SchedulePage& page, NameDet
     const auto daysOff = DaysOffOf(g.week, e);
     for (int d = 1; d <= DaysInSpan; ++d)
         person.labels[d] = daysOff[d] ? page.dayOffWord : DaytypeName(g.daytypes, g.week.DayTypeText[d][e]);
-    LoadPrintArrays(person, BarsOf(g.week, e), daysOff, page.cutoffQuarters, page.options.BreakThreshold);
+    LoadPrintArrays(person, LoadedBars(g.week, e), daysOff, page.cutoffQuarters, page.options.BreakThreshold);
     return person;
 }
 
@@ -63,13 +71,6 @@ std::vector<int> Chosen(const GlobalState& g, const ReportOptions& options, cons
 }
 
 } // namespace
-
-PrintedRanges BarsOf(const Week& week, int e) {
-    PrintedRanges bars;
-    bars.reserve(static_cast<std::size_t>(week.BarCount[e]));
-    for (int b = 1; b <= week.BarCount[e]; ++b) bars.push_back({week.BarStarts[e][b], week.BarStops[e][b]});
-    return bars;
-}
 
 bool IsPrinted(const Week& week, const Roster& roster, const ReportOptions& options, int e) {
     if (options.WhoToPrint == 0 || week.BarCount[e] > 0) return true;

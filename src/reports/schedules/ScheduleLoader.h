@@ -18,9 +18,6 @@ struct ScheduleRequest {
     std::vector<int> picked; // employees, in the order of the list
 };
 
-/// The bars of an employee in the loaded week, as they stand.
-PrintedRanges BarsOf(const Week& week, int employee);
-
 /// True when an employee of the loaded week is to be printed.
 bool IsPrinted(const Week& week, const Roster& roster, const ReportOptions& options, int employee);
 
