@@ -52,7 +52,7 @@ struct Editor {
 };
 
 void NextDay(Editor& editor) {
-    editor.g().week.CurrentDay = editor.g().week.CurrentDay % 7 + 1;
+    editor.g().cursor.CurrentDay = editor.g().cursor.CurrentDay % 7 + 1;
 }
 
 /// The lanes as rectangles and texts.
@@ -75,7 +75,7 @@ void FillRowsBare(QPainter& painter, const Editor& editor) {
             const auto* control = editor.form->Find<QWidget>(name + std::to_string(row) + ")");
             const QRect place(control->mapTo(editor.form.get(), QPoint(0, 0)), control->size());
             painter.fillRect(place, qt::ToColor(LightBlue));
-            const std::string text = name[0] == 'T' ? g.week.DayTypeText[g.week.CurrentDay][e]
+            const std::string text = name[0] == 'T' ? g.week.DayTypeText[g.cursor.CurrentDay][e]
                                                     : ShowRowValues(g, e, region).single;
             painter.drawText(place, Qt::AlignVCenter, qt::ToQString(text));
         }

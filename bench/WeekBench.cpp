@@ -5,6 +5,7 @@
 #include "editor/week/StoredDays.h"
 #include "platform/dao/TimeText.h"
 #include "support/TestStore.h"
+#include "support/WeekWriter.h"
 
 #include <sqlite3.h>
 
@@ -173,7 +174,11 @@ void Load(const std::shared_ptr<Department>& d, const std::string& size) {
 void SaveUnchanged(const std::shared_ptr<Department>& d, const std::string& size) {
     Pair(
         "SaveWeek unchanged/" + size,
-        [d] { return Seconds([&] { WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week); }); },
+        [d] {
+            return Seconds([&] {
+                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian);
+            });
+        },
         [d] {
             return Seconds([&] {
                 d->bare->Run("BEGIN IMMEDIATE");
@@ -189,10 +194,11 @@ void SaveFirst(const std::shared_ptr<Department>& d, const std::string& size) {
     Pair(
         "SaveWeek first/" + size,
         [d, next] {
-            d->store.g.week.WeekStartJulian = *next += 8;
-            const double seconds =
-                Seconds([&] { WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week); });
-            d->store.g.week.WeekStartJulian = d->week;
+            test::WritableWeek(d->store.g).WeekStartJulian = *next += 8;
+            const double seconds = Seconds([&] {
+                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian);
+            });
+            test::WritableWeek(d->store.g).WeekStartJulian = d->week;
             return seconds;
         },
         [d, next] {
@@ -215,13 +221,16 @@ void SaveSome(const std::shared_ptr<Department>& d, const std::string& size) {
         ++turn;
         for (int e = 1; e <= d->store.g.roster.EmployeeCount; ++e)
             for (int b = 1; b <= d->store.g.week.BarCount[e]; ++b)
-                if ((e + 7 * b) % 20 == 0) d->store.g.week.BarStarts[e][b] += turn % 2 == 0 ? 1 : -1;
+                if ((e + 7 * b) % 20 == 0)
+                    test::WritableWeek(d->store.g).BarStarts[e][b] += turn % 2 == 0 ? 1 : -1;
     };
     Pair(
         "SaveWeek five in 100/" + size,
         [d, change] {
             change();
-            return Seconds([&] { WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week); });
+            return Seconds([&] {
+                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian);
+            });
         },
         [d, change] {
             const auto before = d->RowsOfWeek();

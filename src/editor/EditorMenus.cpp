@@ -83,7 +83,7 @@ void UpdateEditorMenus(const GlobalState& g, MenuBar& menus) {
     for (int d = 1; d <= 7; ++d) {
         MenuEntry& entry = menus["CopyDay(" + std::to_string(d) + ")"];
         entry.caption = g.week.WeekDateTexts[d];
-        entry.enabled = d != g.week.CurrentDay;
+        entry.enabled = d != g.cursor.CurrentDay;
     }
     menus.Enable({"Sched", "ShowDayTypes"}, g.rights.SchedulingAllowed);
     menus["Shift"].enabled = g.rights.SchedulingAllowed && g.shifts.ShiftCount >= 1;

@@ -111,8 +111,8 @@ void FillPair(const GlobalState& g, int e, RowValues& values) {
 /// does.
 void ColourRowValues(const GlobalState& g, int e, RowValues& values) {
     const int option = g.grid.ShowOption;
-    const bool dayOver = IsOverDayLimit(g, e);
-    const bool weekOver = IsOverWeekLimit(g, e);
+    const bool dayOver = IsOverDayLimit(g.week, g.application, e);
+    const bool weekOver = IsOverWeekLimit(g.week, g.application, e);
     if (values.pair) {
         values.dayColours = dayOver ? Overtime : ValueColours{QBColor(0), QBColor(15)};
         values.weekColours = weekOver ? Overtime : ValueColours{QBColor(12), QBColor(14)};

@@ -1,6 +1,7 @@
 #include "masterdata/DaytypeList.h"
 
 #include "editor/lanes/DaytypeBox.h"
+#include "editor/week/WeekEdit.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
@@ -118,7 +119,7 @@ void DeleteDaytype(GlobalState& g, int index) {
 }
 
 int DayOfDrop(const GlobalState& g) {
-    return g.listDialog.DayTypeCaller == "Week" ? g.listDialog.DayTypeColumn : g.week.CurrentDay;
+    return g.listDialog.DayTypeCaller == "Week" ? g.listDialog.DayTypeColumn : g.cursor.CurrentDay;
 }
 
 std::string DropDateText(const GlobalState& g, const Region& region) {
@@ -128,15 +129,15 @@ std::string DropDateText(const GlobalState& g, const Region& region) {
 }
 
 std::string DropTitle(const GlobalState& g) {
-    const int e = g.week.CurrentEmployee;
+    const int e = g.cursor.CurrentEmployee;
     return g.department.CurrentDepName + ": " + g.roster.RosterName1[e] + " " + g.roster.RosterName2[e];
 }
 
 void DropDaytype(GlobalState& g, int index) {
-    std::string& cell = g.week.DayTypeText[DayOfDrop(g)][g.week.CurrentEmployee];
+    const int e = g.cursor.CurrentEmployee;
+    const int day = DayOfDrop(g);
     const std::string symbol = Trim(g.daytypes.DayTypeSymbols[index]);
-    if (symbol != Trim(cell)) g.week.WeekChanged = true;
-    cell = symbol;
+    if (symbol != Trim(g.week.DayTypeText[day][e])) WeekEdit(g).SetDaytype(e, day, symbol);
 }
 
 } // namespace tvx

@@ -1,8 +1,5 @@
 #include "masterdata/StoredShifts.h"
 
-#include "editor/lanes/BarDrag.h"
-#include "editor/week/Totals.h"
-#include "editor/week/WeekModel.h"
 #include "masterdata/files/ShiftFile.h"
 #include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
@@ -43,29 +40,7 @@ ShiftResult Keep(GlobalState& g, Prompt& prompt, const Shifts& changed) {
     return ShiftResult::Done;
 }
 
-bool DayIsFree(const GlobalState& g, int e) {
-    const DayWindow day = WindowOfDay(g.week.CurrentDay, g.department.DayCutoffQuarters);
-    for (int b = 1; b <= g.week.BarCount[e]; ++b)
-        if (g.week.BarStarts[e][b] < day.high && g.week.BarStops[e][b] > day.low) return false;
-    return true;
-}
-
 } // namespace
-
-void TakeShiftFromDay(GlobalState& g) {
-    if (g.shifts.ShiftCount >= MostShifts) return;
-    const int slot = g.shifts.ShiftCount + 1;
-    const int e = g.week.CurrentEmployee;
-    const int midnight = (g.week.CurrentDay - 1) * QuartersPerDay;
-    g.shifts.ShiftBarCount[slot] = 0; // what an abandoned one left
-    for (int b = 1; b <= g.week.BarCount[e]; ++b) {
-        const int start = g.week.BarStarts[e][b] - midnight;
-        if (start < 0 || start >= QuartersPerDay) continue;
-        const int k = ++g.shifts.ShiftBarCount[slot];
-        g.shifts.ShiftStarts[slot][k] = start;
-        g.shifts.ShiftStops[slot][k] = g.week.BarStops[e][b] - midnight;
-    }
-}
 
 ShiftResult AddShift(GlobalState& g, Prompt& prompt, const std::string& name) {
     if (g.shifts.ShiftCount >= MostShiftsToAdd) {
@@ -97,23 +72,6 @@ std::vector<std::pair<std::string, int>> ShiftRows(const Shifts& shifts) {
     std::vector<std::pair<std::string, int>> rows;
     for (int i = 1; i <= shifts.ShiftCount; ++i) rows.emplace_back(shifts.ShiftNames[i], i);
     return rows;
-}
-
-PasteResult PasteShift(GlobalState& g, int index) {
-    Week& week = g.week;
-    const int e = week.CurrentEmployee;
-    const int day = week.CurrentDay;
-    if (week.DayOffFlag[day][e] || (week.DayOffFlag[day + 1][e] && g.department.DayCutoffQuarters > 0))
-        return PasteResult::DayOff;
-    if (!DayIsFree(g, e)) return PasteResult::Occupied;
-    const int midnight = (day - 1) * QuartersPerDay;
-    BuildWeekGrid(week, e);
-    for (int k = 1; k <= g.shifts.ShiftBarCount[index]; ++k)
-        PaintWeekGrid(week, midnight + g.shifts.ShiftStarts[index][k],
-                      midnight + g.shifts.ShiftStops[index][k]);
-    RefreshRowAfterEdit(g, e);
-    week.WeekChanged = true;
-    return PasteResult::Pasted;
 }
 
 } // namespace tvx

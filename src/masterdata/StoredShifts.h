@@ -1,4 +1,4 @@
-// Stored shifts: the bars of a day kept under a name, for other days and people.
+// Stored shifts as a list: naming, renaming and deleting them.
 #pragma once
 
 #include "masterdata/DaytypeList.h"
@@ -10,12 +10,6 @@
 #include <vector>
 
 namespace tvx {
-
-constexpr int MostShiftsToAdd = 20;
-
-/// Puts the bars of the current employee that start on the current day, midnight to midnight, into the slot
-/// behind the last shift, as quarters after that midnight. The count rises when the shift is named and saved.
-void TakeShiftFromDay(GlobalState& g);
 
 enum class ShiftResult {
     Done,
@@ -32,16 +26,5 @@ ShiftResult DeleteShift(GlobalState& g, Prompt& prompt, int index);
 
 /// The names of the list, with the index of each.
 std::vector<std::pair<std::string, int>> ShiftRows(const Shifts& shifts);
-
-/// What came of pasting a shift.
-enum class PasteResult {
-    Pasted,
-    DayOff,   // the day, or with a cut-off the next one, is a day off: nothing happens
-    Occupied, // the day has time: a beep is due
-};
-
-/// Copies the bars of a stored shift into the current employee's day, and brings all sums up to date. The
-/// day's daytype stays. What lies beyond the eight days is cut off.
-PasteResult PasteShift(GlobalState& g, int index);
 
 } // namespace tvx

@@ -1,6 +1,7 @@
 #include "editor/EditorMenus.h"
 
 #include "support/Quarters.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -15,7 +16,7 @@ class EditorMenusTest : public testing::Test {
         test::MakeRoster(g, 2);
         g.department.EmployeeNameSingle = "Nurse";
         g.department.EmployeeNamePlural = "Nurses";
-        for (int d = 1; d <= 7; ++d) g.week.WeekDateTexts[d] = std::to_string(d) + "-Mar-2026";
+        for (int d = 1; d <= 7; ++d) test::WritableWeek(g).WeekDateTexts[d] = std::to_string(d) + "-Mar-2026";
     }
     MenuBar Menus() {
         MenuBar menus = EditorMenus(g);
@@ -31,7 +32,7 @@ TEST_F(EditorMenusTest, carry_the_words_of_the_department) {
 }
 
 TEST_F(EditorMenusTest, name_the_days_to_copy_and_leave_out_the_day_shown) {
-    g.week.CurrentDay = 4;
+    g.cursor.CurrentDay = 4;
     const MenuBar menus = Menus();
     for (int d = 1; d <= 7; ++d) {
         const MenuEntry& entry = menus["CopyDay(" + std::to_string(d) + ")"];

@@ -132,8 +132,8 @@ TEST_F(OddTextTest, of_memos_is_loaded_as_it_stands) {
                   std::int64_t{g.department.CurrentDepNumber}, OddTexts()[i]});
     for (std::size_t i = 0; i < OddTexts().size(); ++i) {
         LoadWeek(g, store.ports(), Sunday + static_cast<DaySerial>(i));
-        EXPECT_TRUE(g.week.DayMemoText[1] == OddTexts()[i]) << OddTexts()[i].substr(0, 40);
-        EXPECT_TRUE(g.week.DayMemoFlag[1]);
+        EXPECT_TRUE(g.figures.DayMemoText[1] == OddTexts()[i]) << OddTexts()[i].substr(0, 40);
+        EXPECT_TRUE(g.figures.DayMemoFlag[1]);
     }
 }
 

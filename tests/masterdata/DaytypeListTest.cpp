@@ -4,6 +4,7 @@
 #include "support/OtherWorkstation.h"
 #include "support/Rows.h"
 #include "support/TestStore.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -235,8 +236,8 @@ class DropDaytypeTest : public DaytypeListTest {
         store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
         store.AddEmployee({.lastName = "Brown", .firstName = "Bob"});
         store.OpenWeek(46082);
-        g.week.CurrentEmployee = 2;
-        g.week.CurrentDay = 3;
+        g.cursor.CurrentEmployee = 2;
+        g.cursor.CurrentDay = 3;
     }
 };
 
@@ -262,8 +263,8 @@ TEST_F(DropDaytypeTest, is_put_on_the_day_that_the_week_of_one_employee_names) {
 }
 
 TEST_F(DropDaytypeTest, is_no_change_of_the_week_when_the_day_has_it_already) {
-    g.week.DayTypeText[3][2] = "CA ";
-    g.week.WeekChanged = false;
+    test::WritableWeek(g).DayTypeText[3][2] = "CA ";
+    test::WritableWeek(g).WeekChanged = false;
     DropDaytype(g, 2);
     EXPECT_FALSE(g.week.WeekChanged);
     DropDaytype(g, 1);

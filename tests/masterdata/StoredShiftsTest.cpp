@@ -1,8 +1,10 @@
 #include "masterdata/StoredShifts.h"
 
+#include "editor/week/DayShifts.h"
 #include "editor/week/Totals.h"
 #include "masterdata/files/ShiftFile.h"
 #include "support/TestStore.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -30,9 +32,9 @@ class StoredShiftsTest : public testing::Test {
         On(1, 1);
     }
     void On(int employee, int day) {
-        g.week.CurrentEmployee = employee;
-        g.week.CurrentDay = day;
-        SumDay(g);
+        g.cursor.CurrentEmployee = employee;
+        g.cursor.CurrentDay = day;
+        SumDay(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
     }
     /// Stores bars of Monday under a name.
     void Keep(const std::string& name, const BarList& bars) {
@@ -40,10 +42,10 @@ class StoredShiftsTest : public testing::Test {
         BarList ofWeek;
         for (const auto& [start, stop] : bars) ofWeek.emplace_back(96 + start, 96 + stop);
         test::SetBars(g, 1, ofWeek);
-        TakeShiftFromDay(g);
+        TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
         ASSERT_EQ(AddShift(g, store.prompt(), name), ShiftResult::Done);
         test::SetBars(g, 1, {});
-        g.week.WeekChanged = false;
+        test::WritableWeek(g).WeekChanged = false;
     }
     BarList Stored(int n) {
         BarList bars;
@@ -70,49 +72,6 @@ class StoredShiftsTest : public testing::Test {
     }
 };
 
-// ---- taking a day ----
-
-TEST_F(StoredShiftsTest, a_day_gives_its_bars_counted_from_its_midnight) {
-    test::SetBars(g, 1, {{20, 30}, {96 + 36, 96 + 52}, {96 + 56, 96 + 72}, {200, 220}});
-    On(1, 2);
-    TakeShiftFromDay(g);
-    EXPECT_EQ(Stored(1), (BarList{{36, 52}, {56, 72}}));
-    EXPECT_EQ(g.shifts.ShiftCount, 0) << "it counts when it has a name";
-}
-
-TEST_F(StoredShiftsTest, a_bar_over_midnight_keeps_its_length_and_belongs_to_the_day_of_its_start) {
-    test::SetBars(g, 1, {{96 + 92, 96 + 100}});
-    On(1, 2);
-    TakeShiftFromDay(g);
-    EXPECT_EQ(Stored(1), (BarList{{92, 100}}));
-    On(1, 3);
-    TakeShiftFromDay(g);
-    EXPECT_TRUE(Stored(1).empty()) << "and not to the day that it reaches into";
-}
-
-TEST_F(StoredShiftsTest, the_midnights_bound_a_day_whatever_the_cut_off) {
-    g.department.DayCutoffQuarters = 16;
-    test::SetBars(g, 1, {{96 + 4, 96 + 12}, {192, 200}});
-    On(1, 2);
-    TakeShiftFromDay(g);
-    EXPECT_EQ(Stored(1), (BarList{{4, 12}}));
-}
-
-TEST_F(StoredShiftsTest, an_abandoned_day_leaves_nothing_behind_in_the_next) {
-    test::SetBars(g, 1, {{20, 30}, {40, 50}});
-    TakeShiftFromDay(g);
-    test::SetBars(g, 1, {{60, 70}});
-    TakeShiftFromDay(g);
-    EXPECT_EQ(Stored(1), (BarList{{60, 70}}));
-}
-
-TEST_F(StoredShiftsTest, a_full_store_takes_no_day) {
-    g.shifts.ShiftCount = MostShifts;
-    test::SetBars(g, 1, {{20, 30}});
-    TakeShiftFromDay(g);
-    EXPECT_EQ(g.shifts.ShiftBarCount[MostShifts], 0);
-}
-
 // ---- naming ----
 
 TEST_F(StoredShiftsTest, a_named_shift_is_in_the_list_and_in_the_file) {
@@ -126,7 +85,7 @@ TEST_F(StoredShiftsTest, a_named_shift_is_in_the_list_and_in_the_file) {
 
 TEST_F(StoredShiftsTest, a_shift_needs_a_name) {
     test::SetBars(g, 1, {{20, 30}});
-    TakeShiftFromDay(g);
+    TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
     EXPECT_EQ(Add(""), ShiftResult::Incomplete);
     EXPECT_EQ(Add("   "), ShiftResult::Incomplete);
     EXPECT_EQ(store.prompt().Beeps(), 2);
@@ -135,7 +94,7 @@ TEST_F(StoredShiftsTest, a_shift_needs_a_name) {
 
 TEST_F(StoredShiftsTest, names_that_differ_in_case_alone_are_the_same) {
     Keep("Early", {{16, 48}});
-    TakeShiftFromDay(g);
+    TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
     ExpectNameInUse("Shift EARLY");
     EXPECT_EQ(Add(" EARLY "), ShiftResult::InUse);
     EXPECT_EQ(store.prompt().Beeps(), 1);
@@ -144,7 +103,7 @@ TEST_F(StoredShiftsTest, names_that_differ_in_case_alone_are_the_same) {
 
 TEST_F(StoredShiftsTest, twenty_can_be_added) {
     for (int n = 1; n <= 20; ++n) Keep("Shift " + std::to_string(100 + n), {{n, n + 8}});
-    TakeShiftFromDay(g);
+    TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
     EXPECT_EQ(Add("One more"), ShiftResult::Incomplete);
     EXPECT_EQ(Names().size(), 20U);
 }
@@ -208,135 +167,6 @@ TEST_F(StoredShiftsTest, of_two_workstations_the_last_write_wins) {
     WriteStoredShifts(store.folder.Path(), 1, theirs);
     Keep("Ours", {{20, 30}});
     EXPECT_EQ(NamesInFile(), (std::vector<std::string>{"Early", "Ours"}));
-}
-
-// ---- pasting ----
-
-TEST_F(StoredShiftsTest, a_paste_puts_the_bars_on_the_day_and_brings_the_sums_up_to_date) {
-    Keep("Split", {{40, 56}, {64, 80}});
-    On(2, 4);
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Pasted);
-    EXPECT_EQ(test::Bars(g, 2), (BarList{{3 * 96 + 40, 3 * 96 + 56}, {3 * 96 + 64, 3 * 96 + 80}}));
-    EXPECT_TRUE(g.week.WeekChanged);
-    EXPECT_EQ(g.week.DayQuarters[2], 32);
-    EXPECT_EQ(g.week.WeekQuarters[2], 32);
-    EXPECT_EQ(g.totals.TotalDayQuarters, 32);
-    EXPECT_EQ(g.totals.TotalWeekWages, 80);
-}
-
-TEST_F(StoredShiftsTest, a_paste_leaves_the_daytype_of_the_day) {
-    Keep("Early", {{16, 48}});
-    On(1, 3);
-    g.week.DayTypeText[3][1] = "BK";
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Pasted);
-    EXPECT_EQ(g.week.DayTypeText[3][1], "BK");
-}
-
-TEST_F(StoredShiftsTest, a_paste_on_a_day_with_time_is_refused) {
-    Keep("Early", {{16, 48}});
-    On(1, 3);
-    test::SetBars(g, 1, {{192 + 90, 192 + 94}});
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Occupied);
-    EXPECT_EQ(test::Bars(g, 1), (BarList{{192 + 90, 192 + 94}}));
-    EXPECT_FALSE(g.week.WeekChanged);
-}
-
-TEST_F(StoredShiftsTest, time_that_reaches_in_from_the_day_before_occupies_a_day) {
-    Keep("Early", {{16, 48}});
-    On(1, 3);
-    test::SetBars(g, 1, {{190, 193}});
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Occupied);
-    test::SetBars(g, 1, {{180, 192}});
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Pasted) << "a bar that ends at midnight does not";
-}
-
-TEST_F(StoredShiftsTest, the_business_day_is_what_must_be_free) {
-    Keep("Early", {{16, 48}});
-    g.department.DayCutoffQuarters = 16;
-    On(1, 3);
-    test::SetBars(g, 1, {{192 + 4, 192 + 12}});
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Pasted) << "before the cut-off it is still the day before";
-    On(2, 3);
-    test::SetBars(g, 2, {{288 + 4, 288 + 12}});
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Occupied) << "up to the cut-off of the next date";
-}
-
-TEST_F(StoredShiftsTest, a_day_off_takes_no_shift) {
-    Keep("Early", {{16, 48}});
-    On(1, 3);
-    g.week.DayOffFlag[3][1] = true;
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::DayOff);
-    EXPECT_TRUE(test::Bars(g, 1).empty());
-    EXPECT_FALSE(g.week.WeekChanged);
-}
-
-TEST_F(StoredShiftsTest, a_day_before_a_day_off_takes_none_where_the_business_day_reaches_into_it) {
-    Keep("Early", {{16, 48}});
-    On(1, 3);
-    g.week.DayOffFlag[4][1] = true;
-    g.department.DayCutoffQuarters = 4;
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::DayOff);
-    g.department.DayCutoffQuarters = 0;
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Pasted);
-}
-
-TEST_F(StoredShiftsTest, a_paste_on_the_last_day_reaches_into_the_eighth) {
-    Keep("Night", {{92, 100}});
-    On(1, 7);
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Pasted);
-    EXPECT_EQ(test::Bars(g, 1), (BarList{{6 * 96 + 92, 6 * 96 + 100}}));
-}
-
-TEST_F(StoredShiftsTest, what_lies_beyond_the_eighth_day_is_cut_off) {
-    g.shifts.ShiftCount = 1;
-    g.shifts.ShiftBarCount[1] = 2;
-    g.shifts.ShiftStarts[1] = {0, 90, 300};
-    g.shifts.ShiftStops[1] = {0, 768, 310};
-    On(1, 7);
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Pasted);
-    EXPECT_EQ(test::Bars(g, 1), (BarList{{6 * 96 + 90, 768}}));
-}
-
-TEST_F(StoredShiftsTest, bars_that_touch_become_one_and_odd_ones_vanish) {
-    g.shifts.ShiftCount = 1;
-    g.shifts.ShiftBarCount[1] = 4;
-    g.shifts.ShiftStarts[1] = {0, 40, 20, 60, 50};
-    g.shifts.ShiftStops[1] = {0, 50, 41, 55, 50};
-    On(1, 1);
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Pasted);
-    EXPECT_EQ(test::Bars(g, 1), (BarList{{20, 50}}));
-}
-
-TEST_F(StoredShiftsTest, a_paste_of_many_bars_never_gives_more_than_35) {
-    g.shifts.ShiftCount = 1;
-    g.shifts.ShiftBarCount[1] = MostShiftBars;
-    for (int k = 1; k <= MostShiftBars; ++k) {
-        g.shifts.ShiftStarts[1][k] = 2 * k;
-        g.shifts.ShiftStops[1][k] = 2 * k + 1;
-    }
-    On(1, 7);
-    test::SetBars(g, 1, {{10, 20}, {30, 40}});
-    EXPECT_EQ(PasteShift(g, 1), PasteResult::Pasted);
-    EXPECT_EQ(g.week.BarCount[1], 35);
-}
-
-TEST_F(StoredShiftsTest, stored_and_pasted_bars_are_those_of_the_day_they_came_from) {
-    store.FillWeeks(Sunday, 1, 11);
-    store.OpenWeek(Sunday);
-    for (int day = 1; day <= 7; ++day) {
-        On(1, day);
-        TakeShiftFromDay(g);
-        const BarList taken = Stored(1);
-        if (taken.empty()) continue;
-        ASSERT_EQ(AddShift(g, store.prompt(), "Day " + std::to_string(day)), ShiftResult::Done);
-        test::SetBars(g, 2, {});
-        On(2, day);
-        ASSERT_EQ(PasteShift(g, 1), PasteResult::Pasted);
-        On(2, day);
-        g.shifts.ShiftCount = 0;
-        TakeShiftFromDay(g);
-        EXPECT_EQ(Stored(1), taken) << day;
-    }
 }
 
 } // namespace

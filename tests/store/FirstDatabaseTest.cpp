@@ -63,11 +63,9 @@ class FirstDatabaseTest : public testing::Test {
         for (int n = 0; n < 7; ++n) row(base + n, n);
         return rows;
     }
-    GlobalState Fresh() const {
-        GlobalState g;
+    void Prepare(GlobalState& g) const {
         g.store.Engine = dao::Engine(test::TestEngineOptions());
         g.paths.ProgramPath = folder.Path();
-        return g;
     }
 };
 
@@ -194,7 +192,8 @@ TEST_F(FirstDatabaseTest, is_not_harmed_by_what_an_older_database_left_behind) {
 TEST_F(FirstDatabaseTest, does_not_appear_when_the_ready_made_one_is_damaged) {
     test::WriteFile(ReadyMade(), "this is no database at all, though it is long enough to look at: " +
                                      std::string(4096, 'x'));
-    GlobalState g = Fresh();
+    GlobalState g;
+    Prepare(g);
     ConsoleFace face;
     script.prompt.Expect("Damaged database file (TVX.MDB).\nWill attempt to restore...restart the program.",
                          box::Exclamation, "Damaged database file.");
@@ -233,7 +232,8 @@ TEST_F(FirstDatabaseTest, appears_whole_or_not_at_all_however_small_the_disk) {
 }
 
 TEST_F(FirstDatabaseTest, is_opened_by_the_start_that_made_it) {
-    GlobalState g = Fresh();
+    GlobalState g;
+    Prepare(g);
     ConsoleFace face;
     script.clock.Set(Sunday + 4);
     ASSERT_EQ(LoadConsole(g, script.ports, face), LoadResult::Ready);
@@ -244,7 +244,8 @@ TEST_F(FirstDatabaseTest, is_opened_by_the_start_that_made_it) {
 
 TEST_F(FirstDatabaseTest, missing_like_its_ready_made_one_ends_the_run) {
     fs::remove(ReadyMade());
-    GlobalState g = Fresh();
+    GlobalState g;
+    Prepare(g);
     ConsoleFace face;
     script.prompt.Expect("Missing database file...", box::Exclamation, "Tvx.mdb is missing...");
     EXPECT_EQ(LoadConsole(g, script.ports, face), LoadResult::EndRun);

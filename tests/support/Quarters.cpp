@@ -1,6 +1,7 @@
 #include "support/Quarters.h"
 
 #include "editor/week/Totals.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -90,7 +91,7 @@ void MakeRoster(GlobalState& g, int people) {
         texts->assign(size, "");
     r.AvailabilityStarts.assign(size, {});
     r.AvailabilityStops.assign(size, {});
-    g.week.Resize(people);
+    NewWeek(g, people);
     g.totals = {};
     g.application.Settings = {"", "", "12", "0", "2", "0", "", "16", "96", "672"};
     g.screen = {1920 * 15, 1080 * 15 - 150, 24};
@@ -137,8 +138,8 @@ std::string SumsFromScratch(const GlobalState& g) {
     fresh.rights = g.rights;
     fresh.department = g.department;
     fresh.roster = g.roster;
-    fresh.week = g.week;
-    SumWeek(fresh);
+    WritableWeek(fresh) = g.week;
+    SumWeek(WritableWeek(fresh), PayrollOf(fresh), g.week.SummedDay);
     return SumsText(fresh);
 }
 

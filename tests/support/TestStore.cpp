@@ -11,6 +11,7 @@
 #include "store/OpenStore.h"
 #include "store/rows/Schema.h"
 #include "support/TestEngine.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -243,14 +244,14 @@ BarList Bars(const GlobalState& g, int employee) {
 }
 
 void SetBars(GlobalState& g, int employee, const BarList& bars) {
-    g.week.BarStarts[employee] = {};
-    g.week.BarStops[employee] = {};
-    g.week.BarCount[employee] = static_cast<int>(bars.size());
+    WritableWeek(g).BarStarts[employee] = {};
+    WritableWeek(g).BarStops[employee] = {};
+    WritableWeek(g).BarCount[employee] = static_cast<int>(bars.size());
     for (std::size_t b = 0; b < bars.size(); ++b) {
-        g.week.BarStarts[employee][b + 1] = bars[b].first;
-        g.week.BarStops[employee][b + 1] = bars[b].second;
+        WritableWeek(g).BarStarts[employee][b + 1] = bars[b].first;
+        WritableWeek(g).BarStops[employee][b + 1] = bars[b].second;
     }
-    SumWeek(g);
+    SumWeek(WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
 }
 
 } // namespace tvx::test

@@ -2,7 +2,7 @@
 
 #include "editor/lanes/GridView.h"
 #include "editor/week/Totals.h"
-#include "editor/week/WeekModel.h"
+#include "editor/week/WeekEdit.h"
 
 #include <algorithm>
 #include <utility>
@@ -15,7 +15,6 @@ constexpr int Stretching = 1;
 constexpr int Moving = 2;
 
 constexpr Twips GrabTolerance = 60;
-constexpr int MostShiftsToAdd = 20;
 
 bool Near(Twips x, Twips end) {
     return x >= end - GrabTolerance && x <= end + GrabTolerance;
@@ -40,8 +39,8 @@ bool BarDrag::IsOutside(const GridMouse& mouse) const {
 }
 
 bool BarDrag::IsOnDayOff(Twips x) const {
-    const int e = g_.week.CurrentEmployee;
-    const int day = g_.week.CurrentDay;
+    const int e = g_.cursor.CurrentEmployee;
+    const int day = g_.cursor.CurrentDay;
     const Twips boundary = DayBoundaryX(g_.grid);
     if (g_.department.DayCutoffQuarters == 0) return g_.week.DayOffFlag[day][e];
     return (g_.week.DayOffFlag[day][e] && x < boundary) || (g_.week.DayOffFlag[day + 1][e] && x > boundary);
@@ -49,7 +48,7 @@ bool BarDrag::IsOnDayOff(Twips x) const {
 
 /// The lane with 100 twips above and below it.
 bool BarDrag::InBand(Twips y) const {
-    const Twips top = TopOfRow(g_.grid, g_.week.CurrentRow);
+    const Twips top = TopOfRow(g_.grid, g_.cursor.CurrentRow);
     return y >= top + LaneTop - 100 && y <= top + LaneBottom + 100;
 }
 
@@ -67,9 +66,9 @@ GridChange BarDrag::Press(const GridMouse& mouse) {
     change.hideMarker = true;
     if (mouse.button == MouseButton::Right && g_.drag.MouseState == Moving) return change;
     if (g_.drag.EditBusy) return change;
-    g_.week.WeekChanged = true;
-    g_.week.CurrentRow = mouse.y / g_.grid.RowHeight + 1;
-    g_.week.CurrentEmployee = EmployeeOfRow(g_, g_.week.CurrentRow);
+    WeekEdit(g_).Touch();
+    g_.cursor.CurrentRow = mouse.y / g_.grid.RowHeight + 1;
+    g_.cursor.CurrentEmployee = EmployeeOfRow(g_, g_.cursor.CurrentRow);
     if (IsOnDayOff(mouse.x)) return change;
     g_.drag.IgnoreMouse = false;
     change.focusRow = !g_.roster.AllDepartmentsMode;
@@ -80,10 +79,10 @@ GridChange BarDrag::Press(const GridMouse& mouse) {
     return PressLeft(mouse, change);
 }
 
-/// Takes the first bar within reach of a week x out of its slot and into the drag values. False when the
-/// search has come to the last slot that the mouse can reach.
+/// Takes hold of the first bar within reach of a week x; it stays in its slot while the drag values move.
+/// False when the search has come to the last slot that the mouse can reach.
 bool BarDrag::TakeBar(Twips weekX) {
-    Week& week = g_.week;
+    const Week& week = g_.week;
     const int e = g_.drag.DragEmployee;
     const Twips width = g_.grid.QuarterWidth;
     g_.drag.DragBar = 0;
@@ -95,7 +94,6 @@ bool BarDrag::TakeBar(Twips weekX) {
         Left() = start;
         Right() = stop;
         g_.drag.DragBar = b;
-        week.BarStarts[e][b] = week.BarStops[e][b] = 0;
         return true;
     }
     return true;
@@ -103,7 +101,7 @@ bool BarDrag::TakeBar(Twips weekX) {
 
 GridChange BarDrag::PressLeft(const GridMouse& mouse, GridChange change) {
     const Twips weekX = mouse.x + g_.grid.ScrollX;
-    g_.drag.DragEmployee = g_.week.CurrentEmployee;
+    g_.drag.DragEmployee = g_.cursor.CurrentEmployee;
     Left() = Right() = 0;
     if (!TakeBar(weekX)) {
         g_.drag.IgnoreMouse = true;
@@ -167,8 +165,8 @@ GridChange BarDrag::Move(const GridMouse& mouse) {
 
 /// Other rows may have had the focus, and the rows may have moved, since the press.
 void BarDrag::ReturnToRow() {
-    g_.week.CurrentEmployee = g_.drag.DragEmployee;
-    if (const int row = RowOfEmployee(g_, g_.drag.DragEmployee); row != 0) g_.week.CurrentRow = row;
+    g_.cursor.CurrentEmployee = g_.drag.DragEmployee;
+    if (const int row = RowOfEmployee(g_, g_.drag.DragEmployee); row != 0) g_.cursor.CurrentRow = row;
 }
 
 /// A limit ends the drag with one end held there.
@@ -181,7 +179,7 @@ void BarDrag::StretchRight(Twips x) {
     const Twips boundary = DayBoundaryX(g_.grid);
     Right() += x - g_.drag.LastMouseX;
     if (x > g_.grid.GridWidth) EndDragAt(Right(), g_.grid.GridWidth);
-    if (g_.week.DayOffFlag[g_.week.CurrentDay + 1][g_.drag.DragEmployee] && x >= boundary)
+    if (g_.week.DayOffFlag[g_.cursor.CurrentDay + 1][g_.drag.DragEmployee] && x >= boundary)
         EndDragAt(Right(), boundary);
 }
 
@@ -189,7 +187,7 @@ void BarDrag::StretchLeft(Twips x) {
     const Twips boundary = DayBoundaryX(g_.grid);
     Right() -= g_.drag.LastMouseX - x;
     if (x < 0) EndDragAt(Right(), 0);
-    if (g_.week.DayOffFlag[g_.week.CurrentDay][g_.drag.DragEmployee] && x < boundary)
+    if (g_.week.DayOffFlag[g_.cursor.CurrentDay][g_.drag.DragEmployee] && x < boundary)
         EndDragAt(Right(), boundary);
 }
 
@@ -202,11 +200,11 @@ void BarDrag::MoveWhole(Twips x) {
     Right() += travelled;
     // A jump that carries the whole bar over the edge leaves it whole before the edge.
     if (travelled < 0) {
-        if (!g_.week.DayOffFlag[g_.week.CurrentDay][e] || Left() - g_.grid.ScrollX >= boundary) return;
+        if (!g_.week.DayOffFlag[g_.cursor.CurrentDay][e] || Left() - g_.grid.ScrollX >= boundary) return;
         EndDragAt(Left(), boundary);
         if (Right() <= Left()) Right() = Left() + length;
     } else {
-        if (!g_.week.DayOffFlag[g_.week.CurrentDay + 1][e] || Right() - g_.grid.ScrollX <= boundary) return;
+        if (!g_.week.DayOffFlag[g_.cursor.CurrentDay + 1][e] || Right() - g_.grid.ScrollX <= boundary) return;
         EndDragAt(Right(), boundary);
         if (Left() >= Right()) Left() = Right() - length;
     }
@@ -232,27 +230,19 @@ bool BarDrag::Settle() {
     return true;
 }
 
-/// Puts the bar of the drag values back among the bars, merges them all and corrects the sums. True when a
-/// figure changed.
+/// Lets the bar in hand give way to the drag values. True when a figure changed.
 bool BarDrag::Commit() {
-    Week& week = g_.week;
-    const int e = g_.drag.DragEmployee;
     const Twips width = g_.grid.QuarterWidth;
     ReturnToRow();
     if (Left() > Right()) std::swap(Left(), Right());
     Left() = std::max(Left(), g_.department.DayCutoffQuarters * width);
     Right() = std::min(Right(), g_.grid.WeekTwips);
     if (Right() - Left() < width) Left() = Right() = 0;
-    const int slot = g_.drag.DragBar == 0 ? ++week.BarCount[e] : g_.drag.DragBar;
-    week.BarStarts[e][slot] = SnapToQuarter(Left(), width) / width;
-    week.BarStops[e][slot] = SnapToQuarter(Right(), width) / width;
-    Left() = Right() = 0;
-    g_.drag.EditBusy = true;
-    BuildWeekGrid(week, e);
-    const bool figures = RefreshRowAfterEdit(g_, e);
+    const WeekBar drawn{SnapToQuarter(Left(), width) / width, SnapToQuarter(Right(), width) / width};
+    const WeekChange change = WeekEdit(g_).ReplaceBar(g_.drag.DragEmployee, g_.drag.DragBar, drawn);
     g_.drag = {};
     g_.drag.IgnoreMouse = true; // nothing more belongs to this gesture
-    return figures;
+    return change.figures;
 }
 
 void TellSchedulingNotPermitted(Prompt& prompt) {
@@ -260,18 +250,8 @@ void TellSchedulingNotPermitted(Prompt& prompt) {
                   "Scheduling not permitted");
 }
 
-bool RefreshRowAfterEdit(GlobalState& g, int e) {
-    const int weekBefore = g.week.WeekQuarters[e];
-    const int dayBefore = g.week.DayQuarters[e];
-    g.week.BarCount[e] = ReadWeekGrid(g.week, e);
-    AddEmployeeToTotals(g, e, -1);
-    CountBars(g.week, e, g.department.DayCutoffQuarters);
-    AddEmployeeToTotals(g, e, 1);
-    return g.week.WeekQuarters[e] != weekBefore || g.week.DayQuarters[e] != dayBefore;
-}
-
 bool DayHasBar(const GlobalState& g, int e) {
-    const DayWindow day = WindowOfDay(g.week.CurrentDay, g.department.DayCutoffQuarters);
+    const DayWindow day = WindowOfDay(g.cursor.CurrentDay, g.department.DayCutoffQuarters);
     for (int b = 1; b <= g.week.BarCount[e]; ++b)
         if (g.week.BarStarts[e][b] >= day.low && g.week.BarStarts[e][b] < day.high) return true;
     return false;
@@ -279,7 +259,7 @@ bool DayHasBar(const GlobalState& g, int e) {
 
 LineMenu ArrangeLineMenu(const GlobalState& g) {
     LineMenu menu;
-    if (DayHasBar(g, g.week.CurrentEmployee)) {
+    if (DayHasBar(g, g.cursor.CurrentEmployee)) {
         menu.CutLine = menu.CopyLine = true;
         menu.AddToShift = g.shifts.ShiftCount < MostShiftsToAdd;
         return menu;

@@ -33,14 +33,13 @@ struct GridChange {
     bool showMarker = false;
 };
 
-/// A gesture may run over several events; its state stands in `GlobalState::drag` and in the two drag values
-/// of the employee.
+/// A gesture may run over several events; its state stands in `GlobalState::drag`.
 class BarDrag {
   public:
     explicit BarDrag(GlobalState& g) : g_(g) {}
 
     /// A press: takes hold of a bar or of one of its ends, begins a new bar on an empty place, or asks for
-    /// the line menu. The bar taken lives in the drag values until the release.
+    /// the line menu. The bar taken stays in its slot until the release.
     GridChange Press(const GridMouse& mouse);
     /// A move, with the button that is held. A drag that reaches a day off or leaves the grid ends there; the
     /// release commits it.
@@ -65,8 +64,8 @@ class BarDrag {
     void ReturnToRow();
     bool Commit();
 
-    Twips& Left() { return g_.week.DayLeftBar[g_.drag.DragEmployee]; }
-    Twips& Right() { return g_.week.DayRightBar[g_.drag.DragEmployee]; }
+    Twips& Left() { return g_.drag.DayLeftBar; }
+    Twips& Right() { return g_.drag.DayRightBar; }
 
     GlobalState& g_;
 };
@@ -76,10 +75,6 @@ Twips SnapToQuarter(Twips value, Twips quarterWidth);
 
 /// The message for who may not change schedules.
 void TellSchedulingNotPermitted(Prompt& prompt);
-
-/// After the bars of an employee were painted into the string of quarters: reads them back, and brings the
-/// employee's quarters and all sums up to date by the difference. True when a figure changed.
-bool RefreshRowAfterEdit(GlobalState& g, int employee);
 
 /// What the line menu of the row in focus offers.
 struct LineMenu {

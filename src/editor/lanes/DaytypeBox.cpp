@@ -2,6 +2,7 @@
 
 #include "editor/lanes/BarDrag.h"
 #include "editor/lanes/GridView.h"
+#include "editor/week/WeekEdit.h"
 #include "platform/basic/Text.h"
 
 namespace tvx {
@@ -16,9 +17,9 @@ DaytypeKey FilterDaytypeKey(int code) {
 
 DaytypeKey TypeDaytype(GlobalState& g, int row, int code) {
     const int e = EmployeeOfRow(g, row);
-    if (g.week.DayOffFlag[g.week.CurrentDay][e]) return {0, DaytypeKey::Refusal::Silent};
+    if (g.week.DayOffFlag[g.cursor.CurrentDay][e]) return {0, DaytypeKey::Refusal::Silent};
     if (!g.rights.SchedulingAllowed) return {0, DaytypeKey::Refusal::NotPermitted};
-    g.week.WeekChanged = true;
+    WeekEdit(g).Touch();
     return FilterDaytypeKey(code);
 }
 
@@ -30,8 +31,8 @@ void TellDaytypeRefusal(Prompt& prompt, DaytypeKey::Refusal refusal) {
 }
 
 void TakeDaytype(GlobalState& g, int row, const std::string& text) {
-    g.week.CurrentEmployee = EmployeeOfRow(g, row);
-    g.week.DayTypeText[g.week.CurrentDay][g.week.CurrentEmployee] = text;
+    g.cursor.CurrentEmployee = EmployeeOfRow(g, row);
+    WeekEdit(g).SetDaytype(g.cursor.CurrentEmployee, g.cursor.CurrentDay, text);
 }
 
 std::string DaytypeTooltip(const Daytypes& daytypes, const std::string& text) {

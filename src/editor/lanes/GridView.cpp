@@ -29,8 +29,8 @@ void SetRows(GlobalState& g) {
     grid.RowCapacity = std::max(1, (g.screen.ScreenHeight - 3820) / grid.RowHeight);
     grid.VisibleRows = std::min(grid.RowCapacity, g.roster.EmployeeCount);
     grid.GridHeight = grid.VisibleRows * grid.RowHeight + 10;
-    grid.TopRow = 0;
-    grid.LastFocusRow = 1;
+    g.cursor.TopRow = 0;
+    g.cursor.LastFocusRow = 1;
 }
 
 void SetScrollRange(GlobalState& g) {
@@ -58,7 +58,7 @@ void DrawBars(const GlobalState& g, int e, Twips top, Drawing& drawing) {
     for (int b = 1; b <= MostBarsRead; ++b) {
         const Twips x1 = XOfQuarter(g.grid, g.week.BarStarts[e][b]);
         const Twips x2 = XOfQuarter(g.grid, g.week.BarStops[e][b]);
-        if (IsInHand(g, e, b)) continue; // its slot is empty until the release
+        if (IsInHand(g, e, b)) continue; // drawn apart until the release
         if (x1 == x2) return;
         Fill(drawing, g.grid, x1, top + LaneTop, x2, top + LaneBottom, colour);
     }
@@ -66,7 +66,7 @@ void DrawBars(const GlobalState& g, int e, Twips top, Drawing& drawing) {
 
 void DrawDaysOff(const GlobalState& g, int e, Twips top, Drawing& drawing) {
     const Grid& grid = g.grid;
-    const int day = g.week.CurrentDay;
+    const int day = g.cursor.CurrentDay;
     const Twips boundary = DayBoundaryX(grid);
     const auto shade = [&](Twips from, Twips to) {
         Fill(drawing, grid, from, top, to, top + DayOffShadeHeight, DayOffShade);
@@ -120,7 +120,7 @@ void SetGridGeometry(GlobalState& g) {
 }
 
 void UpdateScrollX(GlobalState& g) {
-    g.grid.ScrollX = ((g.week.CurrentDay - 1) * QuartersPerDay + g.grid.FirstQuarter) * g.grid.QuarterWidth;
+    g.grid.ScrollX = ((g.cursor.CurrentDay - 1) * QuartersPerDay + g.grid.FirstQuarter) * g.grid.QuarterWidth;
 }
 
 int ScrollToQuarter(GlobalState& g, int value) {
@@ -144,7 +144,7 @@ Twips TopOfRow(const Grid& grid, int row) {
 }
 
 int EmployeeOfRow(const GlobalState& g, int row) {
-    return g.roster.RowOrder[row + g.grid.TopRow];
+    return g.roster.RowOrder[row + g.cursor.TopRow];
 }
 
 int RowOfEmployee(const GlobalState& g, int employee) {
@@ -165,7 +165,7 @@ std::optional<DrawnBox> DrawDragBar(const GlobalState& g) {
     const int e = g.drag.DragEmployee;
     const int row = RowOfEmployee(g, e);
     if (e < 1 || row == 0) return std::nullopt;
-    const auto [left, right] = std::minmax(g.week.DayLeftBar[e], g.week.DayRightBar[e]);
+    const auto [left, right] = std::minmax(g.drag.DayLeftBar, g.drag.DayRightBar);
     const Twips from = std::clamp(left - g.grid.ScrollX, 0, g.grid.GridWidth);
     const Twips to = std::clamp(right - g.grid.ScrollX, 0, g.grid.GridWidth);
     if (from >= to) return std::nullopt;
@@ -175,11 +175,11 @@ std::optional<DrawnBox> DrawDragBar(const GlobalState& g) {
 
 std::string DragTimeText(const GlobalState& g) {
     const int e = g.drag.DragEmployee;
-    if (e < 1 || g.week.DayLeftBar[e] == g.week.DayRightBar[e]) return "";
-    const auto [left, right] = std::minmax(g.week.DayLeftBar[e], g.week.DayRightBar[e]);
+    if (e < 1 || g.drag.DayLeftBar == g.drag.DayRightBar) return "";
+    const auto [left, right] = std::minmax(g.drag.DayLeftBar, g.drag.DayRightBar);
     const auto clock = [&](Twips x) {
         const int quarter =
-            std::max(0, SnappedQuarter(x, g.grid.QuarterWidth) - (g.week.CurrentDay - 1) * QuartersPerDay);
+            std::max(0, SnappedQuarter(x, g.grid.QuarterWidth) - (g.cursor.CurrentDay - 1) * QuartersPerDay);
         return Trim(QuarterToClockText(quarter, g.application.Settings[setting::ClockStyle]));
     };
     return clock(left) + " - " + clock(right);
@@ -188,8 +188,8 @@ std::string DragTimeText(const GlobalState& g) {
 void DrawAvailability(const GlobalState& g, int row, Drawing& drawing) {
     const Grid& grid = g.grid;
     const int e = EmployeeOfRow(g, row);
-    if (!grid.AvailabilityShown || g.week.DayOffFlag[g.week.CurrentDay][e]) return;
-    const DaySerial shown = g.week.WeekStartJulian + g.week.CurrentDay - 1;
+    if (!grid.AvailabilityShown || g.week.DayOffFlag[g.cursor.CurrentDay][e]) return;
+    const DaySerial shown = g.week.WeekStartJulian + g.cursor.CurrentDay - 1;
     const int offset = Weekday(shown) * QuartersPerDay + grid.FirstQuarter - QuartersPerDay;
     const Twips top = TopOfRow(grid, row);
     for (int slot = 1; slot <= std::min(g.roster.AvailabilityCount[e], AvailabilitySlots); ++slot) {
@@ -233,7 +233,8 @@ void ShowHeadcount(const GlobalState& g, const TextWidth& widthOf, Drawing& draw
     if (!g.grid.HeadcountShown) return;
     constexpr Twips RightMargin = 150;
     Fill(drawing, g.grid, 0, 240, g.grid.GridWidth, 480, QBColor(0));
-    for (const HeadcountFigure& figure : HeadcountFigures(g))
+    for (const HeadcountFigure& figure :
+         HeadcountFigures(g.week, g.grid, g.cursor.CurrentDay, g.department.DayCutoffQuarters))
         if (figure.x + widthOf(figure.text) / 2 <= g.grid.GridWidth - RightMargin)
             drawing.texts.push_back({figure.x, 250, figure.text, QBColor(15)});
 }
@@ -253,8 +254,8 @@ std::array<HeaderColumn, 8> DayHeader(const GlobalState& g, const Region& region
         columns[d].weekday = region.Names().weekdays[Weekday(date)];
         columns[d].date = wide ? region.MediumDate(date) : region.ShortDate(date);
         if (number) columns[d].weekNumber = std::to_string(*number);
-        columns[d].selected = d == g.week.CurrentDay;
-        columns[d].memo = g.week.DayMemoFlag[d];
+        columns[d].selected = d == g.cursor.CurrentDay;
+        columns[d].memo = g.figures.DayMemoFlag[d];
     }
     return columns;
 }

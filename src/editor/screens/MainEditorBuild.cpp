@@ -205,8 +205,8 @@ void MainEditorForm::BuildRow(QWidget& sheet, int row) {
                               g_.department.DayOffNamePlural + " calendar"));
     name.onHover = [=, this] { HighlightRow(row); };
     name.onPress = [=, this](Qt::MouseButton) {
-        g_.week.CurrentRow = row;
-        g_.week.CurrentEmployee = EmployeeOfRow(g_, row);
+        g_.cursor.CurrentRow = row;
+        g_.cursor.CurrentEmployee = EmployeeOfRow(g_, row);
     };
     Label& value = Add(Label10, "Label10", row, "", &sheet);
     Label& day = Add(Label23, "Label23", row, "", &sheet);

@@ -4,8 +4,10 @@
 #include "editor/RowValues.h"
 #include "editor/lanes/DaytypeBox.h"
 #include "editor/screens/TotalsForm.h"
+#include "editor/week/DayShifts.h"
 #include "editor/week/LoadWeek.h"
 #include "editor/week/SaveWeek.h"
+#include "editor/week/WeekEdit.h"
 #include "masterdata/StoredShifts.h"
 #include "masterdata/files/ProductivityFile.h"
 #include "masterdata/files/ShiftFile.h"
@@ -22,7 +24,7 @@ namespace tvx::qt {
 MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, EditorScreens& screens, Form* owner)
     : Form(ports, "Form1", owner), g_(g), screens_(screens), menuModel_(EditorMenus(g)), drag_(g) {
     RemoveCancelMenuItem();
-    g_.week.CurrentDay = 1;
+    g_.cursor.CurrentDay = 1;
     g_.grid.ShowOption = g_.grid.PreviousShowOption = g_.roster.AllDepartmentsMode ? 11 : 1;
     g_.grid.AvailabilityShown = g_.grid.HeadcountShown = false;
     g_.drag = {};
@@ -114,7 +116,7 @@ void MainEditorForm::Choose(const std::string& entry) {
 void MainEditorForm::Save() {
     SaveWeek(g_, ports_, *gauge_, [this] { drag_.Settle(); });
     ShowRows();
-    FocusRow(g_.grid.LastFocusRow);
+    FocusRow(g_.cursor.LastFocusRow);
 }
 
 void MainEditorForm::GoToWeek(int direction) {
@@ -122,7 +124,7 @@ void MainEditorForm::GoToWeek(int direction) {
             g_, ports_, *gauge_, [this] { drag_.Settle(); }, direction))
         return;
     SelectDay();
-    FocusRow(g_.grid.LastFocusRow);
+    FocusRow(g_.cursor.LastFocusRow);
 }
 
 void MainEditorForm::LeaveEditor() {
@@ -132,14 +134,14 @@ void MainEditorForm::LeaveEditor() {
 }
 
 void MainEditorForm::ChooseDay(int day) {
-    g_.week.CurrentDay = day;
+    g_.cursor.CurrentDay = day;
     SelectDay();
 }
 
 void MainEditorForm::SelectDay() {
     drag_.Settle();
     UpdateScrollX(g_);
-    SumDay(g_);
+    WeekEdit(g_).ShowDay(g_.cursor.CurrentDay);
     DrawDayHeader();
     ShowTitle();
     ShowMenus();
@@ -148,7 +150,7 @@ void MainEditorForm::SelectDay() {
     ShowRuler();
     Picture1->update();
     ports_.prompt.MousePointer(Pointer::Default);
-    g_.week.CurrentRow = g_.grid.LastFocusRow;
+    g_.cursor.CurrentRow = g_.cursor.LastFocusRow;
 }
 
 void MainEditorForm::ChooseOption(int option) {
@@ -174,20 +176,20 @@ void MainEditorForm::ShowTotalsBox() {
 
 void MainEditorForm::PickDaytype() {
     drag_.Settle();
-    g_.week.CurrentRow = g_.grid.LastFocusRow;
-    g_.week.CurrentEmployee = EmployeeOfRow(g_, g_.week.CurrentRow);
-    if (g_.week.DayOffFlag[g_.week.CurrentDay][g_.week.CurrentEmployee]) return ports_.prompt.Beep();
+    g_.cursor.CurrentRow = g_.cursor.LastFocusRow;
+    g_.cursor.CurrentEmployee = EmployeeOfRow(g_, g_.cursor.CurrentRow);
+    if (g_.week.DayOffFlag[g_.cursor.CurrentDay][g_.cursor.CurrentEmployee]) return ports_.prompt.Beep();
     g_.listDialog.DayTypeRequest = static_cast<int>(ListRequest::Drop);
     g_.listDialog.DayTypeCaller = "Main";
     screens_.OpenDaytypes(*this);
     ShowRows();
-    FocusRow(g_.grid.LastFocusRow);
+    FocusRow(g_.cursor.LastFocusRow);
 }
 
 void MainEditorForm::PickShift() {
     drag_.Settle();
-    g_.week.CurrentRow = g_.grid.LastFocusRow;
-    g_.week.CurrentEmployee = EmployeeOfRow(g_, g_.week.CurrentRow);
+    g_.cursor.CurrentRow = g_.cursor.LastFocusRow;
+    g_.cursor.CurrentEmployee = EmployeeOfRow(g_, g_.cursor.CurrentRow);
     g_.listDialog.DayTypeRequest = static_cast<int>(ListRequest::Drop);
     g_.listDialog.DayTypeCaller = "Main";
     g_.listDialog.SelectedDayType = 0;
@@ -198,31 +200,32 @@ void MainEditorForm::PickShift() {
 }
 
 void MainEditorForm::StoreShift() {
-    TakeShiftFromDay(g_);
+    TakeShiftFromDay(g_.week, g_.cursor.CurrentEmployee, g_.cursor.CurrentDay, g_.shifts);
     g_.listDialog.DayTypeRequest = static_cast<int>(ListRequest::Add);
     g_.listDialog.DayTypeCaller = "Main";
     screens_.OpenShifts(*this);
     g_.clipboard.ClipFull = false;
     ShowMenus();
-    FocusRow(g_.week.CurrentRow);
+    FocusRow(g_.cursor.CurrentRow);
 }
 
 void MainEditorForm::PasteStoredShift(int index) {
-    g_.week.CurrentEmployee = EmployeeOfRow(g_, g_.week.CurrentRow);
-    if (PasteShift(g_, index) == PasteResult::Occupied) ports_.prompt.Beep();
-    ShowRowValue(g_.week.CurrentRow);
+    g_.cursor.CurrentEmployee = EmployeeOfRow(g_, g_.cursor.CurrentRow);
+    const PasteResult result = PasteShift(g_, index);
+    if (result == PasteResult::NotPermitted) TellSchedulingNotPermitted(ports_.prompt);
+    if (result == PasteResult::Occupied || result == PasteResult::Full) ports_.prompt.Beep();
+    ShowRowValue(g_.cursor.CurrentRow);
     ShowTotals();
     ShowRuler();
-    Picture1->UpdateRow(g_.week.CurrentRow);
-    FocusRow(g_.week.CurrentRow);
+    Picture1->UpdateRow(g_.cursor.CurrentRow);
+    FocusRow(g_.cursor.CurrentRow);
 }
 
 void MainEditorForm::OpenSchedules(const char* kind) {
     drag_.Settle();
     g_.application.FormCommand = kind;
     screens_.OpenSchedules(*this);
-    SelectDay(); // a report drops the bars of days off
-    FocusRow(g_.grid.LastFocusRow);
+    FocusRow(g_.cursor.LastFocusRow);
 }
 
 void MainEditorForm::TellHowToSeeOneWeek() {
@@ -246,7 +249,7 @@ void MainEditorForm::ScrollDay(int value) {
 void MainEditorForm::ScrollRows(int value) {
     if (scrollLock_) return;
     drag_.Settle();
-    g_.grid.TopRow = value;
+    g_.cursor.TopRow = value;
     Label20->setText(value != 0 ? QStringLiteral("First page") : QStringLiteral("Last page"));
     ShowRows();
     Picture1->update();
@@ -289,14 +292,14 @@ void MainEditorForm::Follow(const GridChange& change) {
     if (change.hideMarker) markerX_ = -1;
     if (change.markerMoved) markerX_ = change.markerX;
     if (change.hideMarker || change.markerMoved) Picture2->update();
-    if (change.ghost || change.lane) Picture1->UpdateRow(g_.week.CurrentRow);
+    if (change.ghost || change.lane) Picture1->UpdateRow(g_.cursor.CurrentRow);
     if (change.ghost || change.lane) dragTime_->SetText(g_.drag.GestureOpen ? DragTimeText(g_) : "");
     if (change.lane) {
-        ShowRowValue(g_.week.CurrentRow);
+        ShowRowValue(g_.cursor.CurrentRow);
         if (g_.grid.HeadcountShown) ShowRuler();
     }
     if (change.totals) ShowTotals();
-    if (change.focusRow) FocusRow(g_.week.CurrentRow);
+    if (change.focusRow) FocusRow(g_.cursor.CurrentRow);
     if (change.lineMenu) OpenLineMenu();
 }
 
@@ -345,18 +348,17 @@ void MainEditorForm::ConnectDaytypeBox(int row) {
     box.keyFilter = Guarded([=, this](int code) { return TypeInto(row, code); });
     box.pasteFilter = [=, this](int code) {
         const bool closed =
-            g_.week.DayOffFlag[g_.week.CurrentDay][EmployeeOfRow(g_, row)] || !g_.rights.SchedulingAllowed;
+            g_.week.DayOffFlag[g_.cursor.CurrentDay][EmployeeOfRow(g_, row)] || !g_.rights.SchedulingAllowed;
         return closed ? 0 : FilterDaytypeKey(code).code;
     };
     box.onKeyUp = Guarded([=, this] {
         const int e = EmployeeOfRow(g_, row);
         const std::string text = Text1[row].Text();
-        if (text == g_.week.DayTypeText[g_.week.CurrentDay][e]) return;
-        g_.week.WeekChanged = true; // text can come in without a key
+        if (text == g_.week.DayTypeText[g_.cursor.CurrentDay][e]) return;
         TakeDaytype(g_, row, text);
     });
     box.onVerticalArrow = [=, this](int direction) { FocusRow(NeighbourRow(g_.grid, row, direction)); };
-    box.onFocus = [=, this] { g_.week.CurrentRow = g_.grid.LastFocusRow = row; };
+    box.onFocus = [=, this] { g_.cursor.CurrentRow = g_.cursor.LastFocusRow = row; };
     box.onHover = [=, this] {
         Text1[row].setToolTip(ToQString(DaytypeTooltip(g_.daytypes, Text1[row].Text())));
     };

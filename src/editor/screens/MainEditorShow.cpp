@@ -27,7 +27,7 @@ void MainEditorForm::ShowTitle() {
 void MainEditorForm::DrawDayHeader() {
     pctWeekday->Show(DayHeader(g_, ports_.region, pctWeekday->IsWide()));
     for (int d = 1; d <= 7; ++d)
-        if (g_.week.DayMemoFlag[d]) pctWeekday->imMemo[d].setToolTip(ToQString(g_.week.DayMemoText[d]));
+        if (g_.figures.DayMemoFlag[d]) pctWeekday->imMemo[d].setToolTip(ToQString(g_.figures.DayMemoText[d]));
 }
 
 void MainEditorForm::ShowMenus() {
@@ -46,7 +46,7 @@ void MainEditorForm::ShowRow(int row) {
     Label9[row].SetText(name);
     const bool lit = row == highlighted_;
     Label9[row].SetColours(QBColor(lit ? 15 : 0), lit ? QBColor(9) : LightBlue);
-    Text1[row].SetText(g_.week.DayTypeText[g_.week.CurrentDay][e]);
+    Text1[row].SetText(g_.week.DayTypeText[g_.cursor.CurrentDay][e]);
     Text1[row].setAccessibleName(ToQString("Daytype of " + name));
     ShowRowValue(row);
 }
@@ -88,13 +88,13 @@ void MainEditorForm::ShowTotals() {
 }
 
 void MainEditorForm::RefreshTotalsLabels() {
-    const auto texts = TotalsTexts(g_);
+    const auto texts = TotalsTexts(g_.totals, g_.rights, g_.application);
     for (int i = 0; i < 4; ++i) Label15[i].SetText(texts[i]);
 }
 
 /// The labor figures, which show only in a week that has sales or transactions.
 void MainEditorForm::ShowProductivity() {
-    const bool figures = g_.week.HasDepartmentFigures;
+    const bool figures = g_.figures.HasDepartmentFigures;
     const auto texts = ProductivityTexts(g_);
     for (int i = 0; figures && i < 6; ++i) Label1[i].SetText(texts[i]);
     for (const auto& [index, label] : Label1) label->setVisible(figures);

@@ -2,6 +2,8 @@
 
 #include "editor/week/StoredDays.h"
 #include "editor/week/Totals.h"
+#include "editor/week/Undo.h"
+#include "editor/week/WeekEdit.h"
 #include "editor/week/WeekModel.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
@@ -12,36 +14,31 @@
 namespace tvx {
 namespace {
 
-void EmptyFigures(GlobalState& g) {
-    g.week.DailySales.fill(0);
-    g.week.DailyTransactions.fill(0);
-    g.week.DayMemoText.fill("");
-    g.week.DayMemoFlag.fill(false);
-    g.week.HasDepartmentFigures = false;
-    g.totals.SalesDays = 0;
-    g.totals.SalesTotal = g.totals.TransactionsTotal = 0;
+void EmptyFigures(DepartmentFigures& figures, Totals& totals) {
+    figures = {};
+    SumFigures(figures, totals);
 }
 
-void EmptyWeek(GlobalState& g) {
-    const int day = g.week.CurrentDay;
-    g.week.Resize(g.roster.EmployeeCount);
-    g.week.CurrentDay = day;
+void EmptyWeek(GlobalState& g, Week& week) {
+    week.Resize(g.roster.EmployeeCount);
+    g.cursor.CurrentRow = 1;
+    g.cursor.CurrentEmployee = 0;
     g.totals = {};
     g.clipboard.ClipFull = false;
     g.drag = {};
-    EmptyFigures(g);
+    ForgetSteps(g.steps);
 }
 
-void NameDays(GlobalState& g, const Region& region, DaySerial firstSerial) {
-    g.week.WeekStartJulian = firstSerial;
-    g.week.WeekEndJulian = firstSerial + 6;
-    for (int d = 1; d <= 7; ++d)
-        g.week.WeekDateTexts[d] = DateText(firstSerial + d - 1, g.application.DateFormatSetting, region);
+void NameWeek(Week& week, DaySerial firstSerial, int depNumber, const std::string& dateFormat,
+              const Region& region) {
+    week.LoadedDepNumber = depNumber;
+    week.WeekStartJulian = firstSerial;
+    week.WeekEndJulian = firstSerial + 6;
+    for (int d = 1; d <= 7; ++d) week.WeekDateTexts[d] = DateText(firstSerial + d - 1, dateFormat, region);
 }
 
-void TakeEmployee(GlobalState& g, int e, const std::array<StoredDay, DaysInSpan + 1>& days,
-                  bool dropDaysOff) {
-    Week& week = g.week;
+void TakeEmployee(Week& week, const Payroll& payroll, int e,
+                  const std::array<StoredDay, DaysInSpan + 1>& days, bool dropDaysOff) {
     bool scheduled = false;
     ClearWeekGrid(week);
     for (int d = 1; d <= DaysInSpan; ++d) {
@@ -54,23 +51,15 @@ void TakeEmployee(GlobalState& g, int e, const std::array<StoredDay, DaysInSpan 
     }
     if (!scheduled) return;
     week.BarCount[e] = ReadWeekGrid(week, e);
-    CountBars(week, e, g.department.DayCutoffQuarters);
-    AddEmployeeToTotals(g, e, 1);
+    CountBars(week, e, payroll.cutoffQuarters);
+    AddEmployeeToTotals(week, payroll, e, 1);
 }
 
-void TakeFigures(GlobalState& g, const DepartmentDayRow& row) {
-    Week& week = g.week;
-    const int d = row.day - week.WeekStartJulian + 1;
-    week.DailySales[d] = row.sales;
-    week.DailyTransactions[d] = row.transactions;
-    if (row.sales > 0) {
-        g.totals.SalesTotal += row.sales;
-        ++g.totals.SalesDays;
-    }
-    if (row.transactions > 0) g.totals.TransactionsTotal += row.transactions;
-    if (row.sales > 0 || row.transactions > 0) week.HasDepartmentFigures = true;
-    week.DayMemoText[d] = row.remarks;
-    week.DayMemoFlag[d] = !Trim(row.remarks).empty();
+void TakeFigures(const DepartmentDayRow& row, int d, DepartmentFigures& figures) {
+    figures.DailySales[d] = row.sales;
+    figures.DailyTransactions[d] = row.transactions;
+    figures.DayMemoText[d] = row.remarks;
+    figures.DayMemoFlag[d] = !Trim(row.remarks).empty();
 }
 
 void ReadFigures(GlobalState& g) {
@@ -78,7 +67,8 @@ void ReadFigures(GlobalState& g) {
     const DaySerial first = g.week.WeekStartJulian;
     for (const DepartmentDayRow& row :
          ReadDepartmentDayRows(g.store.Open(), g.department.CurrentDepNumber, first, first + 6))
-        TakeFigures(g, row);
+        TakeFigures(row, row.day - first + 1, g.figures);
+    SumFigures(g.figures, g.totals);
 }
 
 } // namespace
@@ -87,25 +77,27 @@ void LoadWeek(GlobalState& g, Ports& ports, DaySerial firstSerial, bool dropDays
     const Hourglass hourglass(ports.prompt);
     const dao::Snapshot snapshot(g.store.Open());
     const StoredWeek stored = ReadStoredWeek(g.store.Open(), g.roster, firstSerial);
-    EmptyWeek(g);
-    NameDays(g, ports.region, firstSerial);
+    Week& week = g.loadedWeek.week_;
+    EmptyWeek(g, week);
+    EmptyFigures(g.figures, g.totals);
+    NameWeek(week, firstSerial, g.department.CurrentDepNumber, g.application.DateFormatSetting, ports.region);
+    week.SummedDay = g.cursor.CurrentDay;
     for (int row = 1; row <= g.roster.EmployeeCount; ++row) {
         const int e = g.roster.EmployeeRowIndex[row];
-        TakeEmployee(g, e, stored[e], dropDaysOff);
+        TakeEmployee(week, PayrollOf(g), e, stored[e], dropDaysOff);
     }
-    g.week.WeekChanged = false;
+    week.IsLoaded = true;
     try {
         ReadFigures(g);
     } catch (const dao::DaoError&) {
-        EmptyFigures(g); // the schedule can be worked on without the figures
+        EmptyFigures(g.figures, g.totals); // the schedule can be worked on without the figures
     }
 }
 
 void LoadWeekOf(GlobalState& g, Ports& ports, DaySerial date) {
     const DaySerial first = FirstDayOfWeek(date, g.department.FirstWeekday);
     LoadWeek(g, ports, first);
-    g.week.CurrentDay = date - first + 1;
-    SumDay(g);
+    WeekEdit(g).ShowDay(date - first + 1);
 }
 
 } // namespace tvx

@@ -1,5 +1,6 @@
 #include "editor/week/RosterBuilder.h"
 
+#include "editor/week/Undo.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
@@ -87,13 +88,20 @@ void RequireUsableKeys(const std::vector<EmployeeRow>& rows) {
                                        " is not 1 to 32767.");
 }
 
-void FillRoster(GlobalState& g, const std::vector<EmployeeRow>& rows) {
-    RequireUsableKeys(rows);
-    ResizeRoster(g.roster, static_cast<int>(rows.size()));
-    g.week.Resize(g.roster.EmployeeCount);
+void EmptyWeekFor(GlobalState& g, Week& week) {
+    week.Resize(g.roster.EmployeeCount);
+    g.cursor.CurrentRow = 1;
+    g.cursor.CurrentEmployee = 0;
+    ForgetSteps(g.steps);
     g.drag = {};
     g.totals = {};
     g.TotalSalaries = 0;
+}
+
+void FillRoster(GlobalState& g, Week& week, const std::vector<EmployeeRow>& rows) {
+    RequireUsableKeys(rows);
+    ResizeRoster(g.roster, static_cast<int>(rows.size()));
+    EmptyWeekFor(g, week);
     int e = 0;
     for (const EmployeeRow& row : rows) {
         FillRow(row, g, ++e);
@@ -119,7 +127,7 @@ RosterResult BuildRoster(GlobalState& g) {
         KeepSharedIds(rows);
         if (rows.empty()) return RosterResult::NoSharedIds;
     }
-    FillRoster(g, rows);
+    FillRoster(g, g.loadedWeek.week_, rows);
     return RosterResult::Ready;
 }
 

@@ -2,11 +2,14 @@
 
 #include "editor/week/LoadWeek.h"
 #include "editor/week/StoredDays.h"
+#include "editor/week/WeekEdit.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
 #include "shell/common/TVXMOD1.h"
 #include "store/Troubles.h"
+
+#include <stdexcept>
 
 namespace tvx {
 namespace {
@@ -16,10 +19,10 @@ const std::string TwoBlanks(WidestSymbol, ' ');
 const std::string EmptyText(StartsStopsLength, ' ');
 
 /// What the row of one employee and day is to hold; its rate is not yet told.
-DayRow WantedOf(const Roster& roster, const Week& week, int e, int d) {
+DayRow WantedOf(const Roster& roster, const Week& week, DaySerial firstSerial, int e, int d) {
     int quarters = 0;
     DayRow wanted;
-    wanted.day = week.WeekStartJulian + d - 1;
+    wanted.day = firstSerial + d - 1;
     wanted.employee = roster.RosterEmployeeKey[e];
     wanted.dayType = week.DayTypeText[d][e];
     wanted.startsStops = StartsStopsOf(week, e, d, quarters);
@@ -74,51 +77,59 @@ void WriteDay(DayTable& table, const Roster& roster, int e, DayRow wanted, const
     }
 }
 
-void WriteRows(dao::Database& database, DayTable& table, const Roster& roster, const Week& week) {
+void WriteRows(dao::Database& database, DayTable& table, const Roster& roster, const Week& week,
+               DaySerial firstSerial) {
     dao::Transaction transaction(database);
-    const StoredWeek stored = ReadStoredWeek(database, roster, week.WeekStartJulian);
+    const StoredWeek stored = ReadStoredWeek(database, roster, firstSerial);
     for (int row = 1; row <= roster.EmployeeCount; ++row) {
         const int e = roster.EmployeeRowIndex[row];
         for (int d = 1; d <= DaysInSpan; ++d)
-            WriteDay(table, roster, e, WantedOf(roster, week, e, d), stored[e][d]);
+            WriteDay(table, roster, e, WantedOf(roster, week, firstSerial, e, d), stored[e][d]);
     }
     transaction.Commit();
 }
 
-bool TryToWrite(GlobalState& g, Ports& ports) {
-    const Hourglass hourglass(ports.prompt);
+bool TryToWrite(Store& store, const Roster& roster, Prompt& prompt, const Week& week, DaySerial firstSerial) {
+    const Hourglass hourglass(prompt);
     Occasion occasion = Occasion::BeginningSave;
     try {
-        DayTable table(g.store.Open());
+        DayTable table(store.Open());
         occasion = Occasion::Saving;
-        WriteRows(g.store.Open(), table, g.roster, g.week);
+        WriteRows(store.Open(), table, roster, week, firstSerial);
         return true;
     } catch (const dao::DaoError& trouble) {
-        TellTrouble(ports.prompt, TroubleOf(occasion, trouble, "schedule"));
+        TellTrouble(prompt, TroubleOf(occasion, trouble, "schedule"));
         return false;
     }
 }
 
 } // namespace
 
-void WriteWeek(dao::Database& database, const Roster& roster, const Week& week) {
+void WriteWeek(dao::Database& database, const Roster& roster, const Week& week, DaySerial firstSerial) {
+    if (!week.IsLoaded) throw std::logic_error("A week that is not loaded cannot be saved.");
     DayTable table(database);
-    WriteRows(database, table, roster, week);
+    WriteRows(database, table, roster, week, firstSerial);
 }
 
-bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle) {
+bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle, const Week& week,
+              DaySerial firstSerial) {
+    if (!week.IsLoaded) return false;
     gauge.Flood(0);
     gauge.Show(true);
     ports.prompt.DoEvents();
     settle(); // events may have taken hold of a bar
-    const bool saved = TryToWrite(g, ports);
+    const bool saved = TryToWrite(g.store, g.roster, ports.prompt, week, firstSerial);
     if (saved) {
         // Before the flood lets events run: what is edited meanwhile is a change again.
-        g.week.WeekChanged = false;
+        if (&week == &g.week && firstSerial == week.WeekStartJulian) WeekEdit(g).Saved();
         FloodTwentySteps(ports.clock, ports.prompt, [&](int percent) { gauge.Flood(percent); });
     }
     gauge.Show(false);
     return saved;
+}
+
+bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle) {
+    return SaveWeek(g, ports, gauge, settle, g.week, g.week.WeekStartJulian);
 }
 
 bool MayLeaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle,
@@ -137,7 +148,7 @@ bool MayLeaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGestur
 
 bool GoToNeighbourWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle,
                        int direction) {
-    if (!MayLeaveWeek(g, ports, gauge, settle, "You made changes")) return false;
+    if (!g.week.IsLoaded || !MayLeaveWeek(g, ports, gauge, settle, "You made changes")) return false;
     LoadWeek(g, ports, g.week.WeekStartJulian + 7 * direction);
     return true;
 }

@@ -14,14 +14,19 @@ namespace tvx {
 /// is asked about or written.
 using SettleGesture = std::function<void()>;
 
-/// Writes days 1 to 8 of every roster row to `Day Schedule` in one transaction: a row for each employee and
-/// day that holds anything, none otherwise; only rows that differ from what stands there now are touched. A
-/// day off keeps its row and stores no working time. A row that carries a rate keeps it.
-/// Throws DaoError and changes no row if the store refuses. Leaves the model and `WeekChanged` alone.
-void WriteWeek(dao::Database& database, const Roster& roster, const Week& week);
+/// Writes days 1 to 8 of every roster row to `Day Schedule`, day 1 under the date `firstSerial`, in one
+/// transaction: a row for each employee and day that holds anything, none otherwise; only rows that differ
+/// from what stands there now are touched. A day off in the store keeps its row and stores no working time. A
+/// row that carries a rate keeps it. Throws DaoError and changes no row if the store refuses, logic_error for
+/// a week that is not loaded. Leaves the model and `WeekChanged` alone.
+void WriteWeek(dao::Database& database, const Roster& roster, const Week& week, DaySerial firstSerial);
 
-/// WriteWeek with its gauge and its boxes. True when the week was saved; `WeekChanged` is then False. After a
-/// refusal the model is untouched, and the person saves again.
+/// WriteWeek with its gauge and its boxes. True when the week was saved; when it is the loaded one and went
+/// to its own date, `WeekChanged` is then False. After a refusal the model is untouched, and the person saves
+/// again. False, without a word, for a week that is not loaded.
+bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle, const Week& week,
+              DaySerial firstSerial);
+/// The loaded week to its own date.
 bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle);
 
 /// Before a changed week is left: asks "Save the changes first?" and saves on Yes. True when the week may be
@@ -30,7 +35,7 @@ bool MayLeaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGestur
                   const std::string& title);
 
 /// The week arrows: -1 or 1. Asks before a changed week is left; stays when it is not to be left. True when
-/// another week was loaded.
+/// another week was loaded, False also when there is none to go from.
 bool GoToNeighbourWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle,
                        int direction);
 

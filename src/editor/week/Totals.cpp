@@ -26,6 +26,11 @@ void ZeroDaySums(Totals& totals) {
     totals.TotalDayWages = 0;
 }
 
+void ZeroWeekSums(Totals& totals) {
+    totals.TotalWeekQuarters = totals.WageWeekQuarters = totals.SalaryWeekQuarters = 0;
+    totals.TotalWeekWages = 0;
+}
+
 /// Adds an amount of money to a sum and holds it at four decimals: however often amounts are taken out and
 /// put back, the sum is the one that a count from scratch gives.
 void AddMoney(double& sum, double amount) {
@@ -34,18 +39,22 @@ void AddMoney(double& sum, double amount) {
     if (std::fabs(sum) < MoreThanAnyPayroll) sum = Currency::FromAmount(sum).Amount();
 }
 
-void AddDay(GlobalState& g, int e, int sign) {
-    const long quarters = static_cast<long>(sign) * g.week.DayQuarters[e];
-    (g.roster.IsPaidByHour(e) ? g.totals.WageDayQuarters : g.totals.SalaryDayQuarters) += quarters;
-    g.totals.TotalDayQuarters += quarters;
-    AddMoney(g.totals.TotalDayWages, sign * WagesForQuarters(g.roster, g.rights, e, g.week.DayQuarters[e]));
+void AddDay(const Week& week, const Payroll& payroll, int e, int sign) {
+    Totals& totals = payroll.totals;
+    const long quarters = static_cast<long>(sign) * week.DayQuarters[e];
+    (payroll.roster.IsPaidByHour(e) ? totals.WageDayQuarters : totals.SalaryDayQuarters) += quarters;
+    totals.TotalDayQuarters += quarters;
+    AddMoney(totals.TotalDayWages,
+             sign * WagesForQuarters(payroll.roster, payroll.rights, e, week.DayQuarters[e]));
 }
 
-void AddWeek(GlobalState& g, int e, int sign) {
-    const long quarters = static_cast<long>(sign) * g.week.WeekQuarters[e];
-    (g.roster.IsPaidByHour(e) ? g.totals.WageWeekQuarters : g.totals.SalaryWeekQuarters) += quarters;
-    g.totals.TotalWeekQuarters += quarters;
-    AddMoney(g.totals.TotalWeekWages, sign * WagesForQuarters(g.roster, g.rights, e, g.week.WeekQuarters[e]));
+void AddWeek(const Week& week, const Payroll& payroll, int e, int sign) {
+    Totals& totals = payroll.totals;
+    const long quarters = static_cast<long>(sign) * week.WeekQuarters[e];
+    (payroll.roster.IsPaidByHour(e) ? totals.WageWeekQuarters : totals.SalaryWeekQuarters) += quarters;
+    totals.TotalWeekQuarters += quarters;
+    AddMoney(totals.TotalWeekWages,
+             sign * WagesForQuarters(payroll.roster, payroll.rights, e, week.WeekQuarters[e]));
 }
 
 bool IsOver(int quarters, const std::string& limit) {
@@ -93,7 +102,7 @@ void AddBarToTotals(Week& week, int e, int bar, int cutoffQuarters) {
     const int stop = std::min(week.BarStops[e][bar], businessWeek.high);
     if (start >= stop) return;
     week.WeekQuarters[e] += stop - start;
-    week.DayQuarters[e] += QuartersWithin(start, stop, WindowOfDay(week.CurrentDay, cutoffQuarters));
+    week.DayQuarters[e] += QuartersWithin(start, stop, WindowOfDay(week.SummedDay, cutoffQuarters));
 }
 
 void CountBars(Week& week, int e, int cutoffQuarters) {
@@ -109,42 +118,74 @@ int QuartersOnDay(const Week& week, int e, int day, int cutoffQuarters) {
     return quarters;
 }
 
-void AddEmployeeToTotals(GlobalState& g, int e, int sign) {
-    AddDay(g, e, sign);
-    AddWeek(g, e, sign);
+int QuartersOnDay(const WeekBars& bars, int day, int cutoffQuarters) {
+    int quarters = 0;
+    const DayWindow window = WindowOfDay(day, cutoffQuarters);
+    for (const WeekBar& bar : bars) quarters += QuartersWithin(bar.start, bar.stop, window);
+    return quarters;
 }
 
-void SumDay(GlobalState& g) {
-    ZeroDaySums(g.totals);
-    for (int e = 1; e <= g.roster.EmployeeCount; ++e) {
-        g.week.DayQuarters[e] = QuartersOnDay(g.week, e, g.week.CurrentDay, g.department.DayCutoffQuarters);
-        AddDay(g, e, 1);
+Payroll PayrollOf(GlobalState& g) {
+    return {g.roster, g.rights, g.totals, g.department.DayCutoffQuarters};
+}
+
+void AddEmployeeToTotals(const Week& week, const Payroll& payroll, int e, int sign) {
+    AddDay(week, payroll, e, sign);
+    AddWeek(week, payroll, e, sign);
+}
+
+void SumDay(Week& week, const Payroll& payroll, int day) {
+    ZeroDaySums(payroll.totals);
+    week.SummedDay = day;
+    for (int e = 1; e <= payroll.roster.EmployeeCount; ++e) {
+        week.DayQuarters[e] = QuartersOnDay(week, e, day, payroll.cutoffQuarters);
+        AddDay(week, payroll, e, 1);
     }
 }
 
-void SumWeek(GlobalState& g) {
-    ZeroDaySums(g.totals);
-    g.totals.TotalWeekQuarters = g.totals.WageWeekQuarters = g.totals.SalaryWeekQuarters = 0;
-    g.totals.TotalWeekWages = 0;
-    for (int e = 1; e <= g.roster.EmployeeCount; ++e) {
-        CountBars(g.week, e, g.department.DayCutoffQuarters);
-        AddEmployeeToTotals(g, e, 1);
+void SumWeek(Week& week, const Payroll& payroll, int day) {
+    ZeroDaySums(payroll.totals);
+    ZeroWeekSums(payroll.totals);
+    week.SummedDay = day;
+    for (int e = 1; e <= payroll.roster.EmployeeCount; ++e) {
+        CountBars(week, e, payroll.cutoffQuarters);
+        AddEmployeeToTotals(week, payroll, e, 1);
     }
 }
 
-std::array<std::string, 4> TotalsTexts(const GlobalState& g) {
-    const std::string& style = g.application.Settings[setting::TimeFormat];
-    const auto money = [&](double amount) { return g.rights.HideWages ? "" : " " + Format(amount, ".00"); };
-    return {QuartersToText(g.totals.TotalDayQuarters, style),
-            QuartersToText(g.totals.TotalWeekQuarters, style), money(g.totals.TotalDayWages),
-            money(g.totals.TotalWeekWages)};
+bool SumsAreRight(const Week& week, const Payroll& payroll) {
+    Week counted = week;
+    Totals fresh = payroll.totals;
+    SumWeek(counted, {payroll.roster, payroll.rights, fresh, payroll.cutoffQuarters}, week.SummedDay);
+    return counted.DayQuarters == week.DayQuarters && counted.WeekQuarters == week.WeekQuarters &&
+           fresh == payroll.totals;
+}
+
+void SumFigures(DepartmentFigures& figures, Totals& totals) {
+    totals.SalesTotal = totals.TransactionsTotal = 0;
+    totals.SalesDays = 0;
+    for (int d = 1; d <= 7; ++d) {
+        if (figures.DailyTransactions[d] > 0) totals.TransactionsTotal += figures.DailyTransactions[d];
+        if (figures.DailySales[d] <= 0) continue;
+        totals.SalesTotal += figures.DailySales[d];
+        ++totals.SalesDays;
+    }
+    figures.HasDepartmentFigures = totals.SalesDays > 0 || totals.TransactionsTotal > 0;
+}
+
+std::array<std::string, 4> TotalsTexts(const Totals& totals, const Rights& rights,
+                                       const ApplicationState& application) {
+    const std::string& style = application.Settings[setting::TimeFormat];
+    const auto money = [&](double amount) { return rights.HideWages ? "" : " " + Format(amount, ".00"); };
+    return {QuartersToText(totals.TotalDayQuarters, style), QuartersToText(totals.TotalWeekQuarters, style),
+            money(totals.TotalDayWages), money(totals.TotalWeekWages)};
 }
 
 std::array<std::string, 6> ProductivityTexts(const GlobalState& g) {
     const Totals& t = g.totals;
     const Productivity& p = g.productivity;
-    const double daySales = g.week.DailySales[g.week.CurrentDay];
-    const double dayTransactions = g.week.DailyTransactions[g.week.CurrentDay];
+    const double daySales = g.figures.DailySales[g.cursor.CurrentDay];
+    const double dayTransactions = g.figures.DailyTransactions[g.cursor.CurrentDay];
     const auto hours = [](long wage, bool wages, long salary, bool salaries) {
         return RatioHours(wage, wages, salary, salaries);
     };
@@ -161,36 +202,35 @@ std::array<std::string, 6> ProductivityTexts(const GlobalState& g) {
     };
 }
 
-bool IsOverDayLimit(const GlobalState& g, int e) {
-    return IsOver(g.week.DayQuarters[e], g.application.Settings[setting::DayOvertime]);
+bool IsOverDayLimit(const Week& week, const ApplicationState& application, int e) {
+    return IsOver(week.DayQuarters[e], application.Settings[setting::DayOvertime]);
 }
 
-bool IsOverWeekLimit(const GlobalState& g, int e) {
-    return IsOver(g.week.WeekQuarters[e], g.application.Settings[setting::WeekOvertime]);
+bool IsOverWeekLimit(const Week& week, const ApplicationState& application, int e) {
+    return IsOver(week.WeekQuarters[e], application.Settings[setting::WeekOvertime]);
 }
 
-std::array<int, QuartersPerDay + 1> FillHeadCount(const GlobalState& g) {
+std::array<int, QuartersPerDay + 1> FillHeadCount(const Week& week, int day, int cutoffQuarters) {
     std::array<int, QuartersPerDay + 1> counts{};
-    const DayWindow window = WindowOfDay(g.week.CurrentDay, g.department.DayCutoffQuarters);
-    for (int e = 1; e <= g.roster.EmployeeCount; ++e)
-        for (int b = 1; b <= g.week.BarCount[e]; ++b) {
-            const int from = std::max(g.week.BarStarts[e][b], window.low);
-            const int to = std::min(g.week.BarStops[e][b], window.high);
+    const DayWindow window = WindowOfDay(day, cutoffQuarters);
+    for (std::size_t e = 1; e < week.BarCount.size(); ++e)
+        for (int b = 1; b <= week.BarCount[e]; ++b) {
+            const int from = std::max(week.BarStarts[e][b], window.low);
+            const int to = std::min(week.BarStops[e][b], window.high);
             for (int w = from + 1; w <= to; ++w) ++counts[w - window.low];
         }
     return counts;
 }
 
-std::vector<HeadcountFigure> HeadcountFigures(const GlobalState& g) {
-    const std::array<int, QuartersPerDay + 1> counts = FillHeadCount(g);
-    const int cutoff = g.department.DayCutoffQuarters;
+std::vector<HeadcountFigure> HeadcountFigures(const Week& week, const Grid& grid, int day, int cutoff) {
+    const std::array<int, QuartersPerDay + 1> counts = FillHeadCount(week, day, cutoff);
     const int partial = cutoff % 4 == 0 ? 0 : 4 - cutoff % 4; // quarters before the first full hour
     std::vector<HeadcountFigure> figures;
-    for (int column = partial; column + 4 <= g.grid.HoursShown * 4; column += 4) {
-        const int first = g.grid.FirstQuarter - cutoff + column;
+    for (int column = partial; column + 4 <= grid.HoursShown * 4; column += 4) {
+        const int first = grid.FirstQuarter - cutoff + column;
         if (first < 0 || first + 4 > QuartersPerDay) continue;
         const int sum = counts[first + 1] + counts[first + 2] + counts[first + 3] + counts[first + 4];
-        figures.push_back({(column + 2) * g.grid.QuarterWidth, Format(sum / 4.0, ".00")});
+        figures.push_back({(column + 2) * grid.QuarterWidth, Format(sum / 4.0, ".00")});
     }
     return figures;
 }

@@ -18,7 +18,7 @@ struct DayWindow {
 DayWindow WindowOfDay(int day, int cutoffQuarters);
 
 /// Adds one bar to `WeekQuarters` and `DayQuarters` of an employee: what of it lies in the business week,
-/// which runs from the cut-off of day 1 over exactly seven days, and on the business day shown.
+/// which runs from the cut-off of day 1 over exactly seven days, and on the business day summed.
 void AddBarToTotals(Week& week, int employee, int bar, int cutoffQuarters);
 
 /// Zeroes both quarters of an employee and adds all bars.
@@ -26,18 +26,37 @@ void CountBars(Week& week, int employee, int cutoffQuarters);
 
 /// The day's quarters of an employee on any day, without touching the totals.
 int QuartersOnDay(const Week& week, int employee, int day, int cutoffQuarters);
+/// The same of any bars.
+int QuartersOnDay(const WeekBars& bars, int day, int cutoffQuarters);
+
+/// What sums are made from beside the week, and where they go.
+struct Payroll {
+    const Roster& roster;
+    const Rights& rights;
+    Totals& totals;
+    int cutoffQuarters = 0;
+};
+Payroll PayrollOf(GlobalState& g);
 
 /// Adds an employee's quarters and wages to the sums of the department. `sign` -1 takes them out.
-void AddEmployeeToTotals(GlobalState& g, int employee, int sign);
+void AddEmployeeToTotals(const Week& week, const Payroll& payroll, int employee, int sign);
 
-/// Recomputes the day's quarters of everybody and the day's sums; the week's sums stay.
-void SumDay(GlobalState& g);
+/// Makes a day the one that is summed: recomputes the day's quarters of everybody and the day's sums; the
+/// week's sums stay.
+void SumDay(Week& week, const Payroll& payroll, int day);
 
 /// Recomputes everything from the bars.
-void SumWeek(GlobalState& g);
+void SumWeek(Week& week, const Payroll& payroll, int day);
+
+/// True when quarters and sums are what a full count gives. Counts on a copy.
+bool SumsAreRight(const Week& week, const Payroll& payroll);
+
+/// The week's sales and transactions from those of its days, and whether there are any.
+void SumFigures(DepartmentFigures& figures, Totals& totals);
 
 /// Texts of the totals: 0 day time, 1 week time, 2 day wages, 3 week wages; wages are "" when pay is hidden.
-std::array<std::string, 4> TotalsTexts(const GlobalState& g);
+std::array<std::string, 4> TotalsTexts(const Totals& totals, const Rights& rights,
+                                       const ApplicationState& application);
 
 /// Texts of the labor figures: 0 to 2 the day's labor percentage, sales per hour and transactions per hour,
 /// 3 to 5 the week's. "" where a divisor is 0, for labor also when pay is hidden; the day's labor is "" too
@@ -54,11 +73,11 @@ struct ValueColours {
 
 /// True when an employee's quarters of the day, or of the week, lie above the limit of the options; an exact
 /// hit does not.
-bool IsOverDayLimit(const GlobalState& g, int employee);
-bool IsOverWeekLimit(const GlobalState& g, int employee);
+bool IsOverDayLimit(const Week& week, const ApplicationState& application, int employee);
+bool IsOverWeekLimit(const Week& week, const ApplicationState& application, int employee);
 
-/// People at work in each quarter of the business day shown: [1..96], 0 stays 0.
-std::array<int, QuartersPerDay + 1> FillHeadCount(const GlobalState& g);
+/// People at work in each quarter of a business day: [1..96], 0 stays 0.
+std::array<int, QuartersPerDay + 1> FillHeadCount(const Week& week, int day, int cutoffQuarters);
 
 /// One figure of the headcount band: the mean of an hour's four quarters at the middle of that hour.
 struct HeadcountFigure {
@@ -68,7 +87,8 @@ struct HeadcountFigure {
 
 /// The figures across the hours shown. With a cut-off that is no whole hour the hours begin at the first full
 /// one.
-std::vector<HeadcountFigure> HeadcountFigures(const GlobalState& g);
+std::vector<HeadcountFigure> HeadcountFigures(const Week& week, const Grid& grid, int day,
+                                              int cutoffQuarters);
 
 /// Texts of the totals box: wages, salaries and their sum; the hours of both kinds and their sum; and the
 /// number of people, with a trailing blank when it has one digit. Money is "" when pay is hidden.

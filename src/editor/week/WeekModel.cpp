@@ -7,6 +7,12 @@ namespace {
 
 constexpr std::size_t GridLength = QuartersPerSpan + 1;
 
+void FillWeekGrid(Week& week, WeekQuarter start, WeekQuarter stop, char mark) {
+    const int from = std::clamp(start, 0, QuartersPerSpan);
+    const int to = std::clamp(stop, 0, QuartersPerSpan);
+    if (from < to) std::fill(week.WeekGrid.begin() + from, week.WeekGrid.begin() + to, mark);
+}
+
 void CutOneBar(WeekQuarter& s, WeekQuarter& t, WeekQuarter dayLow, WeekQuarter dayHigh) {
     if (t <= dayLow || s >= dayHigh) return;
     if (s >= dayLow && t <= dayHigh) {
@@ -41,9 +47,26 @@ void ClearWeekGrid(Week& week) {
 }
 
 void PaintWeekGrid(Week& week, WeekQuarter start, WeekQuarter stop) {
-    const int from = std::clamp(start, 0, QuartersPerSpan);
-    const int to = std::clamp(stop, 0, QuartersPerSpan);
-    if (from < to) std::fill(week.WeekGrid.begin() + from, week.WeekGrid.begin() + to, 'X');
+    FillWeekGrid(week, start, stop, 'X');
+}
+
+void EraseWeekGrid(Week& week, WeekQuarter start, WeekQuarter stop) {
+    FillWeekGrid(week, start, stop, ' ');
+}
+
+void CutDaysOffFromGrid(Week& week, int employee) {
+    for (int d = 1; d <= DaysInSpan; ++d)
+        if (week.DayOffFlag[d][employee]) EraseWeekGrid(week, (d - 1) * QuartersPerDay, d * QuartersPerDay);
+}
+
+int RunsInWeekGrid(const Week& week) {
+    int runs = 0;
+    char before = ' ';
+    for (const char quarter : week.WeekGrid) {
+        if (quarter == 'X' && before == ' ') ++runs;
+        before = quarter;
+    }
+    return runs;
 }
 
 int ReadWeekGrid(Week& week, int employee) {

@@ -12,6 +12,15 @@ void ClearWeekGrid(Week& week);
 /// start at or after its stop marks nothing.
 void PaintWeekGrid(Week& week, WeekQuarter start, WeekQuarter stop);
 
+/// Takes the marks from `start` up to, not including, `stop` away, with the same limits.
+void EraseWeekGrid(Week& week, WeekQuarter start, WeekQuarter stop);
+
+/// Takes the marks on an employee's days off away, midnight to midnight; what lies outside them stays.
+void CutDaysOffFromGrid(Week& week, int employee);
+
+/// Runs of marked quarters, also those beyond the 35 that a reading gives back.
+int RunsInWeekGrid(const Week& week);
+
 /// Reads the runs of marked quarters back as the bars of an employee, in order, 35 at most, into slots 1 on;
 /// the slots behind them are emptied. Returns their number, 0 when nothing is marked. Leaves `BarCount`
 /// alone.

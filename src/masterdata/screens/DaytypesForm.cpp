@@ -1,5 +1,7 @@
 #include "masterdata/screens/DaytypesForm.h"
 
+#include "editor/week/WeekEdit.h"
+
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
@@ -56,7 +58,7 @@ void DaytypesForm::ConnectSymbol() {
     Text1->SetTypingLimit(SymbolLength);
     Text1->keyFilter = Guarded([this](int code) {
         const int taken = FilterSymbolKey(code, ports_.prompt);
-        if (taken != 0 && taken != key::Backspace) g_.week.WeekChanged = true;
+        if (taken != 0 && taken != key::Backspace) WeekEdit(g_).Touch();
         return taken;
     });
     Text1->pasteFilter = FilterSymbolPaste;

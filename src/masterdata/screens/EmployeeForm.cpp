@@ -35,7 +35,7 @@ void EmployeeForm::Activated() {
     Label2->SetText("Editor time bar color for this " + one);
     Command2->setText(QLatin1String("&Previous ") + PlainCaption(one));
     Command3->setText(QLatin1String("&Next ") + PlainCaption(one));
-    g_.week.WeekChanged = false;
+    WeekChanged = false;
     FocusBox(box_of::LastName);
 }
 
@@ -58,7 +58,7 @@ void EmployeeForm::LoadRecord() {
     Command3->setEnabled(position_ + 1 < static_cast<int>(employeeKeys_.size()));
     ShowRecord(record);
     ShowUnderAgeNotice();
-    g_.week.WeekChanged = false;
+    WeekChanged = false;
     FocusBox(box_of::LastName);
 }
 
@@ -103,7 +103,7 @@ bool EmployeeForm::Save() {
     if (result == EmployeeResult::NameMissing) FocusBox(box_of::LastName);
     if (result != EmployeeResult::Saved) return false;
     // Before the flood lets events run: what is typed meanwhile is a change again.
-    g_.week.WeekChanged = false;
+    WeekChanged = false;
     if (g_.application.FormCommand == "Add") MakeReadyForNext();
     ShowSaved();
     return true;
@@ -131,7 +131,7 @@ void EmployeeForm::ShowSaved() {
 }
 
 bool EmployeeForm::MayLeaveRecord() {
-    if (!g_.week.WeekChanged) return true;
+    if (!WeekChanged) return true;
     ports_.prompt.Beep();
     switch (ports_.prompt.MsgBox("Save the changes?", box::YesNoCancel + box::Stop, "You made changes")) {
     case Answer::Yes:
@@ -179,7 +179,7 @@ void EmployeeForm::Leave() {
 }
 
 void EmployeeForm::Changed() {
-    if (!loading_) g_.week.WeekChanged = true;
+    if (!loading_) WeekChanged = true;
 }
 
 // ---- boxes ----

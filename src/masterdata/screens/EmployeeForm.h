@@ -22,6 +22,8 @@ class EmployeeForm : public Form {
     EmployeeForm(GlobalState& g, Ports& ports, Form* owner);
     ~EmployeeForm() override;
 
+    bool WeekChanged = false; // something was typed or chosen since the record was shown or saved
+
   protected:
     void Activated() override;
     bool MayUnload() override;

@@ -19,12 +19,13 @@ void LoadDays(const GlobalState& g, const Region& region, SchedulePage& page) {
         page.mediumDates[d] = region.MediumDate(day);
         const auto number = WeekNumber(day, g.department.WeekMethod, g.department.FirstWeekday);
         if (number) page.weekNumbers[d] = std::to_string(*number);
-        if (g.week.DayMemoFlag[d]) page.memos[d] = g.week.DayMemoText[d];
+        if (g.figures.DayMemoFlag[d]) page.memos[d] = g.figures.DayMemoText[d];
     }
 }
 
-PrintedProductivity LoadProductivity(const Productivity& includes, const Week& week, const Totals& totals) {
-    PrintedProductivity figures{includes, week.DailySales, week.DailyTransactions, totals.SalesDays};
+PrintedProductivity LoadProductivity(const Productivity& includes, const DepartmentFigures& ofWeek,
+                                     const Totals& totals) {
+    PrintedProductivity figures{includes, ofWeek.DailySales, ofWeek.DailyTransactions, totals.SalesDays};
     figures.sales[0] = totals.SalesTotal;
     figures.transactions[0] = totals.TransactionsTotal;
     return figures;
@@ -100,7 +101,7 @@ SchedulePage LoadSchedulePage(const GlobalState& g, const Ports& ports, const Sc
     if (!Trim(request.openWord).empty()) page.openWord = request.openWord;
     page.saveSpace = request.saveSpace;
     if (!g.rights.HideWages) page.salaries = Wage::Whole(Currency::FromAmount(g.TotalSalaries));
-    if (request.productivity) page.productivity = LoadProductivity(g.productivity, g.week, g.totals);
+    if (request.productivity) page.productivity = LoadProductivity(g.productivity, g.figures, g.totals);
     return page;
 }
 

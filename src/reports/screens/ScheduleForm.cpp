@@ -23,10 +23,10 @@ std::string_view ExtensionOf(const std::string& kind) {
 }
 
 /// The productivity figures make sense only in a week that has some.
-bool HasFigures(const Week& week) {
+bool HasFigures(const DepartmentFigures& figures) {
     const auto above = [](double figure) { return figure > 0; };
-    return std::any_of(week.DailySales.begin(), week.DailySales.end(), above) ||
-           std::any_of(week.DailyTransactions.begin(), week.DailyTransactions.end(), above);
+    return std::any_of(figures.DailySales.begin(), figures.DailySales.end(), above) ||
+           std::any_of(figures.DailyTransactions.begin(), figures.DailyTransactions.end(), above);
 }
 
 DeskSettings SettingsOf(GlobalState& g) {
@@ -84,7 +84,7 @@ void ScheduleForm::BuildOther(QGridLayout& grid) {
     Check3D4 = &AddCheck(frame, "Check3D4", "Productivity summary", false);
     Check3D5->setVisible(IsShort());
     SSCheck1->setVisible(IsShort());
-    Check3D4->setVisible(IsShort() && HasFigures(g_.week));
+    Check3D4->setVisible(IsShort() && HasFigures(g_.figures));
     On(*Check3D5, &QCheckBox::toggled, [this](bool on) { options_.PrintTimeBars = on; });
     On(*SSCheck1, &QCheckBox::toggled, [this](bool on) { options_.PrintDayComments = on; });
     grid.addWidget(&frame, 0, 1, 2, 1);

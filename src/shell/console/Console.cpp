@@ -308,7 +308,6 @@ bool ExampleNoteIsDue(const GlobalState& g) {
 }
 
 bool PrepareSchedule(GlobalState& g, Ports& ports) {
-    g.week.WeekChanged = false;
     g.application.StartHour =
         static_cast<int>(RoundHalfToEven(Val(g.application.Settings[setting::StartHour])));
     try {

@@ -15,7 +15,6 @@ struct Grid {
     int HoursShown = 24;  // VisibleHours, but at least 1
     int RowCapacity = 0;  // rows that fit
     int VisibleRows = 0;  // rows shown
-    int TopRow = 0;       // rows scrolled away
     int FirstQuarter = 0; // quarter of the day at the grid's left edge
     int MinFirstQuarter = 0;
     int MaxFirstQuarter = 0;
@@ -24,7 +23,6 @@ struct Grid {
     int PreviousShowOption = 1;
     bool AvailabilityShown = false;
     bool HeadcountShown = false;
-    int LastFocusRow = 1; // row of the daytype box that had the focus last
 };
 
 /// A bar being drawn, stretched or moved.
@@ -32,6 +30,8 @@ struct Drag {
     int MouseState = 0;       // 0 idle, 1 stretching an end, 2 moving a bar
     int DragBar = 0;          // slot of the bar; 0 is a new one
     int DragEmployee = 0;     // whose bar it is, wherever the row is scrolled or sorted to meanwhile
+    Twips DayLeftBar = 0;     // the anchored end of the bar, in week twips
+    Twips DayRightBar = 0;    // the end under the mouse; both 0 when nothing is drawn
     Twips LastMouseX = 0;     // of the last mouse event, grid twips
     bool IgnoreMouse = false; // after a refused press, until the next
     bool EditBusy = false;    // while a gesture is being committed

@@ -8,6 +8,7 @@ namespace tvx {
 
 constexpr int MostDayTypes = 71;
 constexpr int MostShifts = 21;
+constexpr int MostShiftsToAdd = 20; // by hand; a file may hold one more
 constexpr int MostShiftBars = 35;
 
 struct Daytypes {

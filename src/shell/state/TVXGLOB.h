@@ -10,6 +10,7 @@
 #include "shell/state/Roster.h"
 #include "shell/state/Store.h"
 #include "shell/state/Week.h"
+#include "shell/state/WeekSteps.h"
 
 namespace tvx {
 
@@ -23,7 +24,11 @@ struct GlobalState {
     Department department;
     DepartmentList departments;
     Roster roster;
-    Week week;
+    LoadedWeek loadedWeek;
+    const Week& week = loadedWeek.Read();
+    WeekSteps steps;
+    Cursor cursor;
+    DepartmentFigures figures;
     Totals totals;
     double TotalSalaries = 0; // weekly salaries of the roster
     Productivity productivity;

@@ -7,14 +7,12 @@ void Week::Resize(int count) {
     BarCount.assign(size, 0);
     BarStarts.assign(size, {});
     BarStops.assign(size, {});
-    DayLeftBar.assign(size, 0);
-    DayRightBar.assign(size, 0);
     WeekQuarters.assign(size, 0);
     DayQuarters.assign(size, 0);
     for (auto& day : DayTypeText) day.assign(size, "");
     for (auto& day : DayOffFlag) day.assign(size, false);
-    CurrentRow = 1;
-    CurrentEmployee = 0;
+    IsLoaded = false;
+    WeekChanged = false;
 }
 
 } // namespace tvx

@@ -1,7 +1,6 @@
-// One week of the whole roster: bars, daytypes, days off, figures and memos.
+// One week of the whole roster: bars, daytypes, days off, and what they add up to.
 #pragma once
 
-#include "platform/basic/Twips.h"
 #include "shell/state/Roster.h"
 
 #include <array>
@@ -20,32 +19,71 @@ struct Week {
     std::vector<int> BarCount;
     std::vector<std::array<WeekQuarter, BarSlots + 1>> BarStarts; // [employee][slot 1..36], ascending
     std::vector<std::array<WeekQuarter, BarSlots + 1>> BarStops;  // [employee][slot 1..36], exclusive
-    std::vector<Twips> DayLeftBar;  // [employee], the anchored end of the bar being drawn, in week twips
-    std::vector<Twips> DayRightBar; // [employee], the end under the mouse; both 0 when nothing is drawn
-    std::vector<int> WeekQuarters;  // [employee], worked in the business week
-    std::vector<int> DayQuarters;   // [employee], worked on CurrentDay
+    std::vector<int> WeekQuarters;                                // [employee], worked in the business week
+    std::vector<int> DayQuarters;                                 // [employee], worked on SummedDay
+    int SummedDay = 1; // 1 to 7, the business day of DayQuarters and of the day's sums
 
     std::array<std::vector<std::string>, DaysInSpan + 1> DayTypeText; // [day 1..8][employee]
     std::array<std::vector<bool>, DaysInSpan + 1> DayOffFlag;         // [day 1..8][employee]
 
     std::string WeekGrid; // 769 characters of working space; quarter p is character p, "X" is worked
 
+    bool IsLoaded = false;         // false: the arrays are empty, and no date is theirs
+    int LoadedDepNumber = 0;       // whose week it is; of the department at hand when all are shown
     DaySerial WeekStartJulian = 0; // day 1
     DaySerial WeekEndJulian = 0;   // day 7
-    int CurrentDay = 1;            // 1 to 7
-    int CurrentRow = 1;            // row of the grid, from 1
-    int CurrentEmployee = 0;       // index into the roster
-    bool WeekChanged = false;
     std::array<std::string, 8> WeekDateTexts; // [day 1..7]
+    bool WeekChanged = false;
 
+    /// Sizes every array for employees 0..count and empties it. No week is loaded then.
+    void Resize(int count);
+};
+
+struct GlobalState;
+struct Ports;
+enum class RosterResult;
+
+namespace test {
+class WeekWriter;
+}
+
+/// The week in memory. Everybody may read it, and copy it; for writing it opens to its edits, its load and
+/// the building of the roster alone.
+class LoadedWeek {
+  public:
+    LoadedWeek() = default;
+    LoadedWeek(const LoadedWeek&) = delete;
+    LoadedWeek& operator=(const LoadedWeek&) = delete;
+
+    const Week& Read() const { return week_; }
+
+  private:
+    friend class WeekEdit;
+    friend void LoadWeek(GlobalState& g, Ports& ports, DaySerial firstSerial, bool dropDaysOff);
+    friend RosterResult BuildRoster(GlobalState& g);
+    friend class test::WeekWriter; // sets the stage of a test
+
+    Week week_;
+};
+
+/// Where the person is in the week: an editor's cursor.
+struct Cursor {
+    int CurrentDay = 1;      // 1 to 7
+    int CurrentRow = 1;      // row of the grid, from 1
+    int CurrentEmployee = 0; // index into the roster
+    int TopRow = 0;          // rows scrolled away
+    int LastFocusRow = 1;    // row of the daytype box that had the focus last
+};
+
+/// The department's figures and memos of the week.
+struct DepartmentFigures {
     std::array<double, 8> DailySales{};        // [day 1..7]
     std::array<double, 8> DailyTransactions{}; // [day 1..7]
     std::array<std::string, 8> DayMemoText;    // [day 1..7]
     std::array<bool, 8> DayMemoFlag{};         // [day 1..7]
     bool HasDepartmentFigures = false;         // some day has sales or transactions
 
-    /// Sizes every array for employees 0..count and empties it.
-    void Resize(int count);
+    friend bool operator==(const DepartmentFigures&, const DepartmentFigures&) = default;
 };
 
 /// What a running week adds up to.
@@ -61,6 +99,8 @@ struct Totals {
     double SalesTotal = 0;
     double TransactionsTotal = 0;
     int SalesDays = 0; // days with sales above 0
+
+    friend bool operator==(const Totals&, const Totals&) = default;
 };
 
 /// Which hours and money enter the ratios of sales, transactions and labor.

@@ -3,6 +3,7 @@
 #include "editor/lanes/GridView.h"
 #include "editor/week/Totals.h"
 #include "support/Quarters.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -44,7 +45,7 @@ class BarDragTest : public testing::Test {
     void Make(int people, int cutoff, int hours = 24) {
         test::MakeRoster(g, people);
         g.drag = {};
-        g.week.CurrentDay = 1;
+        g.cursor.CurrentDay = 1;
         g.department.DayCutoffQuarters = cutoff;
         g.screen = {14190, 16200 - 150, hours};
         SetGridGeometry(g);
@@ -52,12 +53,12 @@ class BarDragTest : public testing::Test {
         g.grid.GridWidth = Width * 4 * hours;
         g.grid.WeekTwips = Width * 768;
         UpdateScrollX(g);
-        SumWeek(g);
+        SumWeek(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
     }
     void GoTo(int day) {
-        g.week.CurrentDay = day;
+        g.cursor.CurrentDay = day;
         UpdateScrollX(g);
-        SumDay(g);
+        SumDay(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
     }
     void Set(const BarList& bars, int e = 1) { test::SetBars(g, e, bars); }
     BarList Bars(int e = 1) const { return test::Bars(g, e); }
@@ -94,8 +95,8 @@ class BarDragTest : public testing::Test {
     void ExpectNoGesture() {
         EXPECT_FALSE(g.drag.GestureOpen);
         EXPECT_EQ(g.drag.MouseState, 0);
-        EXPECT_EQ(g.week.DayLeftBar[1], 0);
-        EXPECT_EQ(g.week.DayRightBar[1], 0);
+        EXPECT_EQ(g.drag.DayLeftBar, 0);
+        EXPECT_EQ(g.drag.DayRightBar, 0);
     }
 };
 
@@ -144,13 +145,13 @@ TEST_F(BarDragTest, a_bar_goes_to_the_employee_of_its_row) {
     Drag(X(36), X(68), 2);
     EXPECT_EQ(Bars(5), (BarList{{36, 68}}));
     EXPECT_EQ(Bars(2), BarList{});
-    EXPECT_EQ(g.week.CurrentRow, 2);
-    EXPECT_EQ(g.week.CurrentEmployee, 5);
+    EXPECT_EQ(g.cursor.CurrentRow, 2);
+    EXPECT_EQ(g.cursor.CurrentEmployee, 5);
 }
 
 TEST_F(BarDragTest, a_bar_goes_to_the_scrolled_row) {
     Make(60, 0); // ten more than there is room for
-    g.grid.TopRow = 3;
+    g.cursor.TopRow = 3;
     Drag(X(36), X(68), 2);
     EXPECT_EQ(Bars(5), (BarList{{36, 68}}));
 }
@@ -381,7 +382,7 @@ TEST_F(BarDragTest, a_bar_runs_over_midnight_into_a_day_that_is_no_day_off) {
 TEST_F(BarDragTest, a_press_outside_the_picture_does_nothing) {
     Set({{0, 768}});
     const auto outside = [&](Twips x, Twips y) {
-        g.week.WeekChanged = false;
+        test::WritableWeek(g).WeekChanged = false;
         const GridChange pressed = drag.Press({MouseButton::Left, x, y});
         EXPECT_FALSE(pressed.ghost || pressed.focusRow || pressed.notPermitted) << x << " " << y;
         drag.Move({MouseButton::Left, X(50), Y()});
@@ -417,7 +418,7 @@ TEST_F(BarDragTest, a_press_of_who_may_not_schedule_is_refused) {
 TEST_F(BarDragTest, a_refused_press_after_another_gesture_harms_no_bar) {
     Set({{36, 68}, {80, 90}});
     Drag(X(85), X(86)); // bar 2 was in hand
-    g.week.DayOffFlag[1][1] = true;
+    test::WritableWeek(g).DayOffFlag[1][1] = true;
     Press(X(10));
     Move(X(30));
     Release(X(30));
@@ -467,13 +468,13 @@ TEST_F(BarDragTest, a_33rd_and_a_34th_bar_can_be_drawn_and_no_more) {
 
 TEST_F(BarDragTest, a_day_off_without_cut_off_takes_no_press) {
     Set({{36, 68}});
-    g.week.DayOffFlag[1][1] = true;
+    test::WritableWeek(g).DayOffFlag[1][1] = true;
     Drag(X(50), X(60));
     Drag(X(80), X(90));
     EXPECT_EQ(Bars(), (BarList{{36, 68}}));
     Drag(X(80), X(90), 2);
     EXPECT_EQ(Bars(2), (BarList{{80, 90}})) << "it is one person's day off";
-    g.week.DayOffFlag[1][1] = false;
+    test::WritableWeek(g).DayOffFlag[1][1] = false;
     Drag(X(80), X(90));
     EXPECT_EQ(Bars(), (BarList{{36, 68}, {80, 90}}));
 }
@@ -489,15 +490,15 @@ class DayOffDragTest : public BarDragTest {
 };
 
 TEST_F(DayOffDragTest, a_press_is_refused_on_the_side_of_the_day_off_alone) {
-    g.week.DayOffFlag[3][1] = true;
+    test::WritableWeek(g).DayOffFlag[3][1] = true;
     Drag(X(40), X(60));
     Drag(X(96) - 1, X(90));
     EXPECT_EQ(Bars(), BarList{});
     Drag(X(100), X(110));
     EXPECT_EQ(Bars(), (BarList{At(100, 110)}));
     Set({});
-    g.week.DayOffFlag[3][1] = false;
-    g.week.DayOffFlag[4][1] = true;
+    test::WritableWeek(g).DayOffFlag[3][1] = false;
+    test::WritableWeek(g).DayOffFlag[4][1] = true;
     Drag(X(100), X(110));
     Drag(X(96) + 1, X(110));
     EXPECT_EQ(Bars(), BarList{});
@@ -506,13 +507,13 @@ TEST_F(DayOffDragTest, a_press_is_refused_on_the_side_of_the_day_off_alone) {
 }
 
 TEST_F(DayOffDragTest, a_press_on_the_midnight_line_itself_passes) {
-    g.week.DayOffFlag[3][1] = true;
+    test::WritableWeek(g).DayOffFlag[3][1] = true;
     Drag(X(96), X(104));
     EXPECT_EQ(Bars(), (BarList{At(96, 104)}));
 }
 
 TEST_F(DayOffDragTest, a_bar_cannot_be_stretched_into_the_next_day_off) {
-    g.week.DayOffFlag[4][1] = true;
+    test::WritableWeek(g).DayOffFlag[4][1] = true;
     for (const bool jump : {false, true}) {
         Set({});
         if (jump)
@@ -529,7 +530,7 @@ TEST_F(DayOffDragTest, a_bar_cannot_be_stretched_into_the_next_day_off) {
 }
 
 TEST_F(DayOffDragTest, a_bar_cannot_be_stretched_back_into_the_day_off) {
-    g.week.DayOffFlag[3][1] = true;
+    test::WritableWeek(g).DayOffFlag[3][1] = true;
     Set({At(100, 110)});
     Drag(X(100), X(60));
     EXPECT_EQ(Bars(), (BarList{At(96, 110)}));
@@ -539,7 +540,7 @@ TEST_F(DayOffDragTest, a_bar_cannot_be_stretched_back_into_the_day_off) {
 }
 
 TEST_F(DayOffDragTest, a_bar_cannot_be_moved_into_the_next_day_off) {
-    g.week.DayOffFlag[4][1] = true;
+    test::WritableWeek(g).DayOffFlag[4][1] = true;
     Set({At(80, 90)});
     Drag(X(85), X(110));
     EXPECT_EQ(Bars(), (BarList{At(86, 96)}));
@@ -547,14 +548,14 @@ TEST_F(DayOffDragTest, a_bar_cannot_be_moved_into_the_next_day_off) {
 }
 
 TEST_F(DayOffDragTest, a_bar_cannot_be_moved_back_into_the_day_off) {
-    g.week.DayOffFlag[3][1] = true;
+    test::WritableWeek(g).DayOffFlag[3][1] = true;
     Set({At(100, 110)});
     Drag(X(105), X(60));
     EXPECT_EQ(Bars(), (BarList{At(96, 106)}));
 }
 
 TEST_F(DayOffDragTest, a_jump_leaves_a_moved_bar_before_the_edge) {
-    g.week.DayOffFlag[4][1] = true;
+    test::WritableWeek(g).DayOffFlag[4][1] = true;
     Set({At(80, 90)});
     Jump(X(85), X(88)); // stays clear of it
     EXPECT_EQ(Bars(), (BarList{At(83, 93)}));
@@ -564,15 +565,15 @@ TEST_F(DayOffDragTest, a_jump_leaves_a_moved_bar_before_the_edge) {
     Jump(X(85), X(118)); // would lie on the day off as a whole
     EXPECT_EQ(Bars(), (BarList{At(86, 96)}));
 
-    g.week.DayOffFlag[4][1] = false;
-    g.week.DayOffFlag[3][1] = true;
+    test::WritableWeek(g).DayOffFlag[4][1] = false;
+    test::WritableWeek(g).DayOffFlag[3][1] = true;
     Set({At(108, 116)});
     Jump(X(112), X(40));
     EXPECT_EQ(Bars(), (BarList{At(96, 104)}));
 }
 
 TEST_F(DayOffDragTest, a_bar_between_two_days_off_stays_between_them) {
-    g.week.DayOffFlag[3][1] = g.week.DayOffFlag[4][1] = true;
+    test::WritableWeek(g).DayOffFlag[3][1] = test::WritableWeek(g).DayOffFlag[4][1] = true;
     Set({At(90, 100)});
     Drag(X(92), X(94));
     Drag(X(98), X(97));
@@ -585,7 +586,7 @@ TEST_F(BarDragTest, a_right_press_asks_for_the_line_menu_and_changes_no_bar) {
     Set({{36, 68}});
     EXPECT_TRUE(Press(X(50), 1, MouseButton::Right).lineMenu);
     EXPECT_TRUE(last.focusRow);
-    EXPECT_EQ(g.week.CurrentRow, 1);
+    EXPECT_EQ(g.cursor.CurrentRow, 1);
     EXPECT_TRUE(g.week.WeekChanged);
     Move(X(60), 1, MouseButton::Right);
     Release(X(60), 1, MouseButton::Right);
@@ -598,7 +599,7 @@ TEST_F(BarDragTest, a_right_press_while_the_left_button_is_down_is_ignored) {
     Press(X(50));
     Move(X(54));
     EXPECT_FALSE(Press(X(20), 2, MouseButton::Right).lineMenu);
-    EXPECT_EQ(g.week.CurrentRow, 1);
+    EXPECT_EQ(g.cursor.CurrentRow, 1);
     Release(X(20), 2, MouseButton::Right); // commits nothing
     EXPECT_TRUE(g.drag.GestureOpen);
     Move(X(58));
@@ -691,16 +692,16 @@ TEST_F(BarDragTest, a_bar_in_hand_stays_with_its_employee_when_another_row_gets_
     Set({{36, 68}});
     Set({{10, 20}}, 2);
     Press(X(50));
-    g.week.CurrentRow = 2; // an arrow key moved the focus
-    g.week.CurrentEmployee = 2;
+    g.cursor.CurrentRow = 2; // an arrow key moved the focus
+    g.cursor.CurrentEmployee = 2;
     Move(X(54));
-    g.week.CurrentRow = 2;
-    g.week.CurrentEmployee = 2;
+    g.cursor.CurrentRow = 2;
+    g.cursor.CurrentEmployee = 2;
     Release(X(54));
     EXPECT_EQ(Bars(1), (BarList{{40, 72}}));
     EXPECT_EQ(Bars(2), (BarList{{10, 20}}));
-    EXPECT_EQ(g.week.CurrentRow, 1);
-    EXPECT_EQ(g.week.CurrentEmployee, 1);
+    EXPECT_EQ(g.cursor.CurrentRow, 1);
+    EXPECT_EQ(g.cursor.CurrentEmployee, 1);
     EXPECT_EQ(test::SumsText(g), test::SumsFromScratch(g));
 }
 
@@ -708,17 +709,17 @@ TEST_F(BarDragTest, a_bar_in_hand_stays_with_its_employee_when_the_rows_scroll_o
     Make(60, 0);
     Set({{36, 68}});
     Press(X(50));
-    g.grid.TopRow = 3;
+    g.cursor.TopRow = 3;
     Move(X(54));
     Release(X(54));
     EXPECT_EQ(Bars(1), (BarList{{40, 72}}));
     for (int e = 2; e <= 60; ++e) EXPECT_EQ(Bars(e), BarList{});
-    g.grid.TopRow = 0;
+    g.cursor.TopRow = 0;
     Press(X(50));
     std::swap(g.roster.RowOrder[1], g.roster.RowOrder[6]);
     Release(X(50));
     EXPECT_EQ(Bars(1), (BarList{{40, 72}}));
-    EXPECT_EQ(g.week.CurrentRow, 6);
+    EXPECT_EQ(g.cursor.CurrentRow, 6);
     EXPECT_EQ(test::SumsText(g), test::SumsFromScratch(g));
 }
 
@@ -742,7 +743,7 @@ TEST_F(BarDragTest, an_edit_corrects_the_sums_by_the_difference) {
 
 TEST_F(BarDragTest, the_line_menu_of_a_day_with_a_bar_cuts_copies_and_stores) {
     Set({{36, 68}});
-    g.week.CurrentEmployee = 1;
+    g.cursor.CurrentEmployee = 1;
     g.clipboard.ClipFull = true;
     g.shifts.ShiftCount = 3;
     EXPECT_EQ(ArrangeLineMenu(g), (LineMenu{true, true, false, true, false, {}}));
@@ -755,7 +756,7 @@ TEST_F(BarDragTest, the_line_menu_of_a_day_with_a_bar_cuts_copies_and_stores) {
 }
 
 TEST_F(BarDragTest, the_line_menu_of_a_day_without_bar_pastes) {
-    g.week.CurrentEmployee = 1;
+    g.cursor.CurrentEmployee = 1;
     EXPECT_EQ(ArrangeLineMenu(g), LineMenu{});
     g.clipboard.ClipFull = true;
     EXPECT_EQ(ArrangeLineMenu(g), (LineMenu{false, false, true, false, false, {}}));
@@ -807,7 +808,7 @@ class GestureTest : public BarDragTest {
         ScrollToQuarter(g, g.department.DayCutoffQuarters + 4 * Pick(0, 18));
         for (int e = 1; e <= g.roster.EmployeeCount; ++e) {
             Set(test::RunsOf(test::Covered(test::RandomBars(random, Pick(0, 40)))), e);
-            for (int day = 1; day <= 8; ++day) g.week.DayOffFlag[day][e] = random.Chance(15);
+            for (int day = 1; day <= 8; ++day) test::WritableWeek(g).DayOffFlag[day][e] = random.Chance(15);
         }
         for (int swaps = Pick(0, 5); swaps > 0; --swaps)
             std::swap(g.roster.RowOrder[Pick(1, g.roster.EmployeeCount)],
@@ -834,37 +835,26 @@ class GestureTest : public BarDragTest {
             break;
         case 9:
             if (random.Chance(20))
-                g.week.CurrentRow = Pick(1, g.grid.VisibleRows); // the focus went elsewhere
+                g.cursor.CurrentRow = Pick(1, g.grid.VisibleRows); // the focus went elsewhere
             break;
         default:
             drag.Move({AnyButton(), AnyX(), AnyY()});
         }
         return false;
     }
-    /// With a bar in hand its slot, and no other, is empty.
-    std::string UnsoundInHand() const {
-        if (!g.drag.GestureOpen) return test::Unsound(g);
-        for (int e = 1; e <= g.roster.EmployeeCount; ++e)
-            for (int b = 1; b <= g.week.BarCount[e]; ++b) {
-                const int start = g.week.BarStarts[e][b];
-                const int stop = g.week.BarStops[e][b];
-                const bool inHand = e == g.drag.DragEmployee && b == g.drag.DragBar;
-                if (start < 0 || stop > 768 || (start >= stop) != inHand)
-                    return std::to_string(start) + ".." + std::to_string(stop);
-            }
-        return "";
-    }
     std::vector<QuarterSet> Standing() {
         std::vector<QuarterSet> sets{QuarterSet()};
         for (int e = 1; e <= g.roster.EmployeeCount; ++e) sets.push_back(test::Covered(Bars(e)));
         return sets;
     }
-    /// Where the bar stood that a press has just taken in hand.
-    QuarterSet JustTaken() {
-        if (!g.drag.GestureOpen || g.drag.DragBar == 0) return {};
+    /// What a gesture under way may take from its employee: the bar in hand, and what lies on days off.
+    QuarterSet MayGo() const {
         const int e = g.drag.DragEmployee;
-        const auto [left, right] = std::minmax(g.week.DayLeftBar[e], g.week.DayRightBar[e]);
-        return test::Covered({{left / Width, right / Width}});
+        BarList going;
+        for (int day = 1; day <= 8; ++day)
+            if (g.week.DayOffFlag[day][e]) going.emplace_back((day - 1) * 96, day * 96);
+        if (const int b = g.drag.DragBar; b != 0) going.push_back(Bars(e)[static_cast<std::size_t>(b) - 1]);
+        return test::Covered(going);
     }
 };
 
@@ -875,7 +865,7 @@ TEST_F(GestureTest, of_any_kind_leave_sound_bars_and_true_sums) {
         for (int event = 0; event < 500; ++event) {
             const bool wasOpen = g.drag.GestureOpen;
             Event();
-            ASSERT_EQ(UnsoundInHand(), "") << "week " << week << ", event " << event;
+            ASSERT_EQ(test::Unsound(g), "") << "week " << week << ", event " << event;
             if (!wasOpen || g.drag.GestureOpen) continue;
             ASSERT_EQ(test::SumsText(g), test::SumsFromScratch(g)) << "week " << week << ", event " << event;
         }
@@ -889,20 +879,19 @@ TEST_F(GestureTest, lose_no_other_bar) {
     SCOPED_TRACE(random.Trace());
     for (int week = 0; week < 300; ++week) {
         Start();
-        std::vector<QuarterSet> before = Standing();
         for (int event = 0; event < 300; ++event) {
+            const std::vector<QuarterSet> before = Standing();
             const int committed = g.drag.GestureOpen ? g.drag.DragEmployee : 0;
-            const bool press = Event();
-            std::vector<QuarterSet> now = Standing();
-            const std::vector<QuarterSet> next = now;
-            if (press) now[g.drag.DragEmployee] |= JustTaken();
+            const QuarterSet mayGo = committed != 0 ? MayGo() : QuarterSet();
+            Event();
+            const std::vector<QuarterSet> now = Standing();
             for (int e = 1; e <= g.roster.EmployeeCount; ++e) {
+                const QuarterSet gone = before[e] & ~now[e];
                 if (e == committed)
-                    ASSERT_TRUE((before[e] & ~now[e]).none()) << "week " << week << ", event " << event;
+                    ASSERT_TRUE((gone & ~mayGo).none()) << "week " << week << ", event " << event;
                 else
                     ASSERT_EQ(now[e], before[e]) << "week " << week << ", event " << event;
             }
-            before = next;
         }
     }
 }

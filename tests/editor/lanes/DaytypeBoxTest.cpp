@@ -3,6 +3,7 @@
 #include "editor/lanes/BarDrag.h"
 #include "editor/lanes/GridView.h"
 #include "support/Quarters.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -62,7 +63,7 @@ class DaytypeBoxTest : public testing::Test {
 
 TEST_F(DaytypeBoxTest, a_key_marks_the_week_as_changed_even_when_it_is_swallowed) {
     for (const int code : std::initializer_list<int>{'a', ' ', 13, 'w', 8}) {
-        g.week.WeekChanged = false;
+        test::WritableWeek(g).WeekChanged = false;
         TypeDaytype(g, 1, code);
         EXPECT_TRUE(g.week.WeekChanged) << code;
     }
@@ -70,7 +71,7 @@ TEST_F(DaytypeBoxTest, a_key_marks_the_week_as_changed_even_when_it_is_swallowed
 }
 
 TEST_F(DaytypeBoxTest, a_day_off_swallows_every_key_without_a_word) {
-    g.week.DayOffFlag[1][3] = true; // the employee of row 1
+    test::WritableWeek(g).DayOffFlag[1][3] = true; // the employee of row 1
     for (const int code : std::initializer_list<int>{'a', '1', 8, 'w'}) {
         EXPECT_EQ(TypeDaytype(g, 1, code).code, 0);
         EXPECT_EQ(TypeDaytype(g, 1, code).refusal, Refusal::Silent);
@@ -80,7 +81,7 @@ TEST_F(DaytypeBoxTest, a_day_off_swallows_every_key_without_a_word) {
     EXPECT_FALSE(g.week.WeekChanged);
     g.rights.SchedulingAllowed = true;
     EXPECT_EQ(TypeDaytype(g, 3, 'a').code, 'A');
-    g.week.CurrentDay = 2;
+    g.cursor.CurrentDay = 2;
     EXPECT_EQ(TypeDaytype(g, 1, 'a').code, 'A');
 }
 
@@ -107,11 +108,11 @@ TEST_F(DaytypeBoxTest, a_W_is_told_with_a_beep) {
 }
 
 TEST_F(DaytypeBoxTest, the_text_of_a_box_becomes_the_daytype_of_the_row_and_day) {
-    g.week.CurrentDay = 4;
+    g.cursor.CurrentDay = 4;
     TakeDaytype(g, 1, "V1");
     EXPECT_EQ(g.week.DayTypeText[4][3], "V1");
-    EXPECT_EQ(g.week.CurrentEmployee, 3);
-    g.week.DayOffFlag[4][3] = true; // a save sees to it
+    EXPECT_EQ(g.cursor.CurrentEmployee, 3);
+    test::WritableWeek(g).DayOffFlag[4][3] = true; // a save sees to it
     TakeDaytype(g, 1, "Q");
     EXPECT_EQ(g.week.DayTypeText[4][3], "Q");
     TakeDaytype(g, 1, "");

@@ -4,6 +4,7 @@
 #include "editor/week/RosterBuilder.h"
 #include "editor/week/Totals.h"
 #include "support/Quarters.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -34,8 +35,8 @@ class GridViewTest : public testing::Test {
     /// A grid of a whole day or of fewer hours, quarters of 100 twips.
     void Make(int people, int cutoff, int hours = 24, int startHour = 0) {
         test::MakeRoster(g, people);
-        g.week.CurrentDay = 1;
-        g.week.WeekStartJulian = Sunday;
+        g.cursor.CurrentDay = 1;
+        test::WritableWeek(g).WeekStartJulian = Sunday;
         g.department.DayCutoffQuarters = cutoff;
         g.application.StartHour = startHour;
         g.screen = {28800, 16200 - 150, hours};
@@ -46,7 +47,7 @@ class GridViewTest : public testing::Test {
         UpdateScrollX(g);
     }
     void GoTo(int day) {
-        g.week.CurrentDay = day;
+        g.cursor.CurrentDay = day;
         UpdateScrollX(g);
     }
     /// Left and right of the boxes of a colour, "left-right" each.
@@ -130,9 +131,9 @@ TEST(GridGeometry, stands_on_the_smallest_screens) {
 TEST(GridGeometry, begins_at_the_first_page) {
     GlobalState g;
     test::MakeRoster(g, 200);
-    g.grid.TopRow = 9;
+    g.cursor.TopRow = 9;
     SetGridGeometry(g);
-    EXPECT_EQ(g.grid.TopRow, 0);
+    EXPECT_EQ(g.cursor.TopRow, 0);
 }
 
 // --- scrolling --------------------------------------------------------------------------------------------
@@ -208,7 +209,7 @@ TEST_F(GridViewTest, rows_follow_the_sort_and_the_scroll) {
     EXPECT_EQ(EmployeeOfRow(g, 1), 60);
     EXPECT_EQ(RowOfEmployee(g, 60), 1);
     EXPECT_EQ(RowOfEmployee(g, 1), 0) << "not visible";
-    g.grid.TopRow = 10;
+    g.cursor.TopRow = 10;
     EXPECT_EQ(EmployeeOfRow(g, 1), 11);
     EXPECT_EQ(EmployeeOfRow(g, 50), 1);
     EXPECT_EQ(RowOfEmployee(g, 1), 50);
@@ -279,7 +280,7 @@ TEST_F(GridViewTest, every_bar_of_random_weeks_is_drawn_where_it_lies) {
         test::SetBars(g, 1, test::RunsOf(test::Covered(test::RandomBars(random, 20))));
         GoTo(static_cast<int>(random.Whole(1, 7)));
         ScrollToQuarter(g, static_cast<int>(random.Whole(0, 120)));
-        const int first = (g.week.CurrentDay - 1) * 96 + g.grid.FirstQuarter;
+        const int first = (g.cursor.CurrentDay - 1) * 96 + g.grid.FirstQuarter;
         const test::QuarterSet covered = test::Covered(test::Bars(g, 1));
         std::string wanted(static_cast<std::size_t>(g.grid.HoursShown) * 4, '.');
         for (std::size_t q = 0; q < wanted.size() && first + q < 768; ++q)
@@ -310,7 +311,7 @@ class DayOffViewTest : public GridViewTest {
 TEST_F(DayOffViewTest, a_day_off_is_shaded_over_the_bars_with_its_word) {
     g.department.DayOffNameSingle = "Holiday";
     test::SetBars(g, 1, {{36, 68}});
-    g.week.DayOffFlag[1][1] = true;
+    test::WritableWeek(g).DayOffFlag[1][1] = true;
     const Drawing drawing = Row();
     ASSERT_EQ(drawing.boxes.size(), 3U);
     EXPECT_EQ(drawing.boxes[2].colour, DayOffShade) << "on top";
@@ -323,14 +324,14 @@ TEST_F(DayOffViewTest, with_a_cut_off_each_date_shades_its_own_side_of_midnight)
     Make(1, 24);
     g.department.DayOffNameSingle = "Holiday";
     GoTo(3);
-    g.week.DayOffFlag[3][1] = true;
+    test::WritableWeek(g).DayOffFlag[3][1] = true;
     EXPECT_EQ(Shades(), "0-7200");
     EXPECT_EQ(Words(), "Holiday@3600,0 ");
-    g.week.DayOffFlag[3][1] = false;
-    g.week.DayOffFlag[4][1] = true;
+    test::WritableWeek(g).DayOffFlag[3][1] = false;
+    test::WritableWeek(g).DayOffFlag[4][1] = true;
     EXPECT_EQ(Shades(), "7200-9600");
     EXPECT_EQ(Words(), "Holiday@8400,0 ");
-    g.week.DayOffFlag[3][1] = true;
+    test::WritableWeek(g).DayOffFlag[3][1] = true;
     EXPECT_EQ(Shades(), "0-7200 7200-9600");
 }
 
@@ -339,7 +340,7 @@ TEST_F(DayOffViewTest, a_sliver_of_the_next_day_has_no_room_for_the_word) {
          {std::pair{5, ""}, {6, ""}, {7, "Holiday@9250,0 "}, {8, "Holiday@9200,0 "}}) {
         Make(1, cutoff);
         g.department.DayOffNameSingle = "Holiday";
-        g.week.DayOffFlag[2][1] = true;
+        test::WritableWeek(g).DayOffFlag[2][1] = true;
         EXPECT_EQ(Words(), words) << cutoff;
         EXPECT_NE(Shades(), "") << cutoff;
     }
@@ -348,7 +349,7 @@ TEST_F(DayOffViewTest, a_sliver_of_the_next_day_has_no_room_for_the_word) {
 TEST_F(DayOffViewTest, without_cut_off_the_next_day_off_is_not_to_be_seen) {
     for (const int hours : {24, 16}) {
         Make(1, 0, hours, 6);
-        g.week.DayOffFlag[2][1] = true;
+        test::WritableWeek(g).DayOffFlag[2][1] = true;
         EXPECT_EQ(Shades(), "") << hours;
     }
 }
@@ -356,13 +357,13 @@ TEST_F(DayOffViewTest, without_cut_off_the_next_day_off_is_not_to_be_seen) {
 TEST_F(DayOffViewTest, the_eighth_day_shades_the_end_of_the_seventh) {
     Make(1, 24);
     GoTo(7);
-    g.week.DayOffFlag[8][1] = true;
+    test::WritableWeek(g).DayOffFlag[8][1] = true;
     EXPECT_EQ(Shades(), "7200-9600");
 }
 
 TEST_F(DayOffViewTest, a_scrolled_day_is_shaded_up_to_midnight) {
     Make(1, 24, 12);
-    g.week.DayOffFlag[1][1] = true;
+    test::WritableWeek(g).DayOffFlag[1][1] = true;
     ScrollToQuarter(g, 72); // 18:00 to 6:00
     EXPECT_EQ(Shades(), "0-2400");
 }
@@ -400,8 +401,8 @@ TEST_F(GridViewTest, the_ghost_stays_on_the_row_of_its_employee) {
     test::SetBars(g, 1, {{36, 68}});
     BarDrag drag(g);
     drag.Press({MouseButton::Left, 50 * Width, 110});
-    g.week.CurrentRow = 3;
-    g.week.CurrentEmployee = 3;
+    g.cursor.CurrentRow = 3;
+    g.cursor.CurrentEmployee = 3;
     EXPECT_EQ(Text(DrawDragBar(g)->box), "3600,50-6800,170");
     std::swap(g.roster.RowOrder[1], g.roster.RowOrder[2]);
     EXPECT_EQ(Text(DrawDragBar(g)->box), "3600,290-6800,410");
@@ -457,14 +458,14 @@ TEST_F(AvailabilityViewTest, absence_is_drawn_above_and_below_the_lane) {
 }
 
 TEST_F(AvailabilityViewTest, absence_stands_on_its_weekday_whatever_the_first_day_of_the_week) {
-    g.week.WeekStartJulian = Sunday + 1; // weeks that begin on Monday
+    test::WritableWeek(g).WeekStartJulian = Sunday + 1; // weeks that begin on Monday
     const char* monday = "3600-6800 3600-6800";
     EXPECT_EQ(Reds(), monday);
     GoTo(6);
     EXPECT_EQ(Reds(), "8000-9600 8000-9600");
     GoTo(7);
     EXPECT_EQ(Reds(), "800-1600 800-1600") << "Sunday";
-    g.week.WeekStartJulian = Sunday;
+    test::WritableWeek(g).WeekStartJulian = Sunday;
     EXPECT_EQ(Reds(), "8000-9600 8000-9600") << "Saturday";
     GoTo(3);
     EXPECT_EQ(Reds(), "");
@@ -489,9 +490,9 @@ TEST_F(AvailabilityViewTest, a_slot_left_behind_by_a_join_is_passed_over) {
 
 TEST_F(AvailabilityViewTest, absence_is_not_drawn_on_a_day_off_or_while_it_is_not_shown) {
     GoTo(2);
-    g.week.DayOffFlag[2][1] = true;
+    test::WritableWeek(g).DayOffFlag[2][1] = true;
     EXPECT_EQ(Reds(), "");
-    g.week.DayOffFlag[2][1] = false;
+    test::WritableWeek(g).DayOffFlag[2][1] = false;
     EXPECT_NE(Reds(), "");
     g.grid.AvailabilityShown = false;
     EXPECT_EQ(Reds(), "");
@@ -626,7 +627,7 @@ TEST_F(GridViewTest, the_jumps_are_called_midnight_or_by_the_time_of_the_cut_off
 TEST_F(GridViewTest, the_header_names_seven_days) {
     g.department.WeekMethod = 0;
     g.department.FirstWeekday = 1;
-    g.week.DayMemoFlag[3] = true;
+    g.figures.DayMemoFlag[3] = true;
     GoTo(4);
     const auto wide = DayHeader(g, region, true);
     EXPECT_EQ(wide[1], (HeaderColumn{"Sunday", "01-Mar-26", "9", false, false}));
@@ -641,7 +642,7 @@ TEST_F(GridViewTest, the_header_names_seven_days) {
 TEST_F(GridViewTest, the_header_numbers_each_day_by_itself) {
     g.department.WeekMethod = 2;
     g.department.FirstWeekday = 1;
-    g.week.WeekStartJulian = SerialFromParts(2025, 12, 28); // a Sunday
+    test::WritableWeek(g).WeekStartJulian = SerialFromParts(2025, 12, 28); // a Sunday
     const auto header = DayHeader(g, region, true);
     EXPECT_EQ(header[4].weekNumber, "53");
     EXPECT_EQ(header[5].weekNumber, "1"); // 1 January
@@ -650,8 +651,8 @@ TEST_F(GridViewTest, the_header_numbers_each_day_by_itself) {
 TEST_F(GridViewTest, the_title_names_the_week_or_the_people_of_all_departments) {
     g.department.CurrentDepName = "Bakery";
     g.department.EmployeeNamePlural = "Nurses";
-    g.week.WeekDateTexts[1] = "1-Mar-2026";
-    g.week.WeekDateTexts[7] = "7-Mar-2026";
+    test::WritableWeek(g).WeekDateTexts[1] = "1-Mar-2026";
+    test::WritableWeek(g).WeekDateTexts[7] = "7-Mar-2026";
     EXPECT_EQ(EditorTitle(g), "Bakery,  Week from 1-Mar-2026  to  7-Mar-2026");
     g.roster.AllDepartmentsMode = true;
     EXPECT_EQ(EditorTitle(g), "Multiple Department Nurses");

@@ -4,10 +4,12 @@
 #include "editor/lanes/GridView.h"
 #include "editor/week/SaveWeek.h"
 #include "editor/week/Totals.h"
+#include "editor/week/WeekEdit.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/TVXMOD1.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -46,9 +48,9 @@ TEST_F(LoadWeekTest, finds_the_week_of_a_date_for_every_first_weekday) {
             LoadWeekOf(g, store.ports(), date);
             EXPECT_EQ(Weekday(g.week.WeekStartJulian), first);
             EXPECT_LE(g.week.WeekStartJulian, date);
-            EXPECT_EQ(g.week.CurrentDay, date - g.week.WeekStartJulian + 1);
-            EXPECT_GE(g.week.CurrentDay, 1);
-            EXPECT_LE(g.week.CurrentDay, 7);
+            EXPECT_EQ(g.cursor.CurrentDay, date - g.week.WeekStartJulian + 1);
+            EXPECT_GE(g.cursor.CurrentDay, 1);
+            EXPECT_LE(g.cursor.CurrentDay, 7);
             EXPECT_EQ(g.week.WeekEndJulian, g.week.WeekStartJulian + 6);
         }
 }
@@ -68,7 +70,7 @@ TEST_F(LoadWeekTest, keeps_the_day_on_which_the_person_is) {
     store.OpenWeek(Sunday + 3);
     store.PutDay(Sunday + 10, anna, StartsStops({{36, 68}}));
     Load(Sunday + 7);
-    EXPECT_EQ(g.week.CurrentDay, 4);
+    EXPECT_EQ(g.cursor.CurrentDay, 4);
     EXPECT_EQ(g.week.DayQuarters[1], 32);
     EXPECT_EQ(g.totals.TotalDayQuarters, 32);
 }
@@ -237,14 +239,14 @@ TEST_F(LoadWeekTest, reads_sales_transactions_and_memos_of_seven_days) {
     store.PutFigures(Sunday + 2, 250.5, 0, "");
     store.PutFigures(Sunday + 7, 9999, 99, "next week");
     store.OpenWeek(Sunday);
-    EXPECT_EQ(g.week.DailySales, (std::array<double, 8>{0, 1000, 0, 250.5, 0, 0, 0, 0}));
-    EXPECT_EQ(g.week.DailyTransactions, (std::array<double, 8>{0, 50, 20, 0, 0, 0, 0, 0}));
+    EXPECT_EQ(g.figures.DailySales, (std::array<double, 8>{0, 1000, 0, 250.5, 0, 0, 0, 0}));
+    EXPECT_EQ(g.figures.DailyTransactions, (std::array<double, 8>{0, 50, 20, 0, 0, 0, 0, 0}));
     EXPECT_EQ(g.totals.SalesTotal, 1250.5);
     EXPECT_EQ(g.totals.TransactionsTotal, 70);
     EXPECT_EQ(g.totals.SalesDays, 2);
-    EXPECT_TRUE(g.week.HasDepartmentFigures);
-    EXPECT_EQ(g.week.DayMemoText[1], "Fair in town");
-    EXPECT_EQ(g.week.DayMemoFlag,
+    EXPECT_TRUE(g.figures.HasDepartmentFigures);
+    EXPECT_EQ(g.figures.DayMemoText[1], "Fair in town");
+    EXPECT_EQ(g.figures.DayMemoFlag,
               (std::array<bool, 8>{false, true, false, false, false, false, false, false}));
 }
 
@@ -252,22 +254,22 @@ TEST_F(LoadWeekTest, forgets_figures_and_memos_of_the_week_before) {
     store.PutFigures(Sunday, 1000, 50, "Fair in town");
     store.OpenWeek(Sunday);
     Load(Sunday + 7);
-    EXPECT_EQ(g.week.DailySales, (std::array<double, 8>{}));
+    EXPECT_EQ(g.figures.DailySales, (std::array<double, 8>{}));
     EXPECT_EQ(g.totals.SalesTotal, 0);
     EXPECT_EQ(g.totals.SalesDays, 0);
-    EXPECT_FALSE(g.week.HasDepartmentFigures);
-    EXPECT_EQ(g.week.DayMemoText[1], "");
-    EXPECT_FALSE(g.week.DayMemoFlag[1]);
+    EXPECT_FALSE(g.figures.HasDepartmentFigures);
+    EXPECT_EQ(g.figures.DayMemoText[1], "");
+    EXPECT_FALSE(g.figures.DayMemoFlag[1]);
 }
 
 TEST_F(LoadWeekTest, has_no_figures_in_a_week_that_holds_only_a_memo_or_losses) {
     store.PutFigures(Sunday, 0, 0, "closed");
     store.PutFigures(Sunday + 1, -10, -1, "");
     store.OpenWeek(Sunday);
-    EXPECT_FALSE(g.week.HasDepartmentFigures);
+    EXPECT_FALSE(g.figures.HasDepartmentFigures);
     EXPECT_EQ(g.totals.SalesDays, 0);
     EXPECT_EQ(g.totals.SalesTotal, 0);
-    EXPECT_TRUE(g.week.DayMemoFlag[1]);
+    EXPECT_TRUE(g.figures.DayMemoFlag[1]);
 }
 
 TEST_F(LoadWeekTest, forgets_a_memo_that_is_missing_in_a_row_that_stands) {
@@ -275,9 +277,9 @@ TEST_F(LoadWeekTest, forgets_a_memo_that_is_missing_in_a_row_that_stands) {
     store.OpenWeek(Sunday);
     File().Run("UPDATE [Department day] SET Remarks = NULL, Sales = NULL, Transactions = NULL");
     Load();
-    EXPECT_EQ(g.week.DayMemoText[1], "");
-    EXPECT_FALSE(g.week.DayMemoFlag[1]);
-    EXPECT_EQ(g.week.DailySales[1], 0);
+    EXPECT_EQ(g.figures.DayMemoText[1], "");
+    EXPECT_FALSE(g.figures.DayMemoFlag[1]);
+    EXPECT_EQ(g.figures.DailySales[1], 0);
 }
 
 TEST_F(LoadWeekTest, reads_the_figures_of_its_own_department_only) {
@@ -286,8 +288,8 @@ TEST_F(LoadWeekTest, reads_the_figures_of_its_own_department_only) {
     store.AddEmployee({.lastName = "Clark", .firstName = "Cleo"});
     store.PutFigures(Sunday, 7, 3, "theirs");
     store.OpenWeek(Sunday);
-    EXPECT_EQ(g.week.DailySales[1], 7);
-    EXPECT_EQ(g.week.DayMemoText[1], "theirs");
+    EXPECT_EQ(g.figures.DailySales[1], 7);
+    EXPECT_EQ(g.figures.DayMemoText[1], "theirs");
 }
 
 TEST_F(LoadWeekTest, reads_no_figures_with_all_departments_shown) {
@@ -295,8 +297,8 @@ TEST_F(LoadWeekTest, reads_no_figures_with_all_departments_shown) {
     store.OpenEditor();
     g.roster.AllDepartmentsMode = true;
     Load();
-    EXPECT_FALSE(g.week.HasDepartmentFigures);
-    EXPECT_EQ(g.week.DayMemoText[1], "");
+    EXPECT_FALSE(g.figures.HasDepartmentFigures);
+    EXPECT_EQ(g.figures.DayMemoText[1], "");
 }
 
 TEST_F(LoadWeekTest, opens_the_week_without_a_word_when_the_figures_cannot_be_read) {
@@ -306,9 +308,9 @@ TEST_F(LoadWeekTest, opens_the_week_without_a_word_when_the_figures_cannot_be_re
     File().Run("DROP TABLE [Department day]");
     Load();
     EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
-    EXPECT_FALSE(g.week.HasDepartmentFigures);
+    EXPECT_FALSE(g.figures.HasDepartmentFigures);
     EXPECT_EQ(g.totals.SalesTotal, 0);
-    EXPECT_EQ(g.week.DayMemoText[1], "");
+    EXPECT_EQ(g.figures.DayMemoText[1], "");
     EXPECT_TRUE(store.prompt().Boxes().empty());
 }
 
@@ -316,13 +318,13 @@ TEST_F(LoadWeekTest, opens_the_week_without_a_word_when_the_figures_cannot_be_re
 
 TEST_F(LoadWeekTest, begins_unchanged_with_the_first_row_and_an_empty_clipboard) {
     store.OpenWeek(Sunday);
-    g.week.WeekChanged = true;
+    test::WritableWeek(g).WeekChanged = true;
     g.clipboard.ClipFull = true;
-    g.week.CurrentRow = 2;
+    g.cursor.CurrentRow = 2;
     Load();
     EXPECT_FALSE(g.week.WeekChanged);
     EXPECT_FALSE(g.clipboard.ClipFull);
-    EXPECT_EQ(g.week.CurrentRow, 1);
+    EXPECT_EQ(g.cursor.CurrentRow, 1);
     EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
 }
 
@@ -354,17 +356,38 @@ TEST_F(LoadWeekTest, that_fails_leaves_the_week_that_was_open) {
     store.PutDay(Sunday, anna, StartsStops({{36, 68}}), "A");
     store.PutFigures(Sunday, 1000, 50, "Fair in town");
     store.OpenWeek(Sunday);
-    g.week.WeekChanged = true;
+    test::WritableWeek(g).WeekChanged = true;
     const std::string sums = test::SumsText(g);
     File().Run("DROP TABLE [Day Schedule]");
     EXPECT_THROW(Load(Sunday + 7), dao::DaoError);
     EXPECT_EQ(g.week.WeekStartJulian, Sunday);
     EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
     EXPECT_EQ(g.week.DayTypeText[1][1], "A");
-    EXPECT_EQ(g.week.DayMemoText[1], "Fair in town");
+    EXPECT_EQ(g.figures.DayMemoText[1], "Fair in town");
     EXPECT_TRUE(g.week.WeekChanged);
     EXPECT_EQ(test::SumsText(g), sums);
     EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
+}
+
+TEST_F(LoadWeekTest, knows_its_date_and_department) {
+    store.OpenEditor();
+    EXPECT_FALSE(g.week.IsLoaded);
+    Load(Sunday + 7);
+    EXPECT_TRUE(g.week.IsLoaded);
+    EXPECT_EQ(g.week.WeekStartJulian, Sunday + 7);
+    EXPECT_EQ(g.week.LoadedDepNumber, g.department.CurrentDepNumber);
+    store.OpenEditor();
+    EXPECT_FALSE(g.week.IsLoaded) << "a new roster has no week";
+}
+
+TEST_F(LoadWeekTest, that_fails_at_first_leaves_no_week) {
+    store.OpenEditor();
+    File().Run("DROP TABLE [Day Schedule]");
+    EXPECT_THROW(Load(Sunday), dao::DaoError);
+    EXPECT_FALSE(g.week.IsLoaded);
+    EXPECT_FALSE(WeekEdit(g).PutBars(1, {{36, 68}}).Done());
+    const auto settle = [] {};
+    EXPECT_FALSE(GoToNeighbourWeek(g, store.ports(), store.gauge, settle, 1)) << "from nowhere";
 }
 
 TEST_F(LoadWeekTest, of_a_sorted_roster_keeps_each_row_with_its_person) {
@@ -394,11 +417,12 @@ TEST_F(LoadWeekTest, gives_back_every_saved_week_for_every_cut_off) {
             if (!bars[e].empty() && bars[e].front().first >= 672) bars[e].clear();
             test::SetBars(g, e, bars[e]);
             for (int d = 1; d <= 8; ++d)
-                if (random.Chance(20)) g.week.DayTypeText[d][e] = random.Chance(50) ? "A" : "V2";
+                if (random.Chance(20))
+                    test::WritableWeek(g).DayTypeText[d][e] = random.Chance(50) ? "A" : "V2";
         }
         const auto daytypes = g.week.DayTypeText;
         const std::string sums = test::SumsFromScratch(g);
-        g.week.WeekChanged = true;
+        test::WritableWeek(g).WeekChanged = true;
         ASSERT_TRUE(SaveWeek(g, store.ports(), store.gauge, [] {}));
         Load(Sunday + 14 * cutoff);
         for (int e = 1; e <= g.roster.EmployeeCount; ++e) ASSERT_EQ(test::Bars(g, e), bars[e]) << cutoff;

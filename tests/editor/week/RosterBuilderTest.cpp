@@ -130,8 +130,8 @@ TEST_F(RosterTest, begins_with_every_row_in_its_own_place_and_an_empty_week) {
     EXPECT_EQ(g.week.BarStarts.size(), 4U);
     EXPECT_EQ(g.week.DayTypeText[8].size(), 4U);
     EXPECT_EQ(g.week.DayOffFlag[8].size(), 4U);
-    EXPECT_EQ(g.week.CurrentRow, 1);
-    EXPECT_EQ(g.week.CurrentEmployee, 0);
+    EXPECT_EQ(g.cursor.CurrentRow, 1);
+    EXPECT_EQ(g.cursor.CurrentEmployee, 0);
     EXPECT_EQ(g.totals.TotalWeekQuarters, 0);
 }
 

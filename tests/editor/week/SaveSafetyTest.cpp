@@ -10,6 +10,7 @@
 #include "support/ChildProcess.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -74,8 +75,8 @@ class TwoWorkstationsTest : public testing::Test {
         store->OpenWeek(Sunday);
         test::SetBars(g(), 1, {{36, 68}, {132, 164}});
         test::SetBars(g(), 2, {{88, 120}});
-        g().week.DayTypeText[5][1] = "V";
-        g().week.WeekChanged = true;
+        test::WritableWeek(g()).DayTypeText[5][1] = "V";
+        test::WritableWeek(g()).WeekChanged = true;
     }
     bool Save() {
         return SaveWeek(g(), store->ports(), store->gauge, [] {});
@@ -306,7 +307,7 @@ TEST(FullDisk, refuses_a_save_that_does_not_fit_and_takes_it_when_there_is_room)
     store.OpenWeek(Sunday);
     GlobalState& g = store.g;
     for (int e = 1; e <= g.roster.EmployeeCount; ++e) test::SetBars(g, e, BarsOfVersion(e));
-    g.week.WeekChanged = true;
+    test::WritableWeek(g).WeekChanged = true;
     const Rows before = store.Rows();
     const std::string sums = test::SumsText(g);
     const auto size = fs::file_size(store.folder / "TVX.MDB");

@@ -3,10 +3,12 @@
 #include "editor/lanes/BarDrag.h"
 #include "editor/lanes/GridView.h"
 #include "editor/week/LoadWeek.h"
+#include "editor/week/WeekEdit.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/TVXMOD1.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -48,7 +50,7 @@ class SaveWeekTest : public testing::Test {
 TEST_F(SaveWeekTest, a_bar_is_stored_as_a_row_of_its_day) {
     store.OpenWeek(Sunday);
     test::SetBars(g, 1, {{36, 68}});
-    g.week.WeekChanged = true;
+    test::WritableWeek(g).WeekChanged = true;
     EXPECT_TRUE(Save());
     EXPECT_EQ(store.Rows(), Rows{"46082|1||9:00am-5:00pm|8|7.25|W|0"});
     EXPECT_FALSE(g.week.WeekChanged);
@@ -106,7 +108,7 @@ TEST_F(SaveWeekTest, of_eight_bars_on_a_day_seven_are_stored) {
         if (b < 7) seven.push_back(bars.back());
     }
     test::SetBars(g, 1, bars);
-    g.week.WeekChanged = true;
+    test::WritableWeek(g).WeekChanged = true;
     ASSERT_TRUE(Save());
     EXPECT_EQ(store.Rows(),
               Rows{Row(Sunday, adams, "", test::PeriodsText(StartsStops(seven)), "7|7.25|W|0")});
@@ -116,7 +118,7 @@ TEST_F(SaveWeekTest, of_eight_bars_on_a_day_seven_are_stored) {
 
 TEST_F(SaveWeekTest, a_daytype_alone_makes_a_row_without_time) {
     store.OpenWeek(Sunday);
-    g.week.DayTypeText[3][1] = "V";
+    test::WritableWeek(g).DayTypeText[3][1] = "V";
     ASSERT_TRUE(Save());
     EXPECT_EQ(store.Rows(), Rows{Row(Sunday + 2, adams, "V", "", "0|7.25|W|0")});
 }
@@ -124,12 +126,12 @@ TEST_F(SaveWeekTest, a_daytype_alone_makes_a_row_without_time) {
 TEST_F(SaveWeekTest, a_daytype_of_blanks_counts_as_none) {
     store.OpenWeek(Sunday);
     for (const char* blank : {"", " ", "  "}) {
-        g.week.DayTypeText[3][1] = blank;
+        test::WritableWeek(g).DayTypeText[3][1] = blank;
         ASSERT_TRUE(Save());
         EXPECT_TRUE(store.Rows().empty()) << '"' << blank << '"';
     }
     for (const char* some : {"A", "1", "zz", "~"}) {
-        g.week.DayTypeText[3][1] = some;
+        test::WritableWeek(g).DayTypeText[3][1] = some;
         ASSERT_TRUE(Save());
         EXPECT_EQ(store.Rows().size(), 1U) << some;
     }
@@ -183,8 +185,8 @@ TEST_F(SaveWeekTest, a_day_off_keeps_its_row_and_stores_no_time) {
 TEST_F(SaveWeekTest, the_mark_of_a_day_off_is_never_changed_by_a_save) {
     store.PutDay(Sunday, adams, StartsStops({{36, 68}}), "", true);
     store.OpenWeek(Sunday);
-    g.week.DayOffFlag[1][1] = false; // as after a load for the copy of a week
-    g.week.DayOffFlag[2][1] = true;
+    test::WritableWeek(g).DayOffFlag[1][1] = false; // as after a load for the copy of a week
+    test::WritableWeek(g).DayOffFlag[2][1] = true;
     test::SetBars(g, 1, {{36, 68}, {132, 164}});
     ASSERT_TRUE(Save());
     EXPECT_EQ(store.Rows(), (Rows{Row(Sunday, adams, "", "", "8|10|W|-1"),
@@ -293,6 +295,53 @@ TEST_F(SaveWeekTest, saving_what_was_loaded_changes_no_time_and_no_daytype) {
     EXPECT_TRUE(after.empty()) << after.front();
 }
 
+TEST_F(SaveWeekTest, a_week_is_written_to_the_date_that_it_is_given) {
+    store.OpenWeek(Sunday);
+    WeekEdit(g).PutBars(1, {{36, 68}});
+    EXPECT_TRUE(SaveWeek(
+        g, store.ports(), store.gauge, [] {}, g.week, Sunday + 14));
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday + 14, adams, "", "9:00am-5:00pm", "8|7.25|W|0")});
+    EXPECT_EQ(g.week.WeekStartJulian, Sunday);
+    EXPECT_TRUE(g.week.WeekChanged) << "its own date has not been saved";
+}
+
+TEST_F(SaveWeekTest, a_copy_that_was_altered_is_written_and_the_week_in_memory_stays) {
+    store.OpenWeek(Sunday);
+    WeekEdit(g).PutBars(1, {{36, 68}});
+    Week copy = g.week;
+    copy.BarStops[1][1] = 60;
+    EXPECT_TRUE(SaveWeek(
+        g, store.ports(), store.gauge, [] {}, copy, Sunday));
+    EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", "9:00am-3:00pm", "6|7.25|W|0")});
+    EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
+    EXPECT_TRUE(g.week.WeekChanged);
+}
+
+TEST_F(SaveWeekTest, a_week_that_is_not_loaded_is_not_saved) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
+    const Rows before = store.Rows();
+    store.OpenEditor();
+    EXPECT_FALSE(Save());
+    EXPECT_FALSE(SaveWeek(
+        g, store.ports(), store.gauge, [] {}, g.week, Sunday));
+    EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week, Sunday), std::logic_error);
+    EXPECT_EQ(store.Rows(), before);
+    EXPECT_TRUE(store.gauge.floods.empty());
+}
+
+TEST_F(SaveWeekTest, undo_finds_the_way_back_to_what_was_saved) {
+    store.OpenWeek(Sunday);
+    WeekEdit(g).PutBars(1, {{36, 68}});
+    ASSERT_TRUE(Save());
+    WeekEdit(g).PutBars(1, {{68, 72}});
+    WeekEdit(g).Undo();
+    EXPECT_FALSE(g.week.WeekChanged);
+    WeekEdit(g).Undo();
+    EXPECT_TRUE(g.week.WeekChanged);
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{});
+}
+
 TEST_F(SaveWeekTest, writes_every_person_of_a_sorted_roster_under_the_own_key) {
     store.OpenWeek(Sunday);
     std::swap(g.roster.RowOrder[1], g.roster.RowOrder[2]);
@@ -320,9 +369,9 @@ TEST_F(SaveWeekTest, shows_a_gauge_that_fills_in_twenty_steps) {
 
 TEST_F(SaveWeekTest, what_is_edited_while_the_gauge_fills_is_a_change_again) {
     store.OpenWeek(Sunday);
-    g.week.WeekChanged = true;
+    test::WritableWeek(g).WeekChanged = true;
     store.prompt().WhenEventsRun([&] {
-        if (store.gauge.floods.back() == 50) g.week.WeekChanged = true;
+        if (store.gauge.floods.back() == 50) test::WritableWeek(g).WeekChanged = true;
     });
     ASSERT_TRUE(Save());
     EXPECT_TRUE(g.week.WeekChanged);
@@ -356,7 +405,7 @@ TEST_F(SaveWeekTest, a_bar_taken_while_the_gauge_appears_is_saved_with_the_week)
 TEST_F(SaveWeekTest, a_table_that_cannot_be_opened_is_told_and_the_week_stays_changed) {
     store.OpenWeek(Sunday);
     test::SetBars(g, 1, {{36, 68}});
-    g.week.WeekChanged = true;
+    test::WritableWeek(g).WeekChanged = true;
     RawFile(store.folder / "TVX.MDB").Run("DROP TABLE [Day Schedule]");
     store.prompt().Expect("Database error, try again..\n\n3078 The database engine cannot find the input "
                           "table or query 'DAY SCHEDULE'.",
@@ -377,7 +426,7 @@ TEST_F(SaveWeekTest, a_refusal_in_the_middle_undoes_the_days_before_it) {
     const Rows before = store.Rows();
     test::SetBars(g, 1, {{10, 20}, {132, 150}});
     test::SetBars(g, 2, {{36, 68}});
-    g.week.WeekChanged = true;
+    test::WritableWeek(g).WeekChanged = true;
     const std::string sums = test::SumsText(g);
     store.prompt().Expect(
         "Could not save this schedule,\nthis page is locked by another user, try again..\n\n(3022)", box::Ok,
@@ -398,12 +447,12 @@ TEST_F(SaveWeekTest, a_refusal_in_the_middle_undoes_the_days_before_it) {
 TEST_F(SaveWeekTest, WriteWeek_says_what_went_wrong_and_leaves_the_flag_alone) {
     store.OpenWeek(Sunday);
     test::SetBars(g, 1, {{36, 68}});
-    g.week.WeekChanged = true;
-    WriteWeek(store.db(), g.roster, g.week);
+    test::WritableWeek(g).WeekChanged = true;
+    WriteWeek(store.db(), g.roster, g.week, g.week.WeekStartJulian);
     EXPECT_EQ(store.Rows().size(), 1U);
     EXPECT_TRUE(g.week.WeekChanged);
     RawFile(store.folder / "TVX.MDB").Run("DROP TABLE [Day Schedule]");
-    EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week), dao::DaoError);
+    EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week, g.week.WeekStartJulian), dao::DaoError);
 }
 
 // --- leaving the week -------------------------------------------------------------------------------------
@@ -421,7 +470,7 @@ class LeaveWeekTest : public SaveWeekTest {
     }
     void Change() {
         test::SetBars(g, 1, {{36, 68}});
-        g.week.WeekChanged = true;
+        test::WritableWeek(g).WeekChanged = true;
     }
 };
 
@@ -429,7 +478,7 @@ TEST_F(LeaveWeekTest, an_unchanged_week_is_left_without_a_question) {
     store.OpenWeek(Sunday + 2);
     EXPECT_TRUE(Go(1));
     EXPECT_EQ(g.week.WeekStartJulian, Sunday + 7);
-    EXPECT_EQ(g.week.CurrentDay, 3);
+    EXPECT_EQ(g.cursor.CurrentDay, 3);
     EXPECT_TRUE(Go(-1));
     EXPECT_TRUE(Go(-1));
     EXPECT_EQ(g.week.WeekStartJulian, Sunday - 7);

@@ -7,6 +7,7 @@
 #include "shell/common/TVXMOD1.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -30,9 +31,9 @@ class PaintTest : public testing::Test {
 
     void SetUp() override { test::MakeRoster(g, 1); }
     BarList Reading(const std::string& bytes, int day) {
-        ClearWeekGrid(g.week);
-        PaintStoredDay(g.week, day, bytes);
-        g.week.BarCount[1] = ReadWeekGrid(g.week, 1);
+        ClearWeekGrid(test::WritableWeek(g));
+        PaintStoredDay(test::WritableWeek(g), day, bytes);
+        test::WritableWeek(g).BarCount[1] = ReadWeekGrid(test::WritableWeek(g), 1);
         return test::Bars(g, 1);
     }
 };
@@ -46,10 +47,10 @@ TEST_F(PaintTest, puts_a_period_on_its_day) {
 }
 
 TEST_F(PaintTest, joins_days_that_meet_at_midnight) {
-    ClearWeekGrid(g.week);
-    PaintStoredDay(g.week, 7, StartsStops({{88, 96}}));
-    PaintStoredDay(g.week, 8, StartsStops({{0, 24}}));
-    g.week.BarCount[1] = ReadWeekGrid(g.week, 1);
+    ClearWeekGrid(test::WritableWeek(g));
+    PaintStoredDay(test::WritableWeek(g), 7, StartsStops({{88, 96}}));
+    PaintStoredDay(test::WritableWeek(g), 8, StartsStops({{0, 24}}));
+    test::WritableWeek(g).BarCount[1] = ReadWeekGrid(test::WritableWeek(g), 1);
     EXPECT_EQ(test::Bars(g, 1), (BarList{{664, 696}}));
 }
 
@@ -159,16 +160,16 @@ TEST_F(StartsStopsTest, of_all_days_hold_the_whole_week) {
     for (int round = 0; round < 4000; ++round) {
         const BarList bars = test::RandomStorableBars(random);
         test::SetBars(g, 1, bars);
-        ClearWeekGrid(g.week);
+        ClearWeekGrid(test::WritableWeek(g));
         int sum = 0;
         for (int day = 1; day <= 8; ++day) {
             int quarters = 0;
             const std::string text = StartsStopsOf(g.week, 1, day, quarters);
             ASSERT_EQ(text.size(), 14U);
             sum += quarters;
-            PaintStoredDay(g.week, day, text);
+            PaintStoredDay(test::WritableWeek(g), day, text);
         }
-        g.week.BarCount[1] = ReadWeekGrid(g.week, 1);
+        test::WritableWeek(g).BarCount[1] = ReadWeekGrid(test::WritableWeek(g), 1);
         ASSERT_EQ(test::Bars(g, 1), bars);
         ASSERT_EQ(sum, static_cast<int>(test::Covered(bars).count()));
     }

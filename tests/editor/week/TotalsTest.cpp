@@ -3,6 +3,7 @@
 #include "editor/lanes/GridView.h"
 #include "shell/common/Conversions.h"
 #include "support/Quarters.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -19,18 +20,18 @@ class TotalsTest : public testing::Test {
         test::MakeRoster(g, 3); // the third one has a salary of 700
         g.roster.RosterPay[1] = Currency::FromAmount(10);
         g.roster.RosterPay[2] = Currency::FromAmount(7.25);
-        g.week.WeekStartJulian = 46082;
+        test::WritableWeek(g).WeekStartJulian = 46082;
         SetGridGeometry(g);
     }
     void Set(int e, const BarList& bars) { test::SetBars(g, e, bars); }
     void SetCutoff(int cutoff) {
         g.department.DayCutoffQuarters = cutoff;
         SetGridGeometry(g);
-        SumWeek(g);
+        SumWeek(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
     }
     void GoTo(int day) {
-        g.week.CurrentDay = day;
-        SumDay(g);
+        g.cursor.CurrentDay = day;
+        SumDay(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
     }
 };
 
@@ -75,11 +76,11 @@ TEST_F(TotalsTest, a_bar_counts_with_what_lies_in_the_business_week_and_day) {
             for (const int stop : times) {
                 if (start >= stop) continue;
                 for (int day = 1; day <= 7; ++day) {
-                    g.week.CurrentDay = day;
-                    g.week.BarStarts[1][1] = start;
-                    g.week.BarStops[1][1] = stop;
-                    g.week.WeekQuarters[1] = g.week.DayQuarters[1] = 0;
-                    AddBarToTotals(g.week, 1, 1, cutoff);
+                    test::WritableWeek(g).SummedDay = day;
+                    test::WritableWeek(g).BarStarts[1][1] = start;
+                    test::WritableWeek(g).BarStops[1][1] = stop;
+                    test::WritableWeek(g).WeekQuarters[1] = test::WritableWeek(g).DayQuarters[1] = 0;
+                    AddBarToTotals(test::WritableWeek(g), 1, 1, cutoff);
                     ASSERT_EQ((Counted{g.week.WeekQuarters[1], g.week.DayQuarters[1]}),
                               CountedOneByOne(start, stop, day, cutoff))
                         << start << ".." << stop << " on day " << day << " with a cut-off of " << cutoff;
@@ -112,9 +113,9 @@ TEST_F(TotalsTest, time_before_the_cut_off_of_the_first_day_counts_nowhere) {
 
 TEST_F(TotalsTest, adding_a_bar_adds_to_what_is_there_and_counting_begins_anew) {
     Set(1, {{36, 68}, {100, 110}});
-    AddBarToTotals(g.week, 1, 2, 0);
+    AddBarToTotals(test::WritableWeek(g), 1, 2, 0);
     EXPECT_EQ(g.week.WeekQuarters[1], 52);
-    CountBars(g.week, 1, 0);
+    CountBars(test::WritableWeek(g), 1, 0);
     EXPECT_EQ(g.week.WeekQuarters[1], 42);
     EXPECT_EQ(g.week.DayQuarters[1], 32);
 }
@@ -127,8 +128,8 @@ TEST_F(TotalsTest, the_quarters_of_any_day_can_be_asked_for) {
         Set(1, test::RunsOf(test::Covered(test::RandomBars(random, 20))));
         int week = 0;
         for (int day = 1; day <= 7; ++day) {
-            g.week.CurrentDay = day;
-            CountBars(g.week, 1, cutoff);
+            test::WritableWeek(g).SummedDay = day;
+            CountBars(test::WritableWeek(g), 1, cutoff);
             ASSERT_EQ(QuartersOnDay(g.week, 1, day, cutoff), g.week.DayQuarters[1]);
             week += g.week.DayQuarters[1];
         }
@@ -179,11 +180,11 @@ TEST_F(TotalsTest, an_employee_taken_out_and_put_back_changes_no_sum) {
     const std::string sums = test::SumsText(g);
     for (int round = 0; round < 2000; ++round) {
         const int e = static_cast<int>(random.Whole(1, 20));
-        AddEmployeeToTotals(g, e, -1);
-        AddEmployeeToTotals(g, e, 1);
+        AddEmployeeToTotals(g.week, PayrollOf(g), e, -1);
+        AddEmployeeToTotals(g.week, PayrollOf(g), e, 1);
         ASSERT_EQ(test::SumsText(g), sums);
     }
-    for (int e = 1; e <= 20; ++e) AddEmployeeToTotals(g, e, -1);
+    for (int e = 1; e <= 20; ++e) AddEmployeeToTotals(g.week, PayrollOf(g), e, -1);
     EXPECT_EQ(g.totals.TotalWeekWages, 0) << "nobody costs exactly nothing";
     EXPECT_EQ(g.totals.TotalDayWages, 0);
 }
@@ -193,7 +194,7 @@ TEST_F(TotalsTest, the_sum_of_wages_does_not_depend_on_the_order_in_which_it_gre
     for (int e = 1; e <= 200; ++e) Set(e, {{36, 69}});
     const double upwards = g.totals.TotalWeekWages;
     g.totals = {};
-    for (int e = 200; e >= 1; --e) AddEmployeeToTotals(g, e, 1);
+    for (int e = 200; e >= 1; --e) AddEmployeeToTotals(g.week, PayrollOf(g), e, 1);
     EXPECT_EQ(g.totals.TotalWeekWages, upwards);
 }
 
@@ -202,17 +203,18 @@ TEST_F(TotalsTest, the_sum_of_wages_does_not_depend_on_the_order_in_which_it_gre
 using Texts4 = std::array<std::string, 4>;
 
 TEST_F(TotalsTest, texts_are_times_and_money_behind_a_blank) {
-    EXPECT_EQ(TotalsTexts(g), (Texts4{" 0:00", " 0:00", " .00", " .00"}));
+    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application), (Texts4{" 0:00", " 0:00", " .00", " .00"}));
     Set(2, {{36, 70}, {132, 140}});
-    EXPECT_EQ(TotalsTexts(g), (Texts4{" 8:30", "10:30", " 61.63", " 76.13"})); // 61.625 and 76.125
+    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application),
+              (Texts4{" 8:30", "10:30", " 61.63", " 76.13"})); // 61.625 and 76.125
     g.application.Settings[setting::TimeFormat] = "1";
-    EXPECT_EQ(TotalsTexts(g)[0], " 8:50");
+    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application)[0], " 8:50");
 }
 
 TEST_F(TotalsTest, texts_of_money_are_empty_while_pay_is_hidden) {
     g.rights.HideWages = true;
     Set(2, {{36, 70}});
-    EXPECT_EQ(TotalsTexts(g), (Texts4{" 8:30", " 8:30", "", ""}));
+    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application), (Texts4{" 8:30", " 8:30", "", ""}));
     EXPECT_EQ(g.totals.TotalWeekWages, 0);
 }
 
@@ -225,9 +227,9 @@ class ProductivityTest : public TotalsTest {
     void SetUp() override {
         TotalsTest::SetUp();
         g.TotalSalaries = 700;
-        g.week.DailySales[1] = 1000;
-        g.week.DailySales[2] = 400;
-        g.week.DailyTransactions[1] = 120;
+        g.figures.DailySales[1] = 1000;
+        g.figures.DailySales[2] = 400;
+        g.figures.DailyTransactions[1] = 120;
         g.totals.SalesTotal = 1400;
         g.totals.TransactionsTotal = 120;
         g.totals.SalesDays = 2;
@@ -276,7 +278,7 @@ TEST_F(ProductivityTest, chooses_hours_for_sales_and_for_transactions_apart) {
 
 TEST_F(ProductivityTest, is_empty_for_a_day_without_hours_even_with_sales) {
     Choose(true, false);
-    g.week.DailySales[4] = 50;
+    g.figures.DailySales[4] = 50;
     GoTo(4);
     EXPECT_EQ(ProductivityTexts(g)[0], "");
     EXPECT_EQ(ProductivityTexts(g)[1], "");
@@ -286,7 +288,7 @@ TEST_F(ProductivityTest, is_empty_for_a_day_without_hours_even_with_sales) {
 
 TEST_F(ProductivityTest, shows_no_sales_as_nothing_an_hour) {
     Choose(true, false);
-    g.week.DailySales[1] = 0;
+    g.figures.DailySales[1] = 0;
     EXPECT_EQ(ProductivityTexts(g)[0], "");
     EXPECT_EQ(ProductivityTexts(g)[1], " .00");
 }
@@ -301,7 +303,7 @@ TEST_F(ProductivityTest, has_no_percentage_without_sales_in_the_week) {
 TEST_F(ProductivityTest, has_no_percentage_while_pay_is_hidden) {
     Choose(true, true);
     g.rights.HideWages = true;
-    SumWeek(g);
+    SumWeek(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
     const Texts6 texts = ProductivityTexts(g);
     EXPECT_EQ(texts[0], "");
     EXPECT_EQ(texts[3], "");
@@ -321,10 +323,10 @@ TEST_F(ProductivityTest, has_no_percentage_when_the_last_bar_is_gone) {
     for (int e = 1; e <= 10; ++e) Set(e, {{36, 36 + e}});
     ASSERT_NE(ProductivityTexts(g)[0], "");
     for (int e = 1; e <= 10; ++e) {
-        AddEmployeeToTotals(g, e, -1);
-        g.week.BarCount[e] = 0;
-        CountBars(g.week, e, 0);
-        AddEmployeeToTotals(g, e, 1);
+        AddEmployeeToTotals(g.week, PayrollOf(g), e, -1);
+        test::WritableWeek(g).BarCount[e] = 0;
+        CountBars(test::WritableWeek(g), e, 0);
+        AddEmployeeToTotals(g.week, PayrollOf(g), e, 1);
     }
     EXPECT_EQ(ProductivityTexts(g)[0], "");
 }
@@ -335,29 +337,29 @@ TEST_F(TotalsTest, overtime_begins_above_the_limit) {
     g.application.Settings[setting::DayOvertime] = "32";
     g.application.Settings[setting::WeekOvertime] = "40";
     Set(1, {{36, 68}, {132, 140}});
-    EXPECT_FALSE(IsOverDayLimit(g, 1));
-    EXPECT_FALSE(IsOverWeekLimit(g, 1));
+    EXPECT_FALSE(IsOverDayLimit(g.week, g.application, 1));
+    EXPECT_FALSE(IsOverWeekLimit(g.week, g.application, 1));
     Set(1, {{36, 69}, {132, 139}});
-    EXPECT_TRUE(IsOverDayLimit(g, 1));
-    EXPECT_FALSE(IsOverWeekLimit(g, 1));
+    EXPECT_TRUE(IsOverDayLimit(g.week, g.application, 1));
+    EXPECT_FALSE(IsOverWeekLimit(g.week, g.application, 1));
     Set(1, {{36, 68}, {132, 141}});
-    EXPECT_FALSE(IsOverDayLimit(g, 1));
-    EXPECT_TRUE(IsOverWeekLimit(g, 1));
+    EXPECT_FALSE(IsOverDayLimit(g.week, g.application, 1));
+    EXPECT_TRUE(IsOverWeekLimit(g.week, g.application, 1));
 }
 
 TEST_F(TotalsTest, only_the_leading_number_of_a_limit_counts) {
     g.application.Settings[setting::WeekOvertime] = "672)";
     Set(1, {{0, 672}});
-    EXPECT_FALSE(IsOverWeekLimit(g, 1));
+    EXPECT_FALSE(IsOverWeekLimit(g.week, g.application, 1));
     g.application.Settings[setting::WeekOvertime] = "671)";
-    EXPECT_TRUE(IsOverWeekLimit(g, 1));
+    EXPECT_TRUE(IsOverWeekLimit(g.week, g.application, 1));
     g.application.Settings[setting::DayOvertime] = "95.5";
-    EXPECT_TRUE(IsOverDayLimit(g, 1));
+    EXPECT_TRUE(IsOverDayLimit(g.week, g.application, 1));
     g.application.Settings[setting::DayOvertime] = "";
     Set(1, {});
-    EXPECT_FALSE(IsOverDayLimit(g, 1));
+    EXPECT_FALSE(IsOverDayLimit(g.week, g.application, 1));
     Set(1, {{0, 1}});
-    EXPECT_TRUE(IsOverDayLimit(g, 1));
+    EXPECT_TRUE(IsOverDayLimit(g.week, g.application, 1));
 }
 
 // --- headcount --------------------------------------------------------------------------------------------
@@ -371,7 +373,7 @@ TEST_F(TotalsTest, headcount_is_the_number_of_people_in_each_quarter_of_the_busi
         for (int e = 1; e <= 8; ++e) Set(e, test::RunsOf(test::Covered(test::RandomBars(random, 12))));
         for (int day = 1; day <= 7; ++day) {
             GoTo(day);
-            const auto counts = FillHeadCount(g);
+            const auto counts = FillHeadCount(g.week, g.cursor.CurrentDay, g.department.DayCutoffQuarters);
             ASSERT_EQ(counts[0], 0);
             for (int q = 1; q <= 96; ++q) {
                 int people = 0;
@@ -386,7 +388,8 @@ TEST_F(TotalsTest, headcount_is_the_number_of_people_in_each_quarter_of_the_busi
 
 std::string FiguresText(const GlobalState& g) {
     std::string text;
-    for (const HeadcountFigure& figure : HeadcountFigures(g))
+    for (const HeadcountFigure& figure :
+         HeadcountFigures(g.week, g.grid, g.cursor.CurrentDay, g.department.DayCutoffQuarters))
         text += std::to_string(figure.x / g.grid.QuarterWidth) + ":" + figure.text + " ";
     return text;
 }
@@ -395,7 +398,8 @@ TEST_F(TotalsTest, headcount_figures_are_the_means_of_the_hours_shown) {
     Set(1, {{36, 68}});
     Set(2, {{38, 41}});
     const std::string text = FiguresText(g);
-    EXPECT_EQ(HeadcountFigures(g).size(), 24U);
+    EXPECT_EQ(HeadcountFigures(g.week, g.grid, g.cursor.CurrentDay, g.department.DayCutoffQuarters).size(),
+              24U);
     EXPECT_EQ(text.substr(0, 12), "2:.00 6:.00 ");
     EXPECT_NE(text.find(" 38:1.50 42:1.25 46:1.00 "), std::string::npos) << text;
 }
@@ -413,7 +417,8 @@ TEST_F(TotalsTest, headcount_figures_follow_the_scrolled_day) {
 TEST_F(TotalsTest, headcount_figures_begin_at_the_first_full_hour_behind_an_odd_cut_off) {
     SetCutoff(21);      // 5:15
     Set(1, {{24, 28}}); // 6:00 to 7:00
-    const auto figures = HeadcountFigures(g);
+    const auto figures =
+        HeadcountFigures(g.week, g.grid, g.cursor.CurrentDay, g.department.DayCutoffQuarters);
     ASSERT_EQ(figures.size(), 23U);
     EXPECT_EQ(figures[0].x, 5 * g.grid.QuarterWidth); // the middle of 6:00 to 7:00
     EXPECT_EQ(figures[0].text, "1.00");

@@ -1,6 +1,7 @@
 #include "editor/week/WeekModel.h"
 
 #include "support/Quarters.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -13,7 +14,7 @@ using test::QuarterSet;
 class WeekModelTest : public testing::Test {
   protected:
     GlobalState g;
-    Week& week = g.week;
+    Week& week = test::WritableWeek(g);
 
     void SetUp() override { test::MakeRoster(g, 2); }
     void Set(const BarList& bars) { test::SetBars(g, 1, bars); }

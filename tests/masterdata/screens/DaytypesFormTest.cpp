@@ -6,6 +6,7 @@
 #include "support/Screens.h"
 #include "support/TestStore.h"
 #include "support/Usability.h"
+#include "support/WeekWriter.h"
 
 #include <QApplication>
 
@@ -32,9 +33,9 @@ class DaytypesFormTest : public testing::Test {
         for (const auto& [symbol, name] : {std::pair("CA", "Cashier"), {"BK", "Baker"}, {"D", "Driver"}})
             AddDaytype(g, store.prompt(), symbol, name);
         store.OpenWeek(Sunday);
-        g.week.CurrentEmployee = 2;
-        g.week.CurrentDay = 3;
-        g.week.WeekChanged = false;
+        g.cursor.CurrentEmployee = 2;
+        g.cursor.CurrentDay = 3;
+        test::WritableWeek(g).WeekChanged = false;
         g.listDialog.DayTypeCaller = "Main";
         other.Open(store.folder / "TVX.MDB");
     }
@@ -336,7 +337,7 @@ TEST_F(DaytypesFormTest, puts_one_on_the_day_that_the_week_of_one_employee_names
 }
 
 TEST_F(DaytypesFormTest, the_same_one_again_is_no_change_and_leaving_is_none) {
-    g.week.DayTypeText[3][2] = "BK";
+    test::WritableWeek(g).DayTypeText[3][2] = "BK";
     Open(33);
     ClickRow(0);
     EXPECT_FALSE(g.week.WeekChanged);

@@ -104,7 +104,7 @@ TEST_F(EmployeeFormTest, opens_empty_for_a_new_one) {
     EXPECT_FALSE(Shown("Command2"));
     EXPECT_FALSE(Shown("Command3"));
     EXPECT_FALSE(Shown("Label6"));
-    EXPECT_FALSE(g.week.WeekChanged);
+    EXPECT_FALSE(form->WeekChanged);
 }
 
 TEST_F(EmployeeFormTest, opens_for_a_change_with_every_field) {
@@ -134,7 +134,7 @@ TEST_F(EmployeeFormTest, opens_for_a_change_with_every_field) {
     EXPECT_TRUE(Chosen("optLaborType(3)"));
     EXPECT_TRUE(Find<QAbstractButton>(*form, "lblColor(9)").isChecked());
     EXPECT_EQ(test::ColourAt(Find<QWidget>(*form, "Picture3"), 720, 120), QBColor(9));
-    EXPECT_FALSE(g.week.WeekChanged);
+    EXPECT_FALSE(form->WeekChanged);
 }
 
 TEST_F(EmployeeFormTest, a_stored_labor_type_without_an_option_chooses_none_and_is_saved_as_full_time) {
@@ -272,11 +272,11 @@ TEST_F(EmployeeFormTest, boxes_take_so_many_characters_however_they_come) {
 TEST_F(EmployeeFormTest, every_way_of_entering_something_is_a_change) {
     Change(1);
     const auto expectChange = [&](const char* what) {
-        EXPECT_TRUE(g.week.WeekChanged) << what;
-        g.week.WeekChanged = false;
+        EXPECT_TRUE(form->WeekChanged) << what;
+        form->WeekChanged = false;
     };
     Box(2).setFocus();
-    EXPECT_FALSE(g.week.WeekChanged);
+    EXPECT_FALSE(form->WeekChanged);
     test::Press(*form, Qt::Key_X);
     expectChange("key");
     test::Press(*form, Qt::Key_Delete);
@@ -448,7 +448,7 @@ TEST_F(EmployeeFormTest, after_adding_the_screen_is_ready_for_the_next) {
     EXPECT_TRUE(Chosen("Option3D1(1)"));
     EXPECT_TRUE(Chosen("Option3D2(2)")); // the next is likely to be of the same kind
     EXPECT_TRUE(Chosen("optLaborType(1)"));
-    EXPECT_FALSE(g.week.WeekChanged);
+    EXPECT_FALSE(form->WeekChanged);
     Enter(1, "Evans");
     test::Click(*form, "Command3D1");
     EXPECT_EQ(
@@ -510,7 +510,7 @@ TEST_F(EmployeeFormTest, the_panel_floods_while_a_save_is_shown) {
     for (std::size_t i = 0; i < seen.size(); ++i) EXPECT_EQ(seen[i], static_cast<int>(i) * 5);
     EXPECT_EQ(panel.FloodPercent(), 100);
     EXPECT_FALSE(panel.isVisible());
-    EXPECT_FALSE(g.week.WeekChanged);
+    EXPECT_FALSE(form->WeekChanged);
     EXPECT_TRUE(form->isVisible());
 }
 
@@ -529,7 +529,7 @@ TEST_F(EmployeeFormTest, goes_through_the_department_by_last_name_and_stops_at_i
         test::Click(*form, "Command3");
         EXPECT_EQ(Box(1).Text(), name);
         EXPECT_EQ(test::FocusOf(*form), Name(1));
-        EXPECT_FALSE(g.week.WeekChanged);
+        EXPECT_FALSE(form->WeekChanged);
     }
     EXPECT_FALSE(enabled("Command3"));
     EXPECT_EQ(g.SelectedEmployee, 3);
@@ -543,7 +543,7 @@ TEST_F(EmployeeFormTest, asks_before_it_moves_away_from_changes) {
     test::Click(*form, "Command3");
     EXPECT_EQ(Box(1).Text(), "Brown");
     EXPECT_EQ(Box(2).Text(), "Robert");
-    EXPECT_TRUE(g.week.WeekChanged);
+    EXPECT_TRUE(form->WeekChanged);
     ExpectQuestion(Answer::No);
     test::Click(*form, "Command3");
     EXPECT_EQ(Box(1).Text(), "Clark");
@@ -625,12 +625,12 @@ TEST_F(EmployeeFormTest, nothing_typed_is_lost_while_another_workstation_saves) 
     ExpectLocked(3260, "Associate");
     test::Click(*form, "Command3D1");
     EXPECT_TRUE(form->isVisible());
-    EXPECT_TRUE(g.week.WeekChanged);
+    EXPECT_TRUE(form->WeekChanged);
     EXPECT_FALSE(Shown("Panel3D2"));
     EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
     other.LetGo();
     test::Click(*form, "Command3D1");
-    EXPECT_FALSE(g.week.WeekChanged);
+    EXPECT_FALSE(form->WeekChanged);
     EXPECT_EQ(Stored(1, "Phone"), "555-0101");
     EXPECT_EQ(Stored(1, "Comments"), "Bakes");
     EXPECT_EQ(Stored(1, "Active"), "0");
@@ -694,7 +694,7 @@ TEST_F(EmployeeFormTest, painted_hours_are_stored_and_painted_again) {
     EXPECT_EQ(colour(2, 95), Red);
     EXPECT_EQ(colour(7, 44), Red);
     EXPECT_EQ(colour(1, 44), QBColor(15));
-    EXPECT_FALSE(g.week.WeekChanged);
+    EXPECT_FALSE(form->WeekChanged);
 }
 
 TEST_F(EmployeeFormTest, hours_of_a_record_that_nobody_touches_stay_byte_for_byte) {

@@ -1,3 +1,4 @@
+#include "editor/week/DayShifts.h"
 #include "masterdata/screens/DaytypesForm.h"
 #include "masterdata/screens/DepartmentForm.h"
 #include "masterdata/screens/EmployeeForm.h"
@@ -19,7 +20,7 @@ class Pictures : public testing::Test {
         store.AddDepartment("Bakery");
         store.AddPeople(12);
         store.OpenWeek(46083);
-        store.g.week.CurrentEmployee = 1;
+        store.g.cursor.CurrentEmployee = 1;
         AddDaytype(store.g, store.prompt(), "CA", "Cashier");
         AddDaytype(store.g, store.prompt(), "BK", "Baker");
         LoadDayTypes(store.g.store, store.g.department.CurrentDepNumber, store.g.daytypes);
@@ -57,7 +58,7 @@ TEST_F(Pictures, of_every_screen) {
     test::TakePicture(daytypes, "Form22-change");
 
     test::SetBars(store.g, 1, {{96 + 36, 96 + 68}});
-    TakeShiftFromDay(store.g);
+    TakeShiftFromDay(store.g.week, store.g.cursor.CurrentEmployee, store.g.cursor.CurrentDay, store.g.shifts);
     EXPECT_EQ(AddShift(store.g, store.prompt(), "Morning, long"), ShiftResult::Done);
     store.g.listDialog.DayTypeRequest = 30;
     qt::ShiftsForm shifts(store.g, store.ports(), nullptr);

@@ -1,10 +1,12 @@
 #include "masterdata/screens/ShiftsForm.h"
 
+#include "editor/week/DayShifts.h"
 #include "masterdata/files/ShiftFile.h"
 #include "platform/files/Folder.h"
 #include "support/Screens.h"
 #include "support/TestStore.h"
 #include "support/Usability.h"
+#include "support/WeekWriter.h"
 
 #include <QApplication>
 
@@ -31,9 +33,9 @@ class ShiftsFormTest : public testing::Test {
         store.AddDepartment("Bakery");
         store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
         store.OpenWeek(Sunday);
-        g.week.CurrentEmployee = 1;
-        g.week.CurrentDay = 3;
-        g.week.WeekChanged = false;
+        g.cursor.CurrentEmployee = 1;
+        g.cursor.CurrentDay = 3;
+        test::WritableWeek(g).WeekChanged = false;
     }
     qt::ShiftsForm& Open(int request) {
         g.listDialog.DayTypeRequest = request;
@@ -47,7 +49,7 @@ class ShiftsFormTest : public testing::Test {
         test::BarList week;
         for (const auto& [start, stop] : bars) week.emplace_back(start + 192, stop + 192);
         test::SetBars(g, 1, week);
-        TakeShiftFromDay(g);
+        TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
         Open(30);
     }
     void Store(const std::string& name, const test::BarList& bars = {{36, 68}}) {

@@ -4,6 +4,7 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "shell/common/Conversions.h"
+#include "support/WeekWriter.h"
 
 #include <algorithm>
 #include <array>
@@ -91,13 +92,14 @@ class CaseReader {
     void Finish() {
         const Department department = g_.department; // building the roster reads it again from its row
         if (lastName_.empty() && days_.empty())
-            g_.week.Resize(0); // the editor would not open on nobody
+            WritableWeek(g_).Resize(0); // the editor would not open on nobody
         else
             made_.store.OpenWeek(date_);
         g_.department = department;
-        g_.week.WeekStartJulian = date_;
+        WritableWeek(g_).WeekStartJulian = date_;
         for (int d = 1; d <= 7; ++d)
-            g_.week.WeekDateTexts[d] = DateText(date_ + d - 1, "MM-DD-YYYY", made_.store.ports().region);
+            WritableWeek(g_).WeekDateTexts[d] =
+                DateText(date_ + d - 1, "MM-DD-YYYY", made_.store.ports().region);
         g_.daytypes = daytypes_;
         g_.productivity = productivity_;
         for (const auto& [name, text] : days_) TakeDay(EmployeeOf(name), text);
@@ -105,7 +107,7 @@ class CaseReader {
         for (const std::string& text : memos_) TakeMemo(text);
         for (const std::string& name : picked_) made_.request.picked.push_back(EmployeeOf(name));
         for (std::size_t i = 0; i < order_.size(); ++i) g_.roster.RowOrder[i + 1] = EmployeeOf(order_[i]);
-        SumWeek(g_);
+        SumWeek(WritableWeek(g_), PayrollOf(g_), g_.cursor.CurrentDay);
         constexpr Twips GridLine = 220;
         made_.paper = {made_.request.kind == "7DayShort" ? 14300 : 16000, lines_ * GridLine, 0};
     }
@@ -209,9 +211,9 @@ class CaseReader {
         else
             day = DayIn(words.at(0));
         if (words.at(1) == "off")
-            g_.week.DayOffFlag[day][e] = true;
+            WritableWeek(g_).DayOffFlag[day][e] = true;
         else if (words.at(1) == "label")
-            g_.week.DayTypeText[day][e] = words.size() > 2 ? words[2] : " ";
+            WritableWeek(g_).DayTypeText[day][e] = words.size() > 2 ? words[2] : " ";
         else
             for (std::size_t i = 1; i < words.size(); ++i) AddBar(e, day, Parts(words[i], '-'));
     }
@@ -221,20 +223,20 @@ class CaseReader {
         int stop = Quarters(times.at(1));
         if (stop <= start) stop += QuartersPerDay;
         const int offset = (day - 1) * QuartersPerDay;
-        const auto b = static_cast<std::size_t>(++g_.week.BarCount[e]);
-        g_.week.BarStarts[e][b] = offset + start;
-        g_.week.BarStops[e][b] = offset + stop;
+        const auto b = static_cast<std::size_t>(++WritableWeek(g_).BarCount[e]);
+        WritableWeek(g_).BarStarts[e][b] = offset + start;
+        WritableWeek(g_).BarStops[e][b] = offset + stop;
     }
 
     /// "Mon 1200.50 310": sales and transactions.
     void TakeFigures(const std::vector<std::string>& words) {
         const auto day = static_cast<std::size_t>(DayIn(words.at(0)));
         const double sales = Val(words.at(1));
-        g_.week.DailySales[day] = sales;
+        g_.figures.DailySales[day] = sales;
         g_.totals.SalesTotal += sales;
         if (sales > 0) ++g_.totals.SalesDays;
-        g_.week.DailyTransactions[day] = words.size() > 2 ? Val(words[2]) : 0;
-        g_.totals.TransactionsTotal += g_.week.DailyTransactions[day];
+        g_.figures.DailyTransactions[day] = words.size() > 2 ? Val(words[2]) : 0;
+        g_.totals.TransactionsTotal += g_.figures.DailyTransactions[day];
     }
 
     /// "Mon | text"; "\n" in it is a line end.
@@ -243,8 +245,8 @@ class CaseReader {
         const auto day = static_cast<std::size_t>(DayIn(parts.at(0)));
         std::string memo = parts.at(1);
         for (std::size_t at; (at = memo.find("\\n")) != std::string::npos;) memo.replace(at, 2, "\r\n");
-        g_.week.DayMemoText[day] = memo;
-        g_.week.DayMemoFlag[day] = true;
+        g_.figures.DayMemoText[day] = memo;
+        g_.figures.DayMemoFlag[day] = true;
     }
 
     ScheduleCase& made_;

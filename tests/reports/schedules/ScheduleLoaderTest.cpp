@@ -4,6 +4,7 @@
 #include "platform/basic/Text.h"
 #include "support/RawFile.h"
 #include "support/TestStore.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -125,7 +126,7 @@ TEST_F(ScheduleLoaderTest, joins_over_midnight_into_the_column_of_the_start) {
 }
 
 TEST_F(ScheduleLoaderTest, leaves_the_bars_of_a_day_off_out_and_in_the_week_in_memory) {
-    g.week.DayOffFlag[2][static_cast<std::size_t>(ann)] = true;
+    test::WritableWeek(g).DayOffFlag[2][static_cast<std::size_t>(ann)] = true;
     const List all{{36, 68}, {96 + 36, 96 + 68}, {192 + 36, 192 + 68}};
     EXPECT_EQ(Load(all, 2), List{});
     EXPECT_EQ(Person(ann).bars, (PrintedRanges{{36, 68}, {228, 260}}));
@@ -167,7 +168,7 @@ TEST_F(ScheduleLoaderTest, labels_a_day_with_the_name_of_its_daytype) {
     g.daytypes.DayTypeNames[1] = "Cashier";
     g.daytypes.DayTypeSymbols[2] = "CA";
     g.daytypes.DayTypeNames[2] = "Second";
-    auto& text = g.week.DayTypeText[3][static_cast<std::size_t>(ann)];
+    auto& text = test::WritableWeek(g).DayTypeText[3][static_cast<std::size_t>(ann)];
     text = "Ca";
     EXPECT_EQ(Label(ann, 3), "Cashier") << "the first match, whatever the case";
     text = "XX";
@@ -178,8 +179,8 @@ TEST_F(ScheduleLoaderTest, labels_a_day_with_the_name_of_its_daytype) {
 
 TEST_F(ScheduleLoaderTest, labels_a_day_off_whatever_its_daytype) {
     g.department.DayOffNameSingle = "Holiday";
-    g.week.DayTypeText[3][static_cast<std::size_t>(ann)] = "CA";
-    g.week.DayOffFlag[3][static_cast<std::size_t>(ann)] = true;
+    test::WritableWeek(g).DayTypeText[3][static_cast<std::size_t>(ann)] = "CA";
+    test::WritableWeek(g).DayOffFlag[3][static_cast<std::size_t>(ann)] = true;
     EXPECT_EQ(Label(ann, 3), "Holiday");
     EXPECT_TRUE(Page().IsDayOff(" HOLIDAY "));
     EXPECT_FALSE(Page().IsDayOff("Cashier"));
@@ -194,11 +195,11 @@ TEST_F(ScheduleLoaderTest, prints_everybody_or_those_with_something_on_the_week)
     test::SetBars(g, ann, {{36, 68}});
     EXPECT_TRUE(IsListed(ann));
     test::SetBars(g, ann, {});
-    g.week.DayTypeText[7][static_cast<std::size_t>(ann)] = "CA";
+    test::WritableWeek(g).DayTypeText[7][static_cast<std::size_t>(ann)] = "CA";
     EXPECT_TRUE(IsListed(ann));
-    g.week.DayTypeText[7][static_cast<std::size_t>(ann)] = " ";
+    test::WritableWeek(g).DayTypeText[7][static_cast<std::size_t>(ann)] = " ";
     EXPECT_FALSE(IsListed(ann));
-    g.week.DayOffFlag[1][static_cast<std::size_t>(ann)] = true;
+    test::WritableWeek(g).DayOffFlag[1][static_cast<std::size_t>(ann)] = true;
     EXPECT_TRUE(IsListed(ann));
 }
 
@@ -212,8 +213,8 @@ TEST_F(ScheduleLoaderTest, prints_a_salaried_employee_without_a_schedule_for_the
 
 TEST_F(ScheduleLoaderTest, does_not_look_at_the_eighth_day_to_decide) {
     g.reports.options.WhoToPrint = 1;
-    g.week.DayTypeText[8][static_cast<std::size_t>(ann)] = "CA";
-    g.week.DayOffFlag[8][static_cast<std::size_t>(ann)] = true;
+    test::WritableWeek(g).DayTypeText[8][static_cast<std::size_t>(ann)] = "CA";
+    test::WritableWeek(g).DayOffFlag[8][static_cast<std::size_t>(ann)] = true;
     EXPECT_FALSE(IsListed(ann));
 }
 
@@ -318,8 +319,8 @@ class RatiosTest : public ScheduleLoaderTest {
         g.productivity = flags;
         test::SetBars(g, ann, {{96 + 36, 96 + 68}});
         test::SetBars(g, boss, {{96 + 36, 96 + 52}});
-        g.week.DailySales[2] = g.totals.SalesTotal = 1000;
-        g.week.DailyTransactions[2] = g.totals.TransactionsTotal = 200;
+        g.figures.DailySales[2] = g.totals.SalesTotal = 1000;
+        g.figures.DailyTransactions[2] = g.totals.TransactionsTotal = 200;
         g.totals.SalesDays = 1;
         Count();
     }
@@ -347,7 +348,7 @@ TEST_F(RatiosTest, divide_a_days_figures_by_the_time_that_the_flags_select) {
 
 TEST_F(RatiosTest, are_blank_on_a_day_without_hours) {
     Sum({true, true, true, true, true, true});
-    g.week.DailySales[5] = 70;
+    g.figures.DailySales[5] = 70;
     Count();
     EXPECT_EQ(Sales(5), "");
     EXPECT_EQ(Transactions(5), "");
@@ -415,8 +416,8 @@ TEST_F(RatiosTest, share_no_salary_out_when_no_day_has_sales) {
 }
 
 TEST_F(RatiosTest, write_figures_as_plain_numbers) {
-    g.week.DailySales[2] = 1200.5;
-    g.week.DailyTransactions[2] = 0.5;
+    g.figures.DailySales[2] = 1200.5;
+    g.figures.DailyTransactions[2] = 0.5;
     Count();
     EXPECT_EQ(SalesText(*page.productivity, 2), "1200.5");
     EXPECT_EQ(TransactionsText(*page.productivity, 2), "0.5");

@@ -7,6 +7,7 @@
 #include "support/FixedMeasures.h"
 #include "support/Random.h"
 #include "support/TestStore.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -43,9 +44,9 @@ class SchedulesTest : public testing::Test {
         store.FillWeeks(Sunday, 2);
         store.OpenWeek(Sunday);
         g.reports.options = {0, 1, 1, 1, 0, true, true};
-        g.week.DailySales[2] = g.totals.SalesTotal = 1000;
-        g.week.DayMemoFlag[2] = true;
-        g.week.DayMemoText[2] = "Delivery at six. Two trucks.";
+        g.figures.DailySales[2] = g.totals.SalesTotal = 1000;
+        g.figures.DayMemoFlag[2] = true;
+        g.figures.DayMemoText[2] = "Delivery at six. Two trucks.";
         g.totals.SalesDays = 1;
     }
     ScheduleRequest Request(const char* kind) const {
@@ -99,7 +100,7 @@ TEST_F(SchedulesTest, close_their_document_once_or_twice_and_it_is_the_same) {
 
 TEST_F(SchedulesTest, of_a_week_are_the_same_the_second_time) {
     Open(20);
-    g.week.DayOffFlag[3][5] = g.week.DayOffFlag[4][6] = true;
+    test::WritableWeek(g).DayOffFlag[3][5] = test::WritableWeek(g).DayOffFlag[4][6] = true;
     for (const char* kind : Kinds)
         for (const bool html : {false, true}) {
             Run(kind, html, vp);
@@ -119,8 +120,8 @@ TEST_F(SchedulesTest, leave_the_week_unsaved_and_unsaid) {
 
 TEST_F(SchedulesTest, of_nobody_have_one_page) {
     store.AddDepartment("Bakery");
-    g.week.Resize(0);
-    g.week.WeekStartJulian = Sunday;
+    test::WritableWeek(g).Resize(0);
+    test::WritableWeek(g).WeekStartJulian = Sunday;
     g.reports.options = {0, 1, 1, 1, 0, true, true};
     for (const char* kind : Kinds)
         for (const bool html : {false, true}) {
@@ -209,8 +210,8 @@ TEST_F(SchedulesTest, total_what_the_editor_totals_for_any_week_and_cut_off) {
             }
             test::SetBars(g, e, bars);
         }
-        SumWeek(g);
-        const auto screen = TotalsTexts(g);
+        SumWeek(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
+        const auto screen = TotalsTexts(g.totals, g.rights, g.application);
         for (const char* kind : {"7DayShort", "7DayLong"}) {
             Run(kind, false, vp);
             const auto totals = Totals();
@@ -230,7 +231,7 @@ TEST_F(SchedulesTest, of_any_options_end_well) {
         g.department.WeekMethod = any(3);
         g.department.DayCutoffQuarters = any(32);
         g.rights.HideWages = any(1) == 1;
-        g.week.DayMemoText[2] = random.TextOf("ab ^\r\nÄ", 300);
+        g.figures.DayMemoText[2] = random.TextOf("ab ^\r\nÄ", 300);
         ScheduleRequest request = Request(Kinds[any(2)]);
         request.productivity = any(1) == 1;
         request.saveSpace = any(1) == 1;

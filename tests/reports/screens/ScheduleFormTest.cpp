@@ -1,6 +1,7 @@
 #include "support/FullDisk.h"
 #include "support/ScheduleFormFixture.h"
 #include "support/Usability.h"
+#include "support/WeekWriter.h"
 
 #include <QListWidget>
 
@@ -60,11 +61,11 @@ TEST_F(ScheduleFormTest, shows_what_each_kind_can_print) {
 }
 
 TEST_F(ScheduleFormTest, offers_productivity_only_in_a_week_with_figures) {
-    g.week.DailySales = {};
-    g.week.DailyTransactions = {};
+    g.figures.DailySales = {};
+    g.figures.DailyTransactions = {};
     Open("7DayShort");
     EXPECT_FALSE(Shown("Check3D4"));
-    g.week.DailyTransactions[7] = 1;
+    g.figures.DailyTransactions[7] = 1;
     Open("7DayShort");
     EXPECT_TRUE(Shown("Check3D4"));
 }
@@ -353,7 +354,7 @@ TEST_F(WebPageTest, do_not_turn_the_next_print_into_one) {
 }
 
 TEST_F(WebPageTest, are_the_same_when_saved_twice_from_one_preview) {
-    g.week.DayOffFlag[2][1] = true;
+    test::WritableWeek(g).DayOffFlag[2][1] = true;
     Open("7DayLong");
     Click("Check3D1");
     for (const char* name : {"one.htm", "two.htm"}) {

@@ -9,6 +9,7 @@
 #include "support/Random.h"
 #include "support/RawFile.h"
 #include "support/TestStore.h"
+#include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
 
@@ -729,7 +730,7 @@ TEST_F(ConsoleTest, scheduling_begins_with_an_unchanged_week_and_the_first_hour_
     made.AddDepartment("Bakery");
     made.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     StartReady();
-    g.week.WeekChanged = true;
+    test::WritableWeek(g).WeekChanged = true;
     g.application.Settings[setting::StartHour] = "7";
     EXPECT_TRUE(PrepareSchedule(g, made.ports()));
     EXPECT_FALSE(g.week.WeekChanged);

@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <optional>
+
 namespace fs = std::filesystem;
 
 namespace tvx {
@@ -73,7 +75,8 @@ class DamagedDatabaseTest : public testing::Test {
   protected:
     test::TempFolder folder;
     test::ScriptedPorts script;
-    GlobalState g;
+    std::optional<GlobalState> run{std::in_place};
+    GlobalState& g() { return *run; }
     fs::path File() const { return folder / "TVX.MDB"; }
 
     /// A file with these tables and, where `Application` stands, one row of options with this version.
@@ -92,11 +95,11 @@ class DamagedDatabaseTest : public testing::Test {
         }
     }
     LoadResult Start() {
-        g = GlobalState();
-        g.store.Engine = dao::Engine(test::TestEngineOptions());
-        g.paths.ProgramPath = folder.Path();
+        run.emplace();
+        g().store.Engine = dao::Engine(test::TestEngineOptions());
+        g().paths.ProgramPath = folder.Path();
         ConsoleFace face;
-        return LoadConsole(g, script.ports, face);
+        return LoadConsole(g(), script.ports, face);
     }
     /// A start that ends with this box and leaves the file alone.
     void ExpectEnd(const ShownBox& box, const std::string& what) {
@@ -105,7 +108,7 @@ class DamagedDatabaseTest : public testing::Test {
         const int beeps = script.prompt.Beeps();
         script.prompt.Expect(box.text, box.style, box.title);
         EXPECT_EQ(Start(), LoadResult::EndRun);
-        EXPECT_EQ(g.store.Db, nullptr);
+        EXPECT_EQ(g().store.Db, nullptr);
         EXPECT_EQ(script.prompt.Beeps(), beeps + 1);
         EXPECT_TRUE(test::ReadFile(File()) == before);
         EXPECT_EQ(test::NamesIn(folder.Path()), Names{"TVX.MDB"});
@@ -285,7 +288,7 @@ TEST_F(DamagedDatabaseTest, an_older_file_gets_the_fields_that_it_lacks) {
          {test::RawValue(), test::RawValue(std::int64_t{7}), test::RawValue(std::int64_t{9})}) {
         Make(TablesBut(DropAdded), version);
         EXPECT_EQ(Start(), LoadResult::Ready);
-        CloseDatabase(g.store, script.prompt);
+        CloseDatabase(g().store, script.prompt);
         EXPECT_EQ(RawFile(File()).Rows("SELECT [DB Version] FROM Application"), Names{"8"});
         EXPECT_TRUE(Holds(FieldsOf("Day Schedule"), "Current Rate|DOUBLE"));
         EXPECT_TRUE(Holds(FieldsOf("Day Schedule"), "Salary|TEXT(1)"));
@@ -308,7 +311,7 @@ TEST_F(DamagedDatabaseTest, an_older_file_that_lacks_only_one_of_them_gets_that_
              }),
              std::int64_t{7});
         EXPECT_EQ(Start(), LoadResult::Ready) << table << "." << field;
-        EXPECT_EQ(MissingFromFile(g.store.Open()), "");
+        EXPECT_EQ(MissingFromFile(g().store.Open()), "");
     }
 }
 
@@ -316,7 +319,7 @@ TEST_F(DamagedDatabaseTest, an_older_file_without_a_row_of_options_is_brought_up
     Make(TablesBut(DropAdded));
     RawFile(File()).Run("DELETE FROM Application");
     EXPECT_EQ(Start(), LoadResult::Ready);
-    EXPECT_EQ(MissingFromFile(g.store.Open()), "");
+    EXPECT_EQ(MissingFromFile(g().store.Open()), "");
     EXPECT_EQ(RawFile(File()).Rows("SELECT [12 or 24], [To Try], [DB Version] FROM Application"),
               Names{"12|S|8"});
 }
@@ -332,14 +335,14 @@ TEST_F(DamagedDatabaseTest, rows_of_an_older_file_read_with_the_defaults_of_the_
                  {test::StartsStops({{36, 68}})});
     }
     ASSERT_EQ(Start(), LoadResult::Ready);
-    EXPECT_EQ(g.department.EmployeeNamePlural, "Employees");
-    EXPECT_EQ(g.department.WeekMethod, 0);
-    ASSERT_TRUE(PrepareSchedule(g, script.ports));
-    EXPECT_EQ(g.roster.RosterLaborType[1], "Full time");
-    EXPECT_EQ(g.roster.RosterBarColor[1], 2);
-    LoadWeekOf(g, script.ports, 46082);
-    EXPECT_FALSE(g.week.DayOffFlag[1][1]);
-    EXPECT_EQ(test::Bars(g, 1), (test::BarList{{36, 68}}));
+    EXPECT_EQ(g().department.EmployeeNamePlural, "Employees");
+    EXPECT_EQ(g().department.WeekMethod, 0);
+    ASSERT_TRUE(PrepareSchedule(g(), script.ports));
+    EXPECT_EQ(g().roster.RosterLaborType[1], "Full time");
+    EXPECT_EQ(g().roster.RosterBarColor[1], 2);
+    LoadWeekOf(g(), script.ports, 46082);
+    EXPECT_FALSE(g().week.DayOffFlag[1][1]);
+    EXPECT_EQ(test::Bars(g(), 1), (test::BarList{{36, 68}}));
 }
 
 // --- damage inside ----------------------------------------------------------------------------------------
@@ -364,15 +367,15 @@ TEST_F(DamagedDatabaseTest, bytes_changed_anywhere_never_bring_the_program_down)
         test::WriteFile(File(), content);
         if (Start() == LoadResult::EndRun) {
             ++ended;
-            ASSERT_EQ(g.store.Db, nullptr);
+            ASSERT_EQ(g().store.Db, nullptr);
             ASSERT_FALSE(script.prompt.Last().text.empty());
             continue;
         }
         try {
-            if (!PrepareSchedule(g, script.ports)) continue;
-            LoadWeekOf(g, script.ports, 46082);
+            if (!PrepareSchedule(g(), script.ports)) continue;
+            LoadWeekOf(g(), script.ports, 46082);
             test::ScriptedGauge gauge;
-            SaveWeek(g, script.ports, gauge, [] {});
+            SaveWeek(g(), script.ports, gauge, [] {});
         } catch (const dao::DaoError&) {
             // Told by the one handler of the program; the action ends there.
             continue;

@@ -91,7 +91,7 @@ void TimeGrid::UpdateRow(int row) {
 std::string TimeGrid::RowText(int row) const {
     if (row < 1 || row > g_.grid.VisibleRows) return "";
     const int e = EmployeeOfRow(g_, row);
-    const DayWindow day = WindowOfDay(g_.week.CurrentDay, g_.department.DayCutoffQuarters);
+    const DayWindow day = WindowOfDay(g_.cursor.CurrentDay, g_.department.DayCutoffQuarters);
     const auto clock = [&](WeekQuarter quarter) {
         const int ofDay = quarter % QuartersPerDay;
         return Trim(QuarterToClockText(ofDay, g_.application.Settings[setting::ClockStyle]));
@@ -101,7 +101,7 @@ std::string TimeGrid::RowText(int row) const {
         if (g_.week.BarStops[e][b] <= day.low || g_.week.BarStarts[e][b] >= day.high) continue;
         text += " " + clock(g_.week.BarStarts[e][b]) + " - " + clock(g_.week.BarStops[e][b]);
     }
-    if (g_.week.DayOffFlag[g_.week.CurrentDay][e]) text += " " + g_.department.DayOffNameSingle;
+    if (g_.week.DayOffFlag[g_.cursor.CurrentDay][e]) text += " " + g_.department.DayOffNameSingle;
     return text;
 }
 

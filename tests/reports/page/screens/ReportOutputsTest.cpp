@@ -6,6 +6,7 @@
 #include "reports/schedules/Schedules.h"
 #include "shell/common/Conversions.h"
 #include "support/ScheduleFormFixture.h"
+#include "support/WeekWriter.h"
 
 #include <QApplication>
 #include <QPainter>
@@ -91,8 +92,8 @@ class ReportOutputsTest : public ScheduleFormFixture {
         g.roster.RosterName1[4] = g.roster.RosterName2[4] = "";
         g.roster.RosterAssignment[1] = "a\x01\x02 \xFF\xFE b";
         g.department.CurrentDepName = "R&D <Nord>";
-        g.week.DayMemoFlag[3] = true;
-        g.week.DayMemoText[3] = "<script>alert(1)</script> " + std::string(300, 'x');
+        g.figures.DayMemoFlag[3] = true;
+        g.figures.DayMemoText[3] = "<script>alert(1)</script> " + std::string(300, 'x');
     }
 };
 
@@ -100,7 +101,8 @@ class ReportOutputsTest : public ScheduleFormFixture {
 
 TEST_F(ReportOutputsTest, a_PDF_holds_the_totals_of_the_screen) {
     if (!IsInstalled("pdftotext")) GTEST_SKIP() << "pdftotext is not installed";
-    const auto screen = TotalsTexts(g); // day time, week time, day wages, week wages
+    const auto screen =
+        TotalsTexts(g.totals, g.rights, g.application); // day time, week time, day wages, week wages
     for (const char* kind : {"7DayShort", "7DayLong"}) {
         std::string text = Squeezed(PdfText(kind));
         std::erase(text, ',');
@@ -189,7 +191,7 @@ TEST_F(ReportOutputsTest, web_pages_of_every_kind_are_valid) {
 
 TEST_F(ReportOutputsTest, a_web_page_of_nobody_is_valid) {
     if (!IsInstalled("tidy")) GTEST_SKIP() << "tidy is not installed";
-    g.week.Resize(0);
+    test::WritableWeek(g).Resize(0);
     g.roster.EmployeeCount = 0;
     for (const char* kind : {"7DayShort", "7DayLong"}) {
         const fs::path page = PutPage(std::string(kind) + "-nobody", kind);
@@ -200,7 +202,7 @@ TEST_F(ReportOutputsTest, a_web_page_of_nobody_is_valid) {
 }
 
 TEST_F(ReportOutputsTest, web_pages_hold_the_totals_of_the_screen) {
-    const auto screen = TotalsTexts(g);
+    const auto screen = TotalsTexts(g.totals, g.rights, g.application);
     for (const char* kind : {"7DayShort", "7DayLong"}) {
         std::string page = test::ReadFile(PutPage(kind, kind));
         std::erase(page, ',');
