@@ -13,8 +13,8 @@ using namespace absence;
 constexpr int Days = 7;
 constexpr int SlotsStored = 4;
 constexpr int SlotsKept = 3;
-constexpr Twips GrabTolerance = 60;
 constexpr Twips MarkerOffset = 140; // the mark that follows the mouse is centred on it
+constexpr BarLimits Limits{QuarterWidth, SlotsKept, 0, RightEnd};
 
 std::size_t PlaceOf(int day, int slot) {
     return static_cast<std::size_t>((day - 1) * SlotsStored + slot - 1);
@@ -26,15 +26,6 @@ WeekAbsences AbsencesOf(const Absence& bars) {
         for (int k = 1; k <= SlotsStored; ++k)
             absences[PlaceOf(d, k)] = {bars.AvailStart[d][k], bars.AvailStop[d][k]};
     return absences;
-}
-
-Twips Snap(Twips x) {
-    const Twips rest = x % QuarterWidth;
-    return rest > QuarterWidth / 2 ? x - rest + QuarterWidth : x - rest;
-}
-
-bool Near(Twips x, Twips end) {
-    return x >= end - GrabTolerance && x <= end + GrabTolerance;
 }
 
 /// Row 1 to 7 of a place, 0 outside.
@@ -102,82 +93,30 @@ void AvailabilityGrid::SetBars(const Absence& bars) {
     *this = fresh;
 }
 
-bool AvailabilityGrid::InBand(Twips y) const {
-    const Twips top = (row_ - 1) * RowHeight;
-    return y >= top + BandTop - 100 && y <= top + BandBottom + 100;
+LaneBars AvailabilityGrid::BarsOfRow() const {
+    return {bars_.AvailCount[row_], bars_.AvailStart[row_], bars_.AvailStop[row_]};
 }
 
-AbsenceChange AvailabilityGrid::Press(const AbsenceMouse& mouse) {
+AbsenceChange AvailabilityGrid::Press(const GridMouse& mouse) {
     AbsenceChange change;
     const int row = RowAt(mouse.y);
     if (row == 0 || mouse.x < 0 || mouse.x > RightEnd) return change;
-    if (mouse.button == AbsenceMouse::Button::Right && leftDown_) return change;
+    if (mouse.button == MouseButton::Right && leftDown_) return change;
     Settle();
-    leftDown_ = leftDown_ || mouse.button == AbsenceMouse::Button::Left;
+    leftDown_ = leftDown_ || mouse.button == MouseButton::Left;
     change.pressed = true;
     row_ = row;
-    if (mouse.button == AbsenceMouse::Button::Right)
-        change.menu = true;
-    else
-        BeginDrag(mouse, change);
+    change.menu = mouse.button == MouseButton::Right;
+    if (change.menu || !hand_.Take(BarsOfRow(), mouse.x, Limits)) return change;
+    change.row = true;
+    const bool onLane = IsOnLane(mouse.y, (row_ - 1) * RowHeight);
+    const auto pointer = hand_.Grasp(mouse.x, onLane, mouse.shift, Limits);
+    change.pointer = pointer.has_value();
+    change.shape = pointer.value_or(Pointer::Default);
     return change;
 }
 
-/// Takes the first bar within reach out of its slot. False when the search comes to the fourth slot.
-bool AvailabilityGrid::TakeSlot(Twips x) {
-    pickedSlot_ = 0;
-    bandStart_ = bandStop_ = 0;
-    for (int k = 1; k <= bars_.AvailCount[row_]; ++k) {
-        if (k > SlotsKept) return false;
-        const Twips start = bars_.AvailStart[row_][k] * QuarterWidth;
-        const Twips stop = bars_.AvailStop[row_][k] * QuarterWidth;
-        if (x < start - GrabTolerance || x > stop + GrabTolerance) continue;
-        bandStart_ = start;
-        bandStop_ = stop;
-        pickedSlot_ = k;
-        bars_.AvailStart[row_][k] = bars_.AvailStop[row_][k] = 0;
-        return true;
-    }
-    return true;
-}
-
-void AvailabilityGrid::BeginDrag(const AbsenceMouse& mouse, AbsenceChange& change) {
-    if (!TakeSlot(mouse.x)) return;
-    open_ = true;
-    change.row = true;
-    dragAnchor_ = mouse.x;
-    const auto stretch = [&] {
-        state_ = State::Stretching;
-        change.pointer = true;
-        change.shape = Pointer::Cross;
-    };
-    if (pickedSlot_ == 0) {
-        bandStart_ = Snap(mouse.x);
-        bandStop_ = mouse.x;
-        stretch();
-        return;
-    }
-    if (!InBand(mouse.y)) return;
-    const bool inside = mouse.x > bandStart_ + GrabTolerance && mouse.x < bandStop_ - GrabTolerance;
-    if (inside && mouse.shift) {
-        state_ = State::Moving;
-        change.pointer = true;
-        change.shape = Pointer::SizeWestEast;
-    } else if (Near(mouse.x, bandStart_)) {
-        std::swap(bandStart_, bandStop_); // the end under the mouse is always the second
-        stretch();
-    } else if (Near(mouse.x, bandStop_)) {
-        stretch();
-    }
-}
-
-/// A limit ends the drag with the moving end held there.
-void AvailabilityGrid::EndAt(Twips x) {
-    bandStop_ = x;
-    state_ = State::Idle;
-}
-
-AbsenceChange AvailabilityGrid::Hover(const AbsenceMouse& mouse) {
+AbsenceChange AvailabilityGrid::Hover(const GridMouse& mouse) {
     AbsenceChange change;
     leftDown_ = false;
     change.row = change.pointer = Settle();
@@ -187,30 +126,27 @@ AbsenceChange AvailabilityGrid::Hover(const AbsenceMouse& mouse) {
     return change;
 }
 
-AbsenceChange AvailabilityGrid::Move(const AbsenceMouse& mouse) {
-    if (mouse.button == AbsenceMouse::Button::None) return Hover(mouse);
+AbsenceChange AvailabilityGrid::Move(const GridMouse& mouse) {
+    if (mouse.button == MouseButton::None) return Hover(mouse);
     AbsenceChange change;
-    if (state_ == State::Idle) return change;
-    const Twips travelled = mouse.x - dragAnchor_;
-    dragAnchor_ = mouse.x;
-    bandStop_ += travelled;
-    if (state_ == State::Moving)
-        bandStart_ += travelled;
-    else if (mouse.x >= RightEnd)
-        EndAt(RightEnd);
-    else if (mouse.x < 0)
-        EndAt(0);
+    if (hand_.IsMoving())
+        hand_.MoveTo(mouse.x);
+    else if (hand_.IsStretching())
+        hand_.StretchTo(mouse.x);
+    else
+        return change;
+    if (hand_.IsStretching() && (mouse.x >= RightEnd || mouse.x < 0))
+        hand_.HoldAt(hand_.DayRightBar, mouse.x < 0 ? 0 : RightEnd);
     change.row = true;
-    change.pointer = state_ == State::Idle;
+    change.pointer = hand_.MouseState == 0;
     return change;
 }
 
-AbsenceChange AvailabilityGrid::Release(const AbsenceMouse& mouse) {
+AbsenceChange AvailabilityGrid::Release(const GridMouse& mouse) {
     AbsenceChange change;
-    if (mouse.button == AbsenceMouse::Button::Right) return change;
+    if (mouse.button == MouseButton::Right) return change;
     leftDown_ = false;
-    if (!open_) return change;
-    Commit();
+    if (!Settle()) return change;
     change.row = true;
     change.pointer = true;
     change.markerMoved = true;
@@ -219,22 +155,16 @@ AbsenceChange AvailabilityGrid::Release(const AbsenceMouse& mouse) {
 }
 
 bool AvailabilityGrid::Settle() {
-    if (!open_) return false;
+    if (!hand_.GestureOpen) return false;
     Commit();
     return true;
 }
 
 void AvailabilityGrid::Commit() {
-    open_ = false;
-    state_ = State::Idle;
-    if (bandStart_ > bandStop_) std::swap(bandStart_, bandStop_);
-    bandStart_ = std::max(bandStart_, 0);
-    bandStop_ = std::min(bandStop_, RightEnd);
-    if (bandStop_ - bandStart_ < QuarterWidth) bandStart_ = bandStop_ = 0;
-    const int slot = pickedSlot_ == 0 ? bars_.AvailCount[row_] + 1 : pickedSlot_;
-    bars_.AvailStart[row_][slot] = Snap(bandStart_) / QuarterWidth;
-    bars_.AvailStop[row_][slot] = Snap(bandStop_) / QuarterWidth;
-    bandStart_ = bandStop_ = 0;
+    const BarLetGo bar = hand_.LetGo(Limits);
+    const int slot = bar.slot == 0 ? bars_.AvailCount[row_] + 1 : bar.slot;
+    bars_.AvailStart[row_][slot] = bar.start;
+    bars_.AvailStop[row_][slot] = bar.stop;
     NormalizeAvailabilityRow();
 }
 
@@ -258,8 +188,8 @@ void AvailabilityGrid::NormalizeAvailabilityRow() {
 }
 
 std::pair<Twips, Twips> AvailabilityGrid::Band() const {
-    if (!open_) return {0, 0};
-    const auto [left, right] = std::minmax(bandStart_, bandStop_);
+    if (!hand_.GestureOpen) return {0, 0};
+    const auto [left, right] = hand_.Ends();
     return {std::clamp(left, 0, RightEnd), std::clamp(right, 0, RightEnd)}; // a moved bar may be outside
 }
 
@@ -281,16 +211,16 @@ bool AvailabilityGrid::PasteLine() {
     return true;
 }
 
-std::vector<AbsenceBox> DrawAvailabilityRow(const Absence& bars, int row) {
+std::vector<AbsenceBox> DrawAvailabilityRow(const Absence& bars, int row, int slotInHand) {
     const Twips top = (row - 1) * RowHeight;
-    std::vector<AbsenceBox> boxes{{0, top + BandTop, RightEnd, top + BandBottom, false}};
+    std::vector<AbsenceBox> boxes{{0, top + LaneTop, RightEnd, top + LaneBottom, false}};
     for (int k = 1; k <= SlotsStored; ++k) {
         const int start = bars.AvailStart[row][k];
         const int stop = bars.AvailStop[row][k];
         if (start == stop) break;
-        if (stop > start)
+        if (stop > start && k != slotInHand)
             boxes.push_back(
-                {start * QuarterWidth, top + BandTop, stop * QuarterWidth, top + BandBottom, true});
+                {start * QuarterWidth, top + LaneTop, stop * QuarterWidth, top + LaneBottom, true});
     }
     return boxes;
 }

@@ -2,8 +2,7 @@
 // day, edited with the mouse. No window: positions are twips on the grid.
 #pragma once
 
-#include "platform/basic/Twips.h"
-#include "platform/ports/Prompt.h"
+#include "editor/lanes/BarInHand.h"
 #include "shell/state/Roster.h"
 
 #include <array>
@@ -35,18 +34,8 @@ namespace absence {
 constexpr Twips QuarterWidth = 90;
 constexpr Twips RightEnd = 8670; // the last place that the mouse can reach; snaps to 24:00
 constexpr Twips RowHeight = 240;
-constexpr Twips BandTop = 50; // of the painted band inside a row
-constexpr Twips BandBottom = 170;
 constexpr Twips SeparatorTop = 230; // of the line that ends a row
 } // namespace absence
-
-/// A mouse event on the grid.
-struct AbsenceMouse {
-    enum class Button { None, Left, Right } button = Button::None;
-    Twips x = 0;
-    Twips y = 0;
-    bool shift = false; // the key is held
-};
 
 /// What an event has changed.
 struct AbsenceChange {
@@ -66,19 +55,21 @@ class AvailabilityGrid {
     /// Replaces the bars of all days and forgets a gesture. The clipboard stays.
     void SetBars(const Absence& bars);
 
-    AbsenceChange Press(const AbsenceMouse& mouse);
+    AbsenceChange Press(const GridMouse& mouse);
     /// A move with no button held tells that the release of a gesture was lost: the gesture is committed.
-    AbsenceChange Move(const AbsenceMouse& mouse);
+    AbsenceChange Move(const GridMouse& mouse);
     /// Commits the gesture: snaps, merges, keeps the three earliest bars of the day.
-    AbsenceChange Release(const AbsenceMouse& mouse);
+    AbsenceChange Release(const GridMouse& mouse);
 
     /// Commits a gesture whose release never came. True when there was one.
     bool Settle();
 
     /// Row of the gesture, 1 to 7.
     int Row() const { return row_; }
-    /// The band under the mouse, grid twips, left to right; both 0 when there is none.
+    /// The bar in hand, grid twips, left to right; both 0 when there is none.
     std::pair<Twips, Twips> Band() const;
+    /// The slot of a row whose bar is in hand, and which is not painted meanwhile; 0 when there is none.
+    int SlotInHand(int row) const { return hand_.GestureOpen && row == row_ ? hand_.DragBar : 0; }
 
     // The menu works on the row of the last press. Its commands commit an open gesture first.
     bool CanCut() const { return bars_.AvailCount[row_] > 0; }
@@ -89,29 +80,19 @@ class AvailabilityGrid {
     bool PasteLine();
 
   private:
-    enum class State { Idle, Stretching, Moving };
-
-    bool TakeSlot(Twips x);
-    void BeginDrag(const AbsenceMouse& mouse, AbsenceChange& change);
-    AbsenceChange Hover(const AbsenceMouse& mouse);
-    bool InBand(Twips y) const;
-    void EndAt(Twips x);
+    LaneBars BarsOfRow() const;
+    AbsenceChange Hover(const GridMouse& mouse);
     void Commit();
     void NormalizeAvailabilityRow();
 
     Absence bars_;
     bool clipboardFull_ = false;
     int row_ = 1;
-    State state_ = State::Idle;
-    bool open_ = false; // a band waits for its release
     bool leftDown_ = false;
-    int pickedSlot_ = 0;   // slot being edited; 0 is a new bar
-    Twips bandStart_ = 0;  // the anchored end
-    Twips bandStop_ = 0;   // the end under the mouse
-    Twips dragAnchor_ = 0; // the last mouse x
+    BarInHand hand_;
 };
 
-/// The filled boxes of a row, grid twips: its white band, then its red bars.
+/// The filled boxes of a row, grid twips: its white band, then its red bars but for the one in hand.
 struct AbsenceBox {
     Twips left = 0;
     Twips top = 0;
@@ -119,6 +100,6 @@ struct AbsenceBox {
     Twips bottom = 0;
     bool bar = false;
 };
-std::vector<AbsenceBox> DrawAvailabilityRow(const Absence& bars, int row);
+std::vector<AbsenceBox> DrawAvailabilityRow(const Absence& bars, int row, int slotInHand = 0);
 
 } // namespace tvx

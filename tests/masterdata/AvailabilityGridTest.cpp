@@ -12,7 +12,7 @@
 namespace tvx {
 namespace {
 
-using Button = AbsenceMouse::Button;
+using Button = MouseButton;
 using Bars = std::vector<std::pair<int, int>>; // start and stop in quarters
 
 constexpr int Monday = 2; // row of the gestures
@@ -475,7 +475,7 @@ Button RandomButton(test::Random& random) {
     return buttons[static_cast<std::size_t>(random.Whole(0, 2))];
 }
 
-AbsenceMouse RandomMouse(test::Random& random, Button button) {
+GridMouse RandomMouse(test::Random& random, Button button) {
     return {button, static_cast<Twips>(random.Whole(-300, 9000)),
             static_cast<Twips>(random.Whole(-100, 1900)), random.Chance(30)};
 }

@@ -27,12 +27,6 @@ void SetPointer(GridChange& change, Pointer shape) {
 
 } // namespace
 
-Twips SnapToQuarter(Twips value, Twips quarterWidth) {
-    const Twips rest = value % quarterWidth;
-    const Twips below = value - rest;
-    return quarterWidth / 2 >= rest ? below : below + quarterWidth;
-}
-
 bool BarDrag::IsOutside(const GridMouse& mouse) const {
     return mouse.y >= g_.grid.GridHeight || mouse.y <= 0 || mouse.x >= g_.grid.GridWidth || mouse.x <= 0 ||
            mouse.y / g_.grid.RowHeight + 1 > g_.grid.VisibleRows;

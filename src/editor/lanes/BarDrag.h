@@ -2,19 +2,10 @@
 // window. Positions are twips on the grid.
 #pragma once
 
-#include "platform/ports/Prompt.h"
+#include "editor/lanes/BarInHand.h"
 #include "shell/state/TVXGLOB.h"
 
 namespace tvx {
-
-enum class MouseButton { None, Left, Right, Other };
-
-/// A mouse event on the grid.
-struct GridMouse {
-    MouseButton button = MouseButton::None; // pressed, held or released
-    Twips x = 0;
-    Twips y = 0;
-};
 
 /// What an event has changed, for the window to show.
 struct GridChange {
@@ -69,9 +60,6 @@ class BarDrag {
 
     GlobalState& g_;
 };
-
-/// The nearest multiple of a quarter's width; an exact half goes down.
-Twips SnapToQuarter(Twips value, Twips quarterWidth);
 
 /// The message for who may not change schedules.
 void TellSchedulingNotPermitted(Prompt& prompt);

@@ -1,6 +1,7 @@
 // The time grid as geometry: where everything lies, in twips, before any window paints it.
 #pragma once
 
+#include "editor/lanes/BarInHand.h"
 #include "platform/basic/Palette.h"
 #include "platform/ports/Region.h"
 #include "shell/state/TVXGLOB.h"
@@ -14,8 +15,6 @@
 namespace tvx {
 
 constexpr Twips GridTop = 845; // of the grid on its form
-constexpr Twips LaneTop = 50;  // of a lane's white band inside its row
-constexpr Twips LaneBottom = 170;
 constexpr Twips RulerHeight = 600;
 
 /// Sets the geometry of the grid from the size of the screen, the roster and the department, and scrolls it

@@ -248,7 +248,7 @@ void EmployeeForm::ConnectBox(int index) {
 // ---- the grid ----
 
 void EmployeeForm::ConnectGrid() {
-    using Button = AbsenceMouse::Button;
+    using Button = MouseButton;
     const auto shiftHeld = [] { return (QApplication::keyboardModifiers() & Qt::ShiftModifier) != 0; };
     Picture1->onMouseDown = Guarded([=, this](Qt::MouseButton button, TwipsPoint at) {
         const Button which = button == Qt::RightButton ? Button::Right : Button::Left;

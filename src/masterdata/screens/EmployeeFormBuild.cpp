@@ -228,22 +228,21 @@ void EmployeeForm::PaintGrid(QPainter& painter) const {
     for (int row = 1; row <= 7; ++row) {
         const Twips top = (row - 1) * absence::RowHeight;
         PaintTicks(painter, top);
-        for (const AbsenceBox& box : DrawAvailabilityRow(grid_.Bars(), row))
+        for (const AbsenceBox& box : DrawAvailabilityRow(grid_.Bars(), row, grid_.SlotInHand(row)))
             fill({box.left, box.top, box.right, box.bottom}, ToColor(box.bar ? Red : QBColor(15)));
         fill({0, top + absence::SeparatorTop, absence::RightEnd, top + absence::SeparatorTop + 15},
              Qt::black);
     }
     const auto [left, right] = grid_.Band();
     const Twips top = (grid_.Row() - 1) * absence::RowHeight;
-    if (left < right)
-        fill({left, top + absence::BandTop, right, top + absence::BandBottom}, ToColor(QBColor(12)));
+    if (left < right) fill({left, top + LaneTop, right, top + LaneBottom}, ToColor(QBColor(12)));
 }
 
 /// The ticks of a row stand on the line that ends it, those of the hours up to its band.
 void EmployeeForm::PaintTicks(QPainter& painter, Twips top) const {
     for (Twips x = 0; x <= absence::RightEnd; x += absence::QuarterWidth) {
         const bool hour = x % HourWidth == 0;
-        const Twips from = absence::BandBottom + (hour ? 0 : 30);
+        const Twips from = LaneBottom + (hour ? 0 : 30);
         painter.fillRect(SharpRect({x, top + from, x + 15, top + absence::SeparatorTop}, *painter.device()),
                          ToColor(hour ? QBColor(12) : QBColor(0)));
     }
