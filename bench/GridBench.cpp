@@ -3,7 +3,7 @@
 #include "Ratios.h"
 #include "desktop/QtPorts.h"
 #include "editor/RowValues.h"
-#include "editor/lanes/GridView.h"
+#include "editor/lanes/LaneView.h"
 #include "editor/lanes/screens/PaintDrawing.h"
 #include "editor/screens/MainEditorForm.h"
 #include "support/TestStore.h"
@@ -20,7 +20,7 @@ namespace tvx::bench {
 namespace {
 
 constexpr DaySerial Sunday = 45294;
-constexpr int Lanes = 100;
+constexpr int People = 100;
 
 class NoScreens : public qt::EditorScreens {
   public:
@@ -34,7 +34,7 @@ struct Editor {
     Editor() {
         store.g.screen = {3840 * 15, 2160 * 15 - 150, 24};
         store.AddDepartment("Bench");
-        store.AddPeople(Lanes);
+        store.AddPeople(People);
         store.FillWeeks(Sunday, 1);
         store.script.clock.Set(Sunday + 2);
         store.OpenEditor();
@@ -47,6 +47,9 @@ struct Editor {
     GlobalState& g() { return store.g; }
 
     test::TestStore store;
+    MainLanes lanes{store.g.grid, store.g.roster, store.g.cursor};
+    BarDrag drag{lanes, store.g};
+    LaneView view{lanes, drag, store.g};
     NoScreens screens;
     std::unique_ptr<qt::MainEditorForm> form;
 };
@@ -56,11 +59,11 @@ void NextDay(Editor& editor) {
 }
 
 /// The lanes as rectangles and texts.
-Drawing LanesOf(const GlobalState& g) {
+Drawing LanesOf(const Editor& editor) {
     Drawing drawing;
-    for (int row = 1; row <= g.grid.VisibleRows; ++row) {
-        DrawAvailability(g, row, drawing);
-        DrawRow(g, row, drawing);
+    for (int row = 1; row <= editor.lanes.Count(); ++row) {
+        editor.view.DrawAvailability(row, drawing);
+        editor.view.DrawRow(row, drawing);
     }
     return drawing;
 }
@@ -70,7 +73,7 @@ void FillRowsBare(QPainter& painter, const Editor& editor) {
     const GlobalState& g = editor.store.g;
     const test::ScriptedRegion region;
     for (int row = 1; row <= g.grid.VisibleRows; ++row) {
-        const int e = EmployeeOfRow(g, row);
+        const int e = editor.lanes.At(row).employee;
         for (const char* name : {"Label10(", "Text1("}) {
             const auto* control = editor.form->Find<QWidget>(name + std::to_string(row) + ")");
             const QRect place(control->mapTo(editor.form.get(), QPoint(0, 0)), control->size());
@@ -110,12 +113,12 @@ void SelectDayPair(const std::shared_ptr<Editor>& editor, const std::shared_ptr<
         },
         [editor, image] {
             NextDay(*editor);
-            UpdateScrollX(editor->g());
-            const Drawing lanes = LanesOf(editor->g());
+
+            const Drawing lanes = LanesOf(*editor);
             Drawing ruler;
             const auto widthOf = [](const std::string& text) { return static_cast<Twips>(text.size()) * 90; };
-            DrawHourRuler(editor->g(), widthOf, ruler);
-            DrawTickMarks(editor->g(), ruler);
+            DrawHourRuler(editor->g().grid, 0, editor->g().application, widthOf, ruler);
+            DrawTickMarks(editor->g().grid, ruler);
             return FillBare(*editor, *image, lanes, ruler);
         });
 }

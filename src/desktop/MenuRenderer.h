@@ -5,6 +5,7 @@
 #include "platform/ports/MenuBar.h"
 
 #include <QAction>
+#include <QCursor>
 #include <QMenu>
 #include <QMenuBar>
 
@@ -75,7 +76,7 @@ class MenuRenderer {
             QObject::connect(action, &QAction::triggered, action,
                              [this, name = entry.name] { chosen_(name); });
         }
-        if (!isMenu) action->setObjectName(ToQString(entry.name));
+        action->setObjectName(ToQString(entry.name));
         actions_[entry.name] = action;
     }
 
@@ -83,5 +84,14 @@ class MenuRenderer {
     std::map<std::string, QAction*> actions_;
     std::map<std::string, QMenu*> menus_;
 };
+
+/// Opens the menu `top` of a table at the mouse, and returns when it has closed.
+inline void OpenMenu(QWidget& owner, const CommandTable& commands, const char* top,
+                     std::function<void(const std::string&)> chosen) {
+    QMenu menu(&owner);
+    menu.setObjectName(QLatin1String(top));
+    const MenuRenderer renderer(menu, commands.Entries(top), std::move(chosen));
+    menu.exec(QCursor::pos());
+}
 
 } // namespace tvx::qt

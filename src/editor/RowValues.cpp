@@ -153,7 +153,6 @@ bool CanShow(const GlobalState& g, int option) {
 
 void ChooseShowOption(GlobalState& g, int option) {
     if (!CanShow(g, option)) return;
-    g.grid.PreviousShowOption = g.grid.ShowOption;
     g.grid.ShowOption = option;
 }
 

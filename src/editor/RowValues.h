@@ -23,7 +23,7 @@ const std::array<ShowOptionText, 13>& ShowOptions();
 /// department's name.
 bool CanShow(const GlobalState& g, int option);
 
-/// Chooses an option and remembers the one before. Does nothing for an option that cannot be chosen.
+/// Chooses an option. Does nothing for one that cannot be chosen.
 void ChooseShowOption(GlobalState& g, int option);
 
 enum class Align { Left, Right };

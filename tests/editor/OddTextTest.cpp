@@ -1,7 +1,7 @@
 // Texts of any kind in the file: quotes, brackets, percent signs, characters of four bytes, ten thousand of
 // them. They are shown as they stand, and a save leaves them as they stand.
 #include "editor/RowValues.h"
-#include "editor/lanes/GridView.h"
+#include "editor/DayHeader.h"
 #include "editor/week/LoadWeek.h"
 #include "editor/week/RosterBuilder.h"
 #include "editor/week/SaveWeek.h"
@@ -209,7 +209,7 @@ TEST_F(OddTextTest, of_a_department_reaches_its_list_captions_and_titles) {
         EXPECT_TRUE(g.department.EmployeeNamePlural == OddTexts()[i]);
         EXPECT_TRUE(face.Label2 == "------ " + OddTexts()[i] + " ------");
         EXPECT_TRUE(face.cmdScheduleCaption == "Schedule " + OddTexts()[i]);
-        EXPECT_TRUE(EditorTitle(g) == OddTexts()[i] + ",  Week from   to  ");
+        EXPECT_TRUE(EditorTitle(g.roster, g.department, g.week) == OddTexts()[i] + ",  Week from   to  ");
     }
 }
 

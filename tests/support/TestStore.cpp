@@ -210,7 +210,6 @@ void TestStore::OpenEditor() {
 void TestStore::OpenWeek(DaySerial date) {
     OpenEditor();
     LoadWeekOf(g, ports(), date);
-    UpdateScrollX(g);
 }
 
 std::string StartsStops(const std::vector<std::pair<int, int>>& periods) {

@@ -1,268 +1,186 @@
 #include "editor/lanes/BarDrag.h"
 
-#include "editor/lanes/GridView.h"
-#include "editor/week/Totals.h"
-#include "editor/week/WeekEdit.h"
-
 #include <algorithm>
-#include <utility>
 
 namespace tvx {
 namespace {
-
-constexpr int Idle = 0;
-constexpr int Stretching = 1;
-constexpr int Moving = 2;
-
-constexpr Twips GrabTolerance = 60;
-
-bool Near(Twips x, Twips end) {
-    return x >= end - GrabTolerance && x <= end + GrabTolerance;
-}
 
 void SetPointer(GridChange& change, Pointer shape) {
     change.pointer = true;
     change.shape = shape;
 }
 
+void AddRows(GridChange& change, const std::vector<int>& rows) {
+    for (const int row : rows)
+        if (std::find(change.rows.begin(), change.rows.end(), row) == change.rows.end())
+            change.rows.push_back(row);
+}
+
 } // namespace
 
+BarDrag::BarDrag(Lanes& lanes, GlobalState& g)
+    : lanes_(lanes), edit_(g), week_(g.week), department_(g.department), rights_(g.rights) {}
+
+bool BarDrag::Holds(int employee, int slot) const {
+    return hand_.GestureOpen && lane_.employee == employee && hand_.DragBar == slot;
+}
+
 bool BarDrag::IsOutside(const GridMouse& mouse) const {
-    return mouse.y >= g_.grid.GridHeight || mouse.y <= 0 || mouse.x >= g_.grid.GridWidth || mouse.x <= 0 ||
-           mouse.y / g_.grid.RowHeight + 1 > g_.grid.VisibleRows;
+    const Grid& grid = lanes_.Geometry();
+    return mouse.y >= grid.GridHeight || mouse.y <= 0 || mouse.x >= grid.GridWidth || mouse.x <= 0 ||
+           lanes_.RowAt(mouse.y) == 0;
 }
 
 bool BarDrag::IsOnDayOff(Twips x) const {
-    const int e = g_.cursor.CurrentEmployee;
-    const int day = g_.cursor.CurrentDay;
-    const Twips boundary = DayBoundaryX(g_.grid);
-    if (g_.department.DayCutoffQuarters == 0) return g_.week.DayOffFlag[day][e];
-    return (g_.week.DayOffFlag[day][e] && x < boundary) || (g_.week.DayOffFlag[day + 1][e] && x > boundary);
+    if (department_.DayCutoffQuarters == 0) return IsDayOff(0);
+    const Twips boundary = lanes_.DayBoundaryX();
+    return (IsDayOff(0) && x < boundary) || (IsDayOff(1) && x > boundary);
 }
 
-/// The lane with 100 twips above and below it.
-bool BarDrag::InBand(Twips y) const {
-    const Twips top = TopOfRow(g_.grid, g_.cursor.CurrentRow);
-    return y >= top + LaneTop - 100 && y <= top + LaneBottom + 100;
+BarLimits BarDrag::Limits() const {
+    const Grid& grid = lanes_.Geometry();
+    return {grid.QuarterWidth, MostBarsByMouse, department_.DayCutoffQuarters * grid.QuarterWidth,
+            grid.WeekTwips};
 }
 
 GridChange BarDrag::Press(const GridMouse& mouse) {
-    GridChange change;
-    if (mouse.button == MouseButton::Right && g_.drag.LeftDown) return change;
-    Settle();
-    if (mouse.button == MouseButton::Left) g_.drag.LeftDown = true;
-    g_.drag.IgnoreMouse = true; // until nothing refuses the press: a release after a refusal commits nothing
-    if (!g_.rights.SchedulingAllowed) {
-        change.notPermitted = true;
-        return change;
-    }
-    if (IsOutside(mouse)) return change;
+    if (mouse.button == MouseButton::Right && LeftDown) return {};
+    GridChange change = Settle();
+    LeftDown = mouse.button == MouseButton::Left;
+    IgnoreMouse = true; // until nothing refuses the press: a release after a refusal lets no bar go
+    change.notPermitted = !rights_.SchedulingAllowed;
+    if (change.notPermitted || IsOutside(mouse)) return change;
     change.hideMarker = true;
-    if (mouse.button == MouseButton::Right && g_.drag.MouseState == Moving) return change;
-    if (g_.drag.EditBusy) return change;
-    WeekEdit(g_).Touch();
-    g_.cursor.CurrentRow = mouse.y / g_.grid.RowHeight + 1;
-    g_.cursor.CurrentEmployee = EmployeeOfRow(g_, g_.cursor.CurrentRow);
+    edit_.Touch();
+    lanes_.MakeCurrent(lanes_.At(lanes_.RowAt(mouse.y)));
+    return PressLane(mouse, std::move(change));
+}
+
+GridChange BarDrag::PressLane(const GridMouse& mouse, GridChange change) {
+    lane_ = lanes_.At(lanes_.RowAt(mouse.y));
     if (IsOnDayOff(mouse.x)) return change;
-    g_.drag.IgnoreMouse = false;
-    change.focusRow = !g_.roster.AllDepartmentsMode;
-    if (mouse.button == MouseButton::Right) {
-        change.lineMenu = true;
-        return change;
-    }
-    return PressLeft(mouse, change);
+    IgnoreMouse = false;
+    change.focusRow = lanes_.HaveDaytypes();
+    change.lineMenu = mouse.button == MouseButton::Right;
+    return change.lineMenu ? change : TakeBar(mouse, std::move(change));
 }
 
-/// Takes hold of the first bar within reach of a week x; it stays in its slot while the drag values move.
-/// False when the search has come to the last slot that the mouse can reach.
-bool BarDrag::TakeBar(Twips weekX) {
-    const Week& week = g_.week;
-    const int e = g_.drag.DragEmployee;
-    const Twips width = g_.grid.QuarterWidth;
-    g_.drag.DragBar = 0;
-    for (int b = 1; b <= week.BarCount[e]; ++b) {
-        if (b > MostBarsByMouse) return false;
-        const Twips start = week.BarStarts[e][b] * width;
-        const Twips stop = week.BarStops[e][b] * width;
-        if (weekX < start - GrabTolerance || weekX > stop + GrabTolerance) continue;
-        Left() = start;
-        Right() = stop;
-        g_.drag.DragBar = b;
-        return true;
-    }
-    return true;
-}
-
-GridChange BarDrag::PressLeft(const GridMouse& mouse, GridChange change) {
-    const Twips weekX = mouse.x + g_.grid.ScrollX;
-    g_.drag.DragEmployee = g_.cursor.CurrentEmployee;
-    Left() = Right() = 0;
-    if (!TakeBar(weekX)) {
-        g_.drag.IgnoreMouse = true;
-        return change;
-    }
-    g_.drag.GestureOpen = true;
-    change.ghost = true;
-    g_.drag.LastMouseX = mouse.x;
-    if (Left() == Right()) {
-        g_.drag.MouseState = Stretching;
-        SetPointer(change, Pointer::Cross);
-        Left() = SnapToQuarter(weekX, g_.grid.QuarterWidth);
-        Right() = weekX;
-        return change;
-    }
-    if (!InBand(mouse.y)) return change;
-    const bool inside = weekX > Left() + GrabTolerance && weekX < Right() - GrabTolerance;
-    if (inside && mouse.button == MouseButton::Left) {
-        g_.drag.MouseState = Moving;
-        SetPointer(change, Pointer::SizeWestEast);
-    } else if (Near(weekX, Left()) || Near(weekX, Right())) {
-        // The end under the mouse is always the right one; the two may cross.
-        if (Near(weekX, Left())) std::swap(Left(), Right());
-        g_.drag.MouseState = Stretching;
-        SetPointer(change, Pointer::Cross);
-    }
+GridChange BarDrag::TakeBar(const GridMouse& mouse, GridChange change) {
+    const int e = lane_.employee;
+    const BarLimits limits = Limits();
+    hand_.ScrollX = lanes_.ScrollX(lane_.day);
+    weekOfHand_ = week_.WeekStartJulian;
+    departmentOfHand_ = week_.LoadedDepNumber;
+    IgnoreMouse = !hand_.Take({week_.BarCount[e], week_.BarStarts[e], week_.BarStops[e]}, mouse.x, limits);
+    if (IgnoreMouse) return change;
+    const Twips top = lanes_.TopOf(lanes_.RowAt(mouse.y));
+    const bool mayMove = mouse.button == MouseButton::Left;
+    if (const auto shape = hand_.Grasp(mouse.x, IsOnLane(mouse.y, top), mayMove, limits))
+        SetPointer(change, *shape);
+    AddRows(change, RowsOfHand());
     return change;
+}
+
+std::vector<int> BarDrag::RowsOfHand() const {
+    const auto [left, right] = std::minmax(hand_.DayLeftBar, hand_.DayRightBar);
+    return lanes_.RowsTouched(lane_.employee, left, right);
 }
 
 GridChange BarDrag::Hover(const GridMouse& mouse) const {
     GridChange change;
-    const int row = mouse.y / g_.grid.RowHeight + 1;
-    if (mouse.y >= 0 && row <= g_.grid.VisibleRows) change.hoverRow = row;
-    if (g_.drag.MouseState == Idle) {
-        change.markerMoved = true;
-        change.markerX = mouse.x;
-    }
+    change.hoverRow = lanes_.RowAt(mouse.y);
+    change.markerMoved = hand_.MouseState == 0;
+    if (change.markerMoved) change.markerX = mouse.x;
     return change;
 }
 
 GridChange BarDrag::Move(const GridMouse& mouse) {
-    GridChange change;
-    if (g_.drag.IgnoreMouse && mouse.button != MouseButton::None) return change;
     if (mouse.button == MouseButton::None) return Hover(mouse);
-    if (g_.drag.MouseState == Idle) return change;
-    ReturnToRow();
-    if (g_.drag.MouseState == Stretching) {
-        if (mouse.button != MouseButton::Left || mouse.x == g_.drag.LastMouseX) return change;
-        if (mouse.x > g_.drag.LastMouseX)
-            StretchRight(mouse.x);
-        else
-            StretchLeft(mouse.x);
-    } else {
+    if (IgnoreMouse || hand_.MouseState == 0) return {};
+    lanes_.MakeCurrent(lane_); // other rows may have had the focus, and the rows may have moved
+    const bool stretching = hand_.IsStretching();
+    if (stretching && (mouse.button != MouseButton::Left || mouse.x == hand_.LastMouseX)) return {};
+    GridChange change;
+    AddRows(change, RowsOfHand());
+    if (stretching)
+        Stretch(mouse.x);
+    else
         MoveWhole(mouse.x);
-    }
-    g_.drag.LastMouseX = mouse.x;
-    change.ghost = true;
-    if (g_.drag.MouseState == Idle) SetPointer(change, Pointer::Default);
+    AddRows(change, RowsOfHand());
+    if (hand_.MouseState == 0) SetPointer(change, Pointer::Default);
     return change;
 }
 
-/// Other rows may have had the focus, and the rows may have moved, since the press.
-void BarDrag::ReturnToRow() {
-    g_.cursor.CurrentEmployee = g_.drag.DragEmployee;
-    if (const int row = RowOfEmployee(g_, g_.drag.DragEmployee); row != 0) g_.cursor.CurrentRow = row;
+/// The edge of the grid, or the midnight before a day off, holds the end under the mouse.
+void BarDrag::Stretch(Twips x) {
+    const bool rightwards = x > hand_.LastMouseX;
+    const Twips width = lanes_.Geometry().GridWidth;
+    const Twips boundary = lanes_.DayBoundaryX();
+    const auto hold = [&](Twips edge) { hand_.HoldAt(hand_.DayRightBar, edge); };
+    hand_.StretchTo(x);
+    if (rightwards && x > width) hold(width);
+    if (rightwards && IsDayOff(1) && x >= boundary) hold(boundary);
+    if (!rightwards && x < 0) hold(0);
+    if (!rightwards && IsDayOff(0) && x < boundary) hold(boundary);
 }
 
-/// A limit ends the drag with one end held there.
-void BarDrag::EndDragAt(Twips& end, Twips gridX) {
-    end = gridX + g_.grid.ScrollX;
-    g_.drag.MouseState = Idle;
-}
-
-void BarDrag::StretchRight(Twips x) {
-    const Twips boundary = DayBoundaryX(g_.grid);
-    Right() += x - g_.drag.LastMouseX;
-    if (x > g_.grid.GridWidth) EndDragAt(Right(), g_.grid.GridWidth);
-    if (g_.week.DayOffFlag[g_.cursor.CurrentDay + 1][g_.drag.DragEmployee] && x >= boundary)
-        EndDragAt(Right(), boundary);
-}
-
-void BarDrag::StretchLeft(Twips x) {
-    const Twips boundary = DayBoundaryX(g_.grid);
-    Right() -= g_.drag.LastMouseX - x;
-    if (x < 0) EndDragAt(Right(), 0);
-    if (g_.week.DayOffFlag[g_.cursor.CurrentDay][g_.drag.DragEmployee] && x < boundary)
-        EndDragAt(Right(), boundary);
-}
-
+/// A day off holds the end that reaches it. A jump that carries the whole bar over the edge leaves it whole
+/// before the edge.
 void BarDrag::MoveWhole(Twips x) {
-    const Twips boundary = DayBoundaryX(g_.grid);
-    const Twips travelled = x - g_.drag.LastMouseX;
-    const Twips length = Right() - Left();
-    const int e = g_.drag.DragEmployee;
-    Left() += travelled;
-    Right() += travelled;
-    // A jump that carries the whole bar over the edge leaves it whole before the edge.
-    if (travelled < 0) {
-        if (!g_.week.DayOffFlag[g_.cursor.CurrentDay][e] || Left() - g_.grid.ScrollX >= boundary) return;
-        EndDragAt(Left(), boundary);
-        if (Right() <= Left()) Right() = Left() + length;
-    } else {
-        if (!g_.week.DayOffFlag[g_.cursor.CurrentDay + 1][e] || Right() - g_.grid.ScrollX <= boundary) return;
-        EndDragAt(Right(), boundary);
-        if (Left() >= Right()) Left() = Right() - length;
+    const Twips boundary = lanes_.DayBoundaryX();
+    const Twips length = hand_.DayRightBar - hand_.DayLeftBar;
+    const bool leftwards = x < hand_.LastMouseX;
+    hand_.MoveTo(x);
+    const auto [left, right] = hand_.Ends();
+    if (leftwards && IsDayOff(0) && left < boundary) {
+        hand_.HoldAt(hand_.DayLeftBar, boundary);
+        if (right <= boundary) hand_.DayRightBar = hand_.DayLeftBar + length;
+    } else if (!leftwards && IsDayOff(1) && right > boundary) {
+        hand_.HoldAt(hand_.DayRightBar, boundary);
+        if (left >= boundary) hand_.DayLeftBar = hand_.DayRightBar - length;
     }
 }
 
 GridChange BarDrag::Release(const GridMouse& mouse) {
+    if (mouse.button == MouseButton::Left && IgnoreMouse) LeftDown = false;
+    if (IgnoreMouse) return {};
     GridChange change;
-    if (mouse.button == MouseButton::Left && g_.drag.IgnoreMouse) g_.drag.LeftDown = false;
-    if (g_.drag.IgnoreMouse) return change;
+    if (mouse.button != MouseButton::Right && hand_.GestureOpen) {
+        change = Settle();
+        change.focusRow = lanes_.HaveDaytypes();
+    }
     change.showMarker = true;
-    if (mouse.button == MouseButton::Right || !g_.drag.GestureOpen) return change;
-    SetPointer(change, Pointer::Default);
-    change.totals = Commit();
-    change.lane = true;
-    change.focusRow = !g_.roster.AllDepartmentsMode;
     return change;
 }
 
-bool BarDrag::Settle() {
-    g_.drag.LeftDown = false;
-    if (!g_.drag.GestureOpen) return false;
-    Commit();
-    return true;
+GridChange BarDrag::Settle() {
+    LeftDown = false;
+    GridChange change;
+    if (!IsOfThisWeek()) Forget();
+    if (!hand_.GestureOpen) return change;
+    lanes_.MakeCurrent(lane_);
+    AddRows(change, RowsOfHand());
+    const BarLetGo bar = hand_.LetGo(Limits());
+    IgnoreMouse = true; // nothing more belongs to this gesture
+    change.week = edit_.ReplaceBar(lane_.employee, bar.slot, {bar.start, bar.stop});
+    SetPointer(change, Pointer::Default);
+    return change;
 }
 
-/// Lets the bar in hand give way to the drag values. True when a figure changed.
-bool BarDrag::Commit() {
-    const Twips width = g_.grid.QuarterWidth;
-    ReturnToRow();
-    if (Left() > Right()) std::swap(Left(), Right());
-    Left() = std::max(Left(), g_.department.DayCutoffQuarters * width);
-    Right() = std::min(Right(), g_.grid.WeekTwips);
-    if (Right() - Left() < width) Left() = Right() = 0;
-    const WeekBar drawn{SnapToQuarter(Left(), width) / width, SnapToQuarter(Right(), width) / width};
-    const WeekChange change = WeekEdit(g_).ReplaceBar(g_.drag.DragEmployee, g_.drag.DragBar, drawn);
-    g_.drag = {};
-    g_.drag.IgnoreMouse = true; // nothing more belongs to this gesture
-    return change.figures;
+bool BarDrag::IsOfThisWeek() const {
+    return !hand_.GestureOpen || (week_.IsLoaded && week_.WeekStartJulian == weekOfHand_ &&
+                                  week_.LoadedDepNumber == departmentOfHand_);
+}
+
+void BarDrag::Forget() {
+    hand_ = {};
+    IgnoreMouse = true;
+    LeftDown = false;
 }
 
 void TellSchedulingNotPermitted(Prompt& prompt) {
     prompt.MsgBox("Your authorization does not allow scheduling changes", box::Exclamation,
                   "Scheduling not permitted");
-}
-
-bool DayHasBar(const GlobalState& g, int e) {
-    const DayWindow day = WindowOfDay(g.cursor.CurrentDay, g.department.DayCutoffQuarters);
-    for (int b = 1; b <= g.week.BarCount[e]; ++b)
-        if (g.week.BarStarts[e][b] >= day.low && g.week.BarStarts[e][b] < day.high) return true;
-    return false;
-}
-
-LineMenu ArrangeLineMenu(const GlobalState& g) {
-    LineMenu menu;
-    if (DayHasBar(g, g.cursor.CurrentEmployee)) {
-        menu.CutLine = menu.CopyLine = true;
-        menu.AddToShift = g.shifts.ShiftCount < MostShiftsToAdd;
-        return menu;
-    }
-    menu.PasteLine = g.clipboard.ClipFull;
-    menu.PasteShift = g.shifts.ShiftCount >= 1;
-    for (int i = 1; menu.PasteShift && i <= g.shifts.ShiftCount; ++i)
-        menu.ShiftNaam.push_back(g.shifts.ShiftNames[i]);
-    return menu;
 }
 
 } // namespace tvx

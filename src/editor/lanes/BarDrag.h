@@ -1,21 +1,22 @@
-// Editing bars with the mouse: the states, transitions and refusals of a gesture on the grid, without a
-// window. Positions are twips on the grid.
+// Editing bars with the mouse: the states, transitions and refusals of a gesture on the lanes of an editor,
+// without a window. Positions are twips on the grid.
 #pragma once
 
 #include "editor/lanes/BarInHand.h"
-#include "shell/state/TVXGLOB.h"
+#include "editor/lanes/Lanes.h"
+
+#include <vector>
 
 namespace tvx {
 
 /// What an event has changed, for the window to show.
 struct GridChange {
-    bool notPermitted = false; // scheduling is not allowed: the box is due
-    bool lane = false;         // the lane of CurrentRow must be painted anew
-    bool ghost = false;        // only the bar under the mouse has moved
-    bool totals = false;       // the row's value, the sums and the labor figures have changed
-    bool focusRow = false;     // the row's daytype box takes the focus
-    bool lineMenu = false;     // the line menu is due
-    bool pointer = false;      // the pointer takes `shape`
+    bool notPermitted = false;  // scheduling is not allowed: the box is due
+    std::vector<int> rows = {}; // lanes to be painted anew, as the bar in hand was or is on them
+    WeekChange week = {};       // what became of the week when a bar was let go
+    bool focusRow = false;      // the daytype box of the current row takes the focus
+    bool lineMenu = false;      // the line menu is due
+    bool pointer = false;       // the pointer takes `shape`
     Pointer shape = Pointer::Default;
     int hoverRow = 0;         // row under the idle mouse, from 1; 0 when none is
     bool markerMoved = false; // the ruler's marker stands at `markerX`
@@ -24,60 +25,62 @@ struct GridChange {
     bool showMarker = false;
 };
 
-/// A gesture may run over several events; its state stands in `GlobalState::drag`.
+/// A gesture may run over several events. Nothing of the week changes before its end, when the bar is let go
+/// and goes through the week's door in one call; until then its slot keeps it.
 class BarDrag {
   public:
-    explicit BarDrag(GlobalState& g) : g_(g) {}
+    BarDrag(Lanes& lanes, GlobalState& g);
 
     /// A press: takes hold of a bar or of one of its ends, begins a new bar on an empty place, or asks for
-    /// the line menu. The bar taken stays in its slot until the release.
+    /// the line menu. Marks the week as changed unless it is refused. Ends a gesture before, as Settle does.
     GridChange Press(const GridMouse& mouse);
     /// A move, with the button that is held. A drag that reaches a day off or leaves the grid ends there; the
-    /// release commits it.
+    /// release lets the bar go.
     GridChange Move(const GridMouse& mouse);
-    /// A release: snaps to quarters, merges the bars and corrects the sums by the difference.
+    /// A release: snaps the bar to quarters and puts it back among the others.
     GridChange Release(const GridMouse& mouse);
-    /// Commits a gesture whose release never came: the window lost the mouse, or a command is to run. No
-    /// button counts as held then. True when there was a gesture.
-    bool Settle();
+    /// Lets the bar go of a gesture whose release never came: the window lost the mouse, or a command is to
+    /// run. No button counts as held then. Does nothing without a gesture, and forgets one that belongs to a
+    /// week that has given way to another.
+    GridChange Settle();
+    /// Forgets a gesture. Its bar stays as it was.
+    void Forget();
+
+    const BarInHand& Hand() const { return hand_; }
+    /// Whose bar is in hand, and the day of the lane of the press, wherever that lane is scrolled or sorted
+    /// to meanwhile.
+    const LaneDay& Lane() const { return lane_; }
+    /// True for the slot whose bar is in hand.
+    bool Holds(int employee, int slot) const;
 
   private:
     bool IsOutside(const GridMouse& mouse) const;
     bool IsOnDayOff(Twips x) const;
-    bool InBand(Twips y) const;
-    bool TakeBar(Twips weekX);
-    GridChange PressLeft(const GridMouse& mouse, GridChange change);
+    bool IsDayOff(int daysOn) const { return week_.DayOffFlag[lane_.day + daysOn][lane_.employee]; }
+    bool IsOfThisWeek() const;
+    BarLimits Limits() const;
+    GridChange PressLane(const GridMouse& mouse, GridChange change);
+    GridChange TakeBar(const GridMouse& mouse, GridChange change);
     GridChange Hover(const GridMouse& mouse) const;
-    void StretchRight(Twips x);
-    void StretchLeft(Twips x);
+    void Stretch(Twips x);
     void MoveWhole(Twips x);
-    void EndDragAt(Twips& end, Twips gridX);
-    void ReturnToRow();
-    bool Commit();
+    std::vector<int> RowsOfHand() const;
 
-    Twips& Left() { return g_.drag.DayLeftBar; }
-    Twips& Right() { return g_.drag.DayRightBar; }
+    Lanes& lanes_;
+    WeekEdit edit_;
+    const Week& week_;
+    const Department& department_;
+    const Rights& rights_;
 
-    GlobalState& g_;
+    BarInHand hand_;
+    LaneDay lane_;
+    DaySerial weekOfHand_ = 0; // its first day
+    int departmentOfHand_ = 0;
+    bool IgnoreMouse = false; // after a refused press, until the next
+    bool LeftDown = false;
 };
 
 /// The message for who may not change schedules.
 void TellSchedulingNotPermitted(Prompt& prompt);
-
-/// What the line menu of the row in focus offers.
-struct LineMenu {
-    bool CutLine = false;
-    bool CopyLine = false;
-    bool PasteLine = false;
-    bool AddToShift = false;
-    bool PasteShift = false;
-    std::vector<std::string> ShiftNaam; // the stored shifts to paste, when PasteShift is on
-
-    friend bool operator==(const LineMenu&, const LineMenu&) = default;
-};
-LineMenu ArrangeLineMenu(const GlobalState& g);
-
-/// True when a bar of the employee starts on the business day shown.
-bool DayHasBar(const GlobalState& g, int employee);
 
 } // namespace tvx

@@ -1,8 +1,6 @@
 #include "editor/lanes/DaytypeBox.h"
 
 #include "editor/lanes/BarDrag.h"
-#include "editor/lanes/GridView.h"
-#include "editor/week/WeekEdit.h"
 #include "platform/basic/Text.h"
 
 namespace tvx {
@@ -15,12 +13,35 @@ DaytypeKey FilterDaytypeKey(int code) {
     return passes ? DaytypeKey{code} : DaytypeKey{0, DaytypeKey::Refusal::Silent};
 }
 
-DaytypeKey TypeDaytype(GlobalState& g, int row, int code) {
-    const int e = EmployeeOfRow(g, row);
-    if (g.week.DayOffFlag[g.cursor.CurrentDay][e]) return {0, DaytypeKey::Refusal::Silent};
-    if (!g.rights.SchedulingAllowed) return {0, DaytypeKey::Refusal::NotPermitted};
-    WeekEdit(g).Touch();
+DaytypeBox::DaytypeBox(Lanes& lanes, GlobalState& g)
+    : lanes_(lanes), edit_(g), week_(g.week), rights_(g.rights) {}
+
+bool DaytypeBox::IsDayOff(int row) const {
+    const LaneDay lane = lanes_.At(row);
+    return week_.DayOffFlag[lane.day][lane.employee];
+}
+
+DaytypeKey DaytypeBox::Type(int row, int code) {
+    if (IsDayOff(row)) return {0, DaytypeKey::Refusal::Silent};
+    if (!rights_.SchedulingAllowed) return {0, DaytypeKey::Refusal::NotPermitted};
+    edit_.Touch();
     return FilterDaytypeKey(code);
+}
+
+int DaytypeBox::Paste(int row, int code) const {
+    return IsDayOff(row) || !rights_.SchedulingAllowed ? 0 : FilterDaytypeKey(code).code;
+}
+
+const std::string& DaytypeBox::TextOf(int row) const {
+    const LaneDay lane = lanes_.At(row);
+    return week_.DayTypeText[lane.day][lane.employee];
+}
+
+WeekChange DaytypeBox::PutText(int row, const std::string& text) {
+    if (text == TextOf(row)) return {};
+    const LaneDay lane = lanes_.At(row);
+    lanes_.MakeCurrent(lane);
+    return edit_.SetDaytype(lane.employee, lane.day, text);
 }
 
 void TellDaytypeRefusal(Prompt& prompt, DaytypeKey::Refusal refusal) {
@@ -28,11 +49,6 @@ void TellDaytypeRefusal(Prompt& prompt, DaytypeKey::Refusal refusal) {
     if (refusal != DaytypeKey::Refusal::TooWide) return;
     prompt.Beep();
     prompt.MsgBox("The <W> cannot be used as a Daytype...", box::Exclamation, "Font for W is to wide.");
-}
-
-void TakeDaytype(GlobalState& g, int row, const std::string& text) {
-    g.cursor.CurrentEmployee = EmployeeOfRow(g, row);
-    WeekEdit(g).SetDaytype(g.cursor.CurrentEmployee, g.cursor.CurrentDay, text);
 }
 
 std::string DaytypeTooltip(const Daytypes& daytypes, const std::string& text) {

@@ -1,8 +1,8 @@
-// The box in which a day's daytype is typed, one letter at a time.
+// The boxes beside the lanes in which a day's daytype is typed, one letter at a time.
 #pragma once
 
+#include "editor/lanes/Lanes.h"
 #include "platform/ports/Prompt.h"
-#include "shell/state/TVXGLOB.h"
 
 #include <string>
 
@@ -19,15 +19,33 @@ struct DaytypeKey {
 /// 57 and 65 to 122 pass, the letter W is too wide. Other keys are swallowed.
 DaytypeKey FilterDaytypeKey(int code);
 
-/// The same for the box of a visible row: a day off swallows every key, and who may not schedule is refused.
-/// Marks the week as changed where the rules reach that step.
-DaytypeKey TypeDaytype(GlobalState& g, int row, int code);
+/// The rules of the boxes, one to each visible row.
+class DaytypeBox {
+  public:
+    DaytypeBox(Lanes& lanes, GlobalState& g);
+
+    /// A key: a day off swallows every one, and who may not schedule is refused. Marks the week as changed
+    /// unless it is refused before the key itself is looked at.
+    DaytypeKey Type(int row, int code);
+    /// A sign that comes in at once with others: 0 drops it. Refuses without a word.
+    int Paste(int row, int code) const;
+    /// The daytype of the row's day.
+    const std::string& TextOf(int row) const;
+    /// Makes the text of a row's box the daytype of its day, and that day's person the current one. Nothing
+    /// happens when it is that already.
+    WeekChange PutText(int row, const std::string& text);
+
+  private:
+    bool IsDayOff(int row) const;
+
+    Lanes& lanes_;
+    WeekEdit edit_;
+    const Week& week_;
+    const Rights& rights_;
+};
 
 /// The boxes that some refusals bring, with the beep.
 void TellDaytypeRefusal(Prompt& prompt, DaytypeKey::Refusal refusal);
-
-/// Takes the text of a row's box as the day's daytype.
-void TakeDaytype(GlobalState& g, int row, const std::string& text);
 
 /// The tooltip of a box: the explanation of its symbol, or what the box is for.
 std::string DaytypeTooltip(const Daytypes& daytypes, const std::string& text);

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/Controls.h"
-#include "editor/lanes/GridView.h"
+#include "editor/DayHeader.h"
 
 #include <array>
 

@@ -18,8 +18,10 @@ constexpr Twips PanelHeight = 1200;
 constexpr Twips RulerTop = GridTop - RulerHeight;
 constexpr Twips BoxWidth = 350;
 constexpr Twips BoxHeight = 255;
+constexpr Twips ToolTop = 45;
+constexpr Twips TotalsLeft = 4620;
+constexpr Twips ToggleWidth = 1180;
 constexpr Twips GaugeLeft = 3448;
-constexpr Twips GaugeTop = 45;
 constexpr Twips GaugeWidth = 1100;
 constexpr double RowPoints = 8.25;
 
@@ -73,39 +75,40 @@ void MainEditorForm::RemoveCancelMenuItem() {
 }
 
 void MainEditorForm::BuildMenus() {
-    menus_ = std::make_unique<MenuRenderer>(Menus(), menuModel_.Entries(),
-                                            Guarded([this](const std::string& entry) { Choose(entry); }));
+    menus_ = std::make_unique<MenuRenderer>(Menus(), commands_.Entries("MenuBar"), Chosen());
 }
 
-LabelButton& MainEditorForm::AddTool(const char* name, int index, const std::string& caption,
-                                     const std::string& tip, Twips left, Twips width) {
-    const std::string whole = index < 0 ? name : std::string(name) + "(" + std::to_string(index) + ")";
-    auto& tool = Add<LabelButton>(whole.c_str(), tip, strip_);
-    tool.setText(ToQString(caption));
-    tool.setToolTip(ToQString(tip));
-    Place(tool, left, 45, width, StripHeight - 90);
+std::function<void(const std::string&)> MainEditorForm::Chosen() {
+    return Guarded([this](const std::string& command) { Choose(command); });
+}
+
+LabelButton& MainEditorForm::AddTool(const char* name, Twips left, Twips width) {
+    const Command& command = commands_[name];
+    auto& tool = Add<LabelButton>(name, command.hint, strip_);
+    tool.setText(ToQString(command.caption));
+    tool.setToolTip(ToQString(command.hint));
+    Place(tool, left, ToolTop, width, StripHeight - 2 * ToolTop);
+    On(tool, &QPushButton::clicked, [=, this] { Choose(name); });
+    tools_[name] = &tool;
     return tool;
 }
 
 void MainEditorForm::BuildToolStrip(QWidget& strip) {
     strip.setFixedHeight(Pixels(StripHeight));
-    Label7.Put(0, AddTool("Label7", 0, "\u25C4 Week", "Previous week", 60, 860));
-    Label7.Put(1, AddTool("Label7", 1, "Week \u25BA", "Next week", 940, 860));
-    Label7.Put(2, AddTool("Label7", 2, "Load", "Load week", 1820, 740));
-    Label8 = &AddTool("Label8", -1, "Save", "Save current week", 2580, 800);
+    AddTool("Label7(0)", 60, 860);
+    AddTool("Label7(1)", 940, 860);
+    AddTool("Label7(2)", 1820, 740);
+    AddTool("Label8", 2580, 800);
     auto& panel = Add<FloodPanel>("Gauge", "Saving", &strip);
-    Place(panel, GaugeLeft, GaugeTop, GaugeWidth, StripHeight - 2 * GaugeTop);
+    Place(panel, GaugeLeft, ToolTop, GaugeWidth, StripHeight - 2 * ToolTop);
     gauge_ = std::make_unique<FloodGauge>(panel);
-    Label12 = &AddTool("Label12", -1, "Totals", "Weekly hours and compensation totals", 4620, 840);
-    Label16 = &AddTool("Label16", -1, "Chart", "Day graph, bars only", 5480, 780);
-    Label17 = &AddTool("Label17", -1, "Day graph", "Day graph", 6280, 1080);
-    Label18 = &AddTool("Label18", -1, "Availability", "Show availability", 7380, 1180);
-    Label25 = &AddTool("Label25", -1, "Headcount", "Show headcount", 8580, 1180);
-    Label19 = &AddTool("Label19", -1, "Productivity", "Sales and transactions", 9780, 1220);
-    Label13 = &AddTool("Label13", -1, "Close", "Back to the console", 11020, 840);
-    // Their screens do not exist yet.
-    for (LabelButton* waiting : {&Label7[2], Label16, Label17, Label19}) waiting->setEnabled(false);
-    ShowToggles();
+    AddTool("Label12", TotalsLeft, 840);
+    AddTool("Label16", 5480, 780);
+    AddTool("Label17", 6280, 1080);
+    AddTool("Label18", 7380, ToggleWidth);
+    AddTool("Label25", 8580, ToggleWidth);
+    AddTool("Label19", 9780, 1220);
+    AddTool("Label13", 11020, 840);
 }
 
 void MainEditorForm::BuildHeader(QWidget& band) {
@@ -130,7 +133,7 @@ void MainEditorForm::BuildSheet(QWidget& sheet) {
     Place(*Picture2, grid.GridLeft - 2 * grid.QuarterWidth, RulerTop, grid.GridWidth + 4 * grid.QuarterWidth,
           RulerHeight);
     Picture2->setFont(RowFont(*Picture2));
-    Picture1 = &Add<TimeGrid>("Picture1", "Time bars", &sheet, g_);
+    Picture1 = &Add<TimeGrid>("Picture1", "Time bars", &sheet, view_);
     Place(*Picture1, grid.GridLeft, GridTop, grid.GridWidth, grid.GridHeight);
     Picture1->setFont(RowFont(*Picture1));
     VScroll1 = &Add<QScrollBar>("VScroll1", "Rows", &sheet, Qt::Vertical);
@@ -146,7 +149,7 @@ void MainEditorForm::BuildEndsOfDay(QWidget& sheet) {
     constexpr Twips JumpWidth = 840;
     const auto jump = [&](const char* name, const char* tip, Twips left) {
         auto& button = Add<LabelButton>(name, tip, &sheet);
-        button.setText(ToQString(EndOfDayCaption(g_)));
+        button.setText(ToQString(EndOfDayCaption(g_.department.DayCutoffQuarters, g_.application)));
         button.setToolTip(QLatin1String(tip));
         button.setFont(RowFont(button));
         Place(button, left, 0, JumpWidth, 225);
@@ -178,7 +181,8 @@ void MainEditorForm::BuildRows(QWidget& sheet) {
     large.setBold(true);
     dragTime_->setFont(large);
     Place(*dragTime_, 60, 240, g_.grid.GridLeft - 2 * g_.grid.QuarterWidth - 60, 300);
-    for (int row = 1; row <= g_.grid.VisibleRows; ++row) BuildRow(sheet, row);
+    for (int row = 1; row <= lanes_.Count(); ++row) BuildRow(sheet, row);
+    ConnectDaytypes();
     PlaceColumns();
 }
 
@@ -187,8 +191,8 @@ void MainEditorForm::PlaceColumns() {
     const Twips half = columns.valueWidth / 2;
     Place(*listHead_, columns.nameLeft, GridTop - 285, columns.NameWidth(), 270);
     Place(*valueHead_, columns.valueLeft, GridTop - 285, columns.valueWidth, 270);
-    for (int row = 1; row <= g_.grid.VisibleRows; ++row) {
-        const Twips top = GridTop + TopOfRow(g_.grid, row);
+    for (int row = 1; row <= lanes_.Count(); ++row) {
+        const Twips top = GridTop + lanes_.TopOf(row);
         Place(Label9[row], columns.nameLeft, top, columns.NameWidth(), 225);
         Place(Label10[row], columns.valueLeft, top, columns.valueWidth, 225);
         Place(Label23[row], columns.valueLeft, top, half - 15, 225);
@@ -204,10 +208,7 @@ void MainEditorForm::BuildRow(QWidget& sheet, int row) {
     name.setToolTip(ToQString("Show entire week schedule - Right click for " +
                               g_.department.DayOffNamePlural + " calendar"));
     name.onHover = [=, this] { HighlightRow(row); };
-    name.onPress = [=, this](Qt::MouseButton) {
-        g_.cursor.CurrentRow = row;
-        g_.cursor.CurrentEmployee = EmployeeOfRow(g_, row);
-    };
+    name.onPress = [=, this](Qt::MouseButton) { lanes_.MakeCurrent(lanes_.At(row)); };
     Label& value = Add(Label10, "Label10", row, "", &sheet);
     Label& day = Add(Label23, "Label23", row, "", &sheet);
     Label& week = Add(Label24, "Label24", row, "", &sheet);
@@ -219,10 +220,10 @@ void MainEditorForm::BuildRow(QWidget& sheet, int row) {
     box.setAlignment(Qt::AlignCenter);
     box.setTextMargins(0, 0, 0, Pixels(45)); // on one line with the name
     box.SetFocusColours(Yellow, LightBlue);
-    box.setVisible(!g_.roster.AllDepartmentsMode);
+    box.setVisible(lanes_.HaveDaytypes());
     for (QWidget* part : std::initializer_list<QWidget*>{&name, &value, &day, &week, &box})
         part->setFont(font);
-    ConnectDaytypeBox(row);
+    daytypes_.Connect(row, [this](auto handler) { return Guarded(handler); });
 }
 
 void MainEditorForm::BuildSidePanel(QWidget& panel) {
@@ -280,20 +281,11 @@ void MainEditorForm::HideForAllDepartments() {
     if (!g_.roster.AllDepartmentsMode) return;
     pctWeekday->HideMemos();
     for (const auto& [option, button] : Label4) button->setVisible(option == 11);
-    const Twips left = ToTwips(Label12->x());
-    for (LabelButton* gone : {Label16, Label17, Label12, Label19}) gone->hide();
-    Place(*Label18, left, 45, 1180, StripHeight - 90);
-    Place(*Label25, left + 1200, 45, 1180, StripHeight - 90);
+    Place(*tools_.at("Label18"), TotalsLeft, ToolTop, ToggleWidth, StripHeight - 2 * ToolTop);
+    Place(*tools_.at("Label25"), TotalsLeft + 1200, ToolTop, ToggleWidth, StripHeight - 2 * ToolTop);
 }
 
-void MainEditorForm::ConnectTools() {
-    On(Label7[0], &QPushButton::clicked, [this] { GoToWeek(-1); });
-    On(Label7[1], &QPushButton::clicked, [this] { GoToWeek(1); });
-    On(*Label8, &QPushButton::clicked, [this] { Save(); });
-    On(*Label12, &QPushButton::clicked, [this] { ShowTotalsBox(); });
-    On(*Label13, &QPushButton::clicked, [this] { LeaveEditor(); });
-    On(*Label18, &QPushButton::clicked, [this] { ToggleAvailability(); });
-    On(*Label25, &QPushButton::clicked, [this] { ToggleHeadcount(); });
+void MainEditorForm::ConnectScrollBars() {
     On(*Label20, &QPushButton::clicked,
        [this] { VScroll1->setValue(VScroll1->value() == 0 ? VScroll1->maximum() : 0); });
     On(*Label21, &QPushButton::clicked, [this] { HScroll1->setValue(HScroll1->minimum()); });

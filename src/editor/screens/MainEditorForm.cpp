@@ -1,37 +1,48 @@
 #include "editor/screens/MainEditorForm.h"
 
-#include "editor/EditorMenus.h"
 #include "editor/RowValues.h"
-#include "editor/lanes/DaytypeBox.h"
 #include "editor/screens/TotalsForm.h"
 #include "editor/week/DayShifts.h"
 #include "editor/week/LoadWeek.h"
 #include "editor/week/SaveWeek.h"
 #include "editor/week/WeekEdit.h"
-#include "masterdata/StoredShifts.h"
+#include "masterdata/DaytypeList.h"
 #include "masterdata/files/ProductivityFile.h"
 #include "masterdata/files/ShiftFile.h"
 #include "shell/common/TVXMOD1.h"
 
 #include <QApplication>
 #include <QEvent>
-#include <QMenu>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace tvx::qt {
+
 MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, EditorScreens& screens, Form* owner)
-    : Form(ports, "Form1", owner), g_(g), screens_(screens), menuModel_(EditorMenus(g)), drag_(g) {
+    : Form(ports, "Form1", owner), g_(g), screens_(screens), lanes_(g.grid, g.roster, g.cursor),
+      drag_(lanes_, g), view_(lanes_, drag_, g), daytypes_(Text1, lanes_, g, ports.prompt),
+      commands_(EditorCommands(g, *this)) {
     RemoveCancelMenuItem();
     g_.cursor.CurrentDay = 1;
-    g_.grid.ShowOption = g_.grid.PreviousShowOption = g_.roster.AllDepartmentsMode ? 11 : 1;
+    g_.grid.ShowOption = g_.roster.AllDepartmentsMode ? 11 : 1;
     g_.grid.AvailabilityShown = g_.grid.HeadcountShown = false;
-    g_.drag = {};
     SetGridGeometry(g_);
     LoadLists();
     BuildMenus();
+    BuildFace();
+    HideForAllDepartments();
+    ConnectScrollBars();
+    ConnectGrid();
+    ShowCommands();
+    setWindowTitle(ToQString(g_.department.CurrentDepName + ", schedule (Untitled)"));
+    setWindowState(Qt::WindowMaximized);
+    resize(Pixels(g_.screen.ScreenWidth), Pixels(g_.screen.ScreenHeight));
+}
 
+MainEditorForm::~MainEditorForm() = default;
+
+void MainEditorForm::BuildFace() {
     auto* column = new QVBoxLayout(&Face());
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
@@ -44,15 +55,7 @@ MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, EditorScreens& scre
     BuildSheet(*sheet_);
     BuildSidePanel(*panel);
     for (QWidget* part : {strip_, header, sheet_, panel}) column->addWidget(part, part == sheet_ ? 1 : 0);
-    HideForAllDepartments();
-    ConnectTools();
-    ConnectGrid();
-    setWindowTitle(ToQString(g_.department.CurrentDepName + ", schedule (Untitled)"));
-    setWindowState(Qt::WindowMaximized);
-    resize(Pixels(g_.screen.ScreenWidth), Pixels(g_.screen.ScreenHeight));
 }
-
-MainEditorForm::~MainEditorForm() = default;
 
 void MainEditorForm::LoadLists() {
     LoadDayTypes(g_.store, g_.department.CurrentDepNumber, g_.daytypes);
@@ -69,82 +72,68 @@ void MainEditorForm::Activated() {
     FocusRow(1);
 }
 
+bool MainEditorForm::MayLeave() {
+    return MayLeaveWeek(g_, ports_, *gauge_, Settling(), "You made changes");
+}
+
 bool MainEditorForm::MayUnload() {
     // The end of the desktop session comes this way, and must not lose the week.
-    return MayLeaveWeek(
-        g_, ports_, *gauge_, [this] { drag_.Settle(); }, "You made changes");
+    return MayLeave();
 }
 
 void MainEditorForm::changeEvent(QEvent* event) {
     // A window that loses the front in mid-gesture never hears of the release.
-    if (event->type() == QEvent::ActivationChange && !isActiveWindow() && drag_.Settle()) {
-        ports_.prompt.MousePointer(Pointer::Default);
-        SelectDay();
-    }
+    if (event->type() == QEvent::ActivationChange && !isActiveWindow()) Guarded([this] { Settle(); })();
     Form::changeEvent(event);
+}
+
+/// Lets a bar in hand go, and shows what came of it. Whatever works on the week, or moves what is seen of it,
+/// comes after this.
+void MainEditorForm::Settle() {
+    Follow(drag_.Settle());
+}
+
+SettleGesture MainEditorForm::Settling() {
+    return [this] { Settle(); };
 }
 
 // ---- commands ----
 
-void MainEditorForm::Choose(const std::string& entry) {
-    if (entry == "SaveIt")
-        Save();
-    else if (entry == "Gout" || entry == "GetOut")
-        LeaveEditor();
-    else if (entry == "TimeHelp")
-        ports_.help.ShowTopic(help::EnteringTime);
-    else if (entry == "DTHelp")
-        ports_.help.ShowTopic(help::Daytypes);
-    else if (entry == "LetSeeAvailability")
-        ToggleAvailability();
-    else if (entry == "LetSeeHeadcount")
-        ToggleHeadcount();
-    else if (entry == "ShowDayTypes")
-        PickDaytype();
-    else if (entry == "Shift")
-        PickShift();
-    else if (entry == "NoLaser")
-        OpenSchedules("7DayLong");
-    else if (entry == "Graphbased")
-        OpenSchedules("7DayShort");
-    else if (entry == "One")
-        OpenSchedules("SelectedEmployees");
-    else if (entry == "OneEmpl")
-        TellHowToSeeOneWeek();
+void MainEditorForm::Choose(const std::string& command) {
+    Settle();
+    commands_.Choose(command);
+    ShowCommands();
 }
 
 void MainEditorForm::Save() {
-    SaveWeek(g_, ports_, *gauge_, [this] { drag_.Settle(); });
+    SaveWeek(g_, ports_, *gauge_, Settling());
     ShowRows();
     FocusRow(g_.cursor.LastFocusRow);
 }
 
 void MainEditorForm::GoToWeek(int direction) {
-    if (!GoToNeighbourWeek(
-            g_, ports_, *gauge_, [this] { drag_.Settle(); }, direction))
-        return;
+    if (!GoToNeighbourWeek(g_, ports_, *gauge_, Settling(), direction)) return;
+    drag_.Forget();
     SelectDay();
     FocusRow(g_.cursor.LastFocusRow);
 }
 
 void MainEditorForm::LeaveEditor() {
-    if (MayLeaveWeek(
-            g_, ports_, *gauge_, [this] { drag_.Settle(); }, "You made changes"))
-        Unload();
+    if (MayLeave()) Unload();
 }
 
 void MainEditorForm::ChooseDay(int day) {
+    Settle();
     g_.cursor.CurrentDay = day;
     SelectDay();
 }
 
 void MainEditorForm::SelectDay() {
-    drag_.Settle();
-    UpdateScrollX(g_);
+    Settle();
     WeekEdit(g_).ShowDay(g_.cursor.CurrentDay);
     DrawDayHeader();
     ShowTitle();
-    ShowMenus();
+    ShowCommands();
     ShowRows();
     ShowTotals();
     ShowRuler();
@@ -160,13 +149,11 @@ void MainEditorForm::ChooseOption(int option) {
 
 void MainEditorForm::ToggleAvailability() {
     g_.grid.AvailabilityShown = !g_.grid.AvailabilityShown;
-    ShowToggles();
     Picture1->update();
 }
 
 void MainEditorForm::ToggleHeadcount() {
     g_.grid.HeadcountShown = !g_.grid.HeadcountShown;
-    ShowToggles();
     ShowRuler();
 }
 
@@ -174,55 +161,53 @@ void MainEditorForm::ShowTotalsBox() {
     TotalsForm(g_, ports_, this).ShowModal();
 }
 
-void MainEditorForm::PickDaytype() {
-    drag_.Settle();
-    g_.cursor.CurrentRow = g_.cursor.LastFocusRow;
-    g_.cursor.CurrentEmployee = EmployeeOfRow(g_, g_.cursor.CurrentRow);
-    if (g_.week.DayOffFlag[g_.cursor.CurrentDay][g_.cursor.CurrentEmployee]) return ports_.prompt.Beep();
-    g_.listDialog.DayTypeRequest = static_cast<int>(ListRequest::Drop);
+void MainEditorForm::ShowHelp(int topic) {
+    ports_.help.ShowTopic(topic);
+}
+
+/// The row that had the focus last is the one that a list is opened for.
+void MainEditorForm::AskList(ListRequest request) {
+    g_.listDialog.DayTypeRequest = static_cast<int>(request);
     g_.listDialog.DayTypeCaller = "Main";
+    g_.listDialog.SelectedDayType = 0;
+}
+
+void MainEditorForm::PickDaytype() {
+    lanes_.MakeCurrent(lanes_.At(g_.cursor.LastFocusRow));
+    if (g_.week.DayOffFlag[g_.cursor.CurrentDay][g_.cursor.CurrentEmployee]) return ports_.prompt.Beep();
+    AskList(ListRequest::Drop);
     screens_.OpenDaytypes(*this);
     ShowRows();
     FocusRow(g_.cursor.LastFocusRow);
 }
 
 void MainEditorForm::PickShift() {
-    drag_.Settle();
-    g_.cursor.CurrentRow = g_.cursor.LastFocusRow;
-    g_.cursor.CurrentEmployee = EmployeeOfRow(g_, g_.cursor.CurrentRow);
-    g_.listDialog.DayTypeRequest = static_cast<int>(ListRequest::Drop);
-    g_.listDialog.DayTypeCaller = "Main";
-    g_.listDialog.SelectedDayType = 0;
+    lanes_.MakeCurrent(lanes_.At(g_.cursor.LastFocusRow));
+    AskList(ListRequest::Drop);
     screens_.OpenShifts(*this);
-    ShowMenus();
     const bool picked = g_.listDialog.DayTypeRequest == static_cast<int>(ListRequest::Drop);
     if (picked && g_.listDialog.SelectedDayType > 0) PasteStoredShift(g_.listDialog.SelectedDayType);
 }
 
 void MainEditorForm::StoreShift() {
     TakeShiftFromDay(g_.week, g_.cursor.CurrentEmployee, g_.cursor.CurrentDay, g_.shifts);
-    g_.listDialog.DayTypeRequest = static_cast<int>(ListRequest::Add);
-    g_.listDialog.DayTypeCaller = "Main";
+    AskList(ListRequest::Add);
     screens_.OpenShifts(*this);
     g_.clipboard.ClipFull = false;
-    ShowMenus();
     FocusRow(g_.cursor.CurrentRow);
 }
 
 void MainEditorForm::PasteStoredShift(int index) {
-    g_.cursor.CurrentEmployee = EmployeeOfRow(g_, g_.cursor.CurrentRow);
+    lanes_.MakeCurrent(lanes_.At(g_.cursor.CurrentRow));
     const PasteResult result = PasteShift(g_, index);
     if (result == PasteResult::NotPermitted) TellSchedulingNotPermitted(ports_.prompt);
     if (result == PasteResult::Occupied || result == PasteResult::Full) ports_.prompt.Beep();
-    ShowRowValue(g_.cursor.CurrentRow);
+    FollowRow(g_.cursor.CurrentRow);
     ShowTotals();
-    ShowRuler();
-    Picture1->UpdateRow(g_.cursor.CurrentRow);
     FocusRow(g_.cursor.CurrentRow);
 }
 
 void MainEditorForm::OpenSchedules(const char* kind) {
-    drag_.Settle();
     g_.application.FormCommand = kind;
     screens_.OpenSchedules(*this);
     FocusRow(g_.cursor.LastFocusRow);
@@ -238,17 +223,15 @@ void MainEditorForm::TellHowToSeeOneWeek() {
 }
 
 void MainEditorForm::ScrollDay(int value) {
-    if (scrollLock_) return;
-    drag_.Settle();
-    const int taken = ScrollToQuarter(g_, value);
+    Settle();
+    const int taken = ScrollToQuarter(g_.grid, g_.department.DayCutoffQuarters, value);
     if (taken != value) HScroll1->setValue(taken);
     ShowRuler();
     Picture1->update();
 }
 
 void MainEditorForm::ScrollRows(int value) {
-    if (scrollLock_) return;
-    drag_.Settle();
+    Settle();
     g_.cursor.TopRow = value;
     Label20->setText(value != 0 ? QStringLiteral("First page") : QStringLiteral("Last page"));
     ShowRows();
@@ -258,24 +241,12 @@ void MainEditorForm::ScrollRows(int value) {
 // ---- the grid ----
 
 void MainEditorForm::ConnectGrid() {
-    const auto buttonOf = [](Qt::MouseButton button) {
-        if (button == Qt::LeftButton) return MouseButton::Left;
-        return button == Qt::RightButton ? MouseButton::Right : MouseButton::Other;
-    };
-    const auto heldOf = [](Qt::MouseButtons buttons) {
-        if (buttons == Qt::NoButton) return MouseButton::None;
-        if ((buttons & Qt::LeftButton) != 0) return MouseButton::Left;
-        return (buttons & Qt::RightButton) != 0 ? MouseButton::Right : MouseButton::Other;
-    };
-    Picture1->onMouseDown = Guarded([=, this](Qt::MouseButton button, TwipsPoint at) {
-        Follow(drag_.Press({buttonOf(button), at.x, at.y}));
-    });
-    Picture1->onMouseMove = Guarded([=, this](Qt::MouseButtons buttons, TwipsPoint at) {
-        Follow(drag_.Move({heldOf(buttons), at.x, at.y}));
-    });
-    Picture1->onMouseUp = Guarded([=, this](Qt::MouseButton button, TwipsPoint at) {
-        Follow(drag_.Release({buttonOf(button), at.x, at.y}));
-    });
+    Picture1->onMouseDown = Guarded(
+        [this](Qt::MouseButton button, TwipsPoint at) { Follow(drag_.Press(ToGridMouse(button, at))); });
+    Picture1->onMouseMove =
+        Guarded([this](Qt::MouseButtons held, TwipsPoint at) { Follow(drag_.Move(ToGridMouse(held, at))); });
+    Picture1->onMouseUp = Guarded(
+        [this](Qt::MouseButton button, TwipsPoint at) { Follow(drag_.Release(ToGridMouse(button, at))); });
     Picture1->onMouseLeave = Guarded([this] {
         HighlightRow(0);
         markerX_ = -1;
@@ -286,82 +257,39 @@ void MainEditorForm::ConnectGrid() {
 
 /// Shows what a mouse event has changed.
 void MainEditorForm::Follow(const GridChange& change) {
-    if (change.notPermitted) return TellSchedulingNotPermitted(ports_.prompt);
+    Follow(change.week);
     if (change.pointer) ports_.prompt.MousePointer(change.shape);
     if (change.hoverRow != 0) HighlightRow(change.hoverRow);
     if (change.hideMarker) markerX_ = -1;
     if (change.markerMoved) markerX_ = change.markerX;
     if (change.hideMarker || change.markerMoved) Picture2->update();
-    if (change.ghost || change.lane) Picture1->UpdateRow(g_.cursor.CurrentRow);
-    if (change.ghost || change.lane) dragTime_->SetText(g_.drag.GestureOpen ? DragTimeText(g_) : "");
-    if (change.lane) {
-        ShowRowValue(g_.cursor.CurrentRow);
-        if (g_.grid.HeadcountShown) ShowRuler();
-    }
-    if (change.totals) ShowTotals();
+    for (const int row : change.rows) Picture1->UpdateRow(row);
+    if (!change.rows.empty()) dragTime_->SetText(view_.DragTimeText());
+    if (change.notPermitted) return TellSchedulingNotPermitted(ports_.prompt);
     if (change.focusRow) FocusRow(g_.cursor.CurrentRow);
-    if (change.lineMenu) OpenLineMenu();
+    if (change.lineMenu) OpenMenu(*this, commands_, "Popup", Chosen());
 }
 
-void MainEditorForm::OpenLineMenu() {
-    const LineMenu offered = ArrangeLineMenu(g_);
-    // Copying a line has no commands yet; its entries stand in the menu and wait.
-    constexpr bool Built = false;
-    QMenu menu(this);
-    menu.setObjectName(QStringLiteral("Popup"));
-    const auto add = [&](const char* name, const char* caption, bool enabled) {
-        QAction* action = menu.addAction(QLatin1String(caption));
-        action->setObjectName(QLatin1String(name));
-        action->setEnabled(enabled);
-        return action;
-    };
-    add("CutLine", "&Cut", offered.CutLine && Built);
-    add("CopyLine", "C&opy", offered.CopyLine && Built);
-    add("PasteLine", "&Paste", offered.PasteLine && Built);
-    menu.addSeparator();
-    On(*add("AddToShift", "&Add to standard Shifts", offered.AddToShift), &QAction::triggered,
-       [this] { StoreShift(); });
-    QMenu* shifts = menu.addMenu(QStringLiteral("Paste &Shift"));
-    shifts->menuAction()->setObjectName(QStringLiteral("PasteShift"));
-    shifts->setEnabled(offered.PasteShift);
-    int index = 0;
-    for (const std::string& name : offered.ShiftNaam) {
-        QAction* action = shifts->addAction(PlainCaption(name));
-        action->setObjectName(QStringLiteral("ShiftNaam(%1)").arg(++index));
-        On(*action, &QAction::triggered, [this, index] { PasteStoredShift(index); });
-    }
-    menu.exec(QCursor::pos());
+/// Shows what an edit has changed in the week.
+void MainEditorForm::Follow(const WeekChange& change) {
+    for (const int employee : change.employees)
+        for (const int row : lanes_.RowsOf(employee)) FollowRow(row);
+    if (change.figures) ShowTotals();
+    if (!change.employees.empty() && g_.grid.HeadcountShown) ShowRuler();
+}
+
+void MainEditorForm::FollowRow(int row) {
+    ShowRow(row);
+    Picture1->UpdateRow(row);
 }
 
 void MainEditorForm::FocusRow(int row) {
-    if (Text1.Has(row) && Text1[row].isVisibleTo(this)) Text1[row].setFocus(Qt::OtherFocusReason);
+    daytypes_.Focus(row);
 }
 
-int MainEditorForm::TypeInto(int row, int code) {
-    const DaytypeKey key = TypeDaytype(g_, row, code);
-    TellDaytypeRefusal(ports_.prompt, key.refusal);
-    return key.code;
-}
-
-void MainEditorForm::ConnectDaytypeBox(int row) {
-    TextBox& box = Text1[row];
-    box.keyFilter = Guarded([=, this](int code) { return TypeInto(row, code); });
-    box.pasteFilter = [=, this](int code) {
-        const bool closed =
-            g_.week.DayOffFlag[g_.cursor.CurrentDay][EmployeeOfRow(g_, row)] || !g_.rights.SchedulingAllowed;
-        return closed ? 0 : FilterDaytypeKey(code).code;
-    };
-    box.onKeyUp = Guarded([=, this] {
-        const int e = EmployeeOfRow(g_, row);
-        const std::string text = Text1[row].Text();
-        if (text == g_.week.DayTypeText[g_.cursor.CurrentDay][e]) return;
-        TakeDaytype(g_, row, text);
-    });
-    box.onVerticalArrow = [=, this](int direction) { FocusRow(NeighbourRow(g_.grid, row, direction)); };
-    box.onFocus = [=, this] { g_.cursor.CurrentRow = g_.cursor.LastFocusRow = row; };
-    box.onHover = [=, this] {
-        Text1[row].setToolTip(ToQString(DaytypeTooltip(g_.daytypes, Text1[row].Text())));
-    };
+void MainEditorForm::ConnectDaytypes() {
+    daytypes_.onFocus = [this](int row) { g_.cursor.CurrentRow = g_.cursor.LastFocusRow = row; };
+    daytypes_.onChange = [this](const WeekChange& change) { Follow(change); };
 }
 
 } // namespace tvx::qt

@@ -3,20 +3,28 @@
 
 #include "desktop/Form.h"
 #include "desktop/MenuRenderer.h"
-#include "editor/lanes/BarDrag.h"
+#include "editor/EditorCommands.h"
+#include "editor/lanes/LaneView.h"
+#include "editor/lanes/screens/DaytypeBoxes.h"
 #include "editor/lanes/screens/TimeGrid.h"
 #include "editor/screens/DayHeader.h"
 #include "editor/screens/EditorScreens.h"
+#include "editor/week/SaveWeek.h"
 #include "platform/ports/Gauge.h"
-#include "platform/ports/MenuBar.h"
 
 #include <QScrollBar>
 
+#include <map>
 #include <memory>
+#include <string>
+
+namespace tvx {
+enum class ListRequest;
+}
 
 namespace tvx::qt {
 
-class MainEditorForm : public Form {
+class MainEditorForm : public Form, private EditorActions {
     Q_OBJECT
   public:
     /// Needs the roster of the current department.
@@ -36,9 +44,9 @@ class MainEditorForm : public Form {
     void RemoveCancelMenuItem();
     void LoadLists();
     void BuildMenus();
+    void BuildFace();
     void BuildToolStrip(QWidget& strip);
-    LabelButton& AddTool(const char* name, int index, const std::string& caption, const std::string& tip,
-                         Twips left, Twips width);
+    LabelButton& AddTool(const char* name, Twips left, Twips width);
     void BuildHeader(QWidget& band);
     void BuildSheet(QWidget& sheet);
     void BuildEndsOfDay(QWidget& sheet);
@@ -48,27 +56,31 @@ class MainEditorForm : public Form {
     void BuildSidePanel(QWidget& panel);
     void BuildOptions(QWidget& panel);
     void BuildTotals(QWidget& panel);
-    void ConnectTools();
+    void ConnectScrollBars();
     void ConnectGrid();
-    void ConnectDaytypeBox(int row);
+    void ConnectDaytypes();
     void HideForAllDepartments();
 
     // commands
-    void Choose(const std::string& entry);
-    void Save();
-    void GoToWeek(int direction);
-    void LeaveEditor();
+    void Choose(const std::string& command);
+    std::function<void(const std::string&)> Chosen();
+    void Save() override;
+    void GoToWeek(int direction) override;
+    void LeaveEditor() override;
+    void ToggleAvailability() override;
+    void ToggleHeadcount() override;
+    void ShowTotalsBox() override;
+    void ShowHelp(int topic) override;
+    void OpenSchedules(const char* kind) override;
+    void TellHowToSeeOneWeek() override;
+    void PickDaytype() override;
+    void PickShift() override;
+    void StoreShift() override;
+    void PasteStoredShift(int index) override;
+    void AskList(ListRequest request);
+    bool MayLeave();
     void ChooseDay(int day);
     void ChooseOption(int option);
-    void ToggleAvailability();
-    void ToggleHeadcount();
-    void ShowTotalsBox();
-    void OpenSchedules(const char* kind);
-    void TellHowToSeeOneWeek();
-    void PickDaytype();
-    void PickShift();
-    void StoreShift();
-    void PasteStoredShift(int index);
     void ScrollDay(int value);
     void ScrollRows(int value);
 
@@ -84,64 +96,59 @@ class MainEditorForm : public Form {
     void ShowSelectedOption();
     void ShowRuler();
     void HighlightRow(int row);
-    void ShowToggles();
-    void ShowMenus();
+    void ShowCommands();
     void PaintRuler(QPainter& painter) const;
     void PaintRulerGround(QPainter& painter, Twips overhang) const;
     void PaintMarker(QPainter& painter) const;
     void PaintSquares(QPainter& painter, int row) const;
 
     // the grid
+    void Settle();
+    SettleGesture Settling();
     void Follow(const GridChange& change);
-    void OpenLineMenu();
+    void Follow(const WeekChange& change);
+    void FollowRow(int row);
     void FocusRow(int row);
-    int TypeInto(int row, int code);
 
     GlobalState& g_;
     EditorScreens& screens_;
-    MenuBar menuModel_;
+    ControlArray<TextBox> Text1; // [row], daytypes
+    MainLanes lanes_;
     BarDrag drag_;
+    LaneView view_;
+    DaytypeBoxes daytypes_;
+    CommandTable commands_;
     std::unique_ptr<MenuRenderer> menus_;
     std::unique_ptr<Gauge> gauge_;
 
     QWidget* strip_ = nullptr;
     QWidget* sheet_ = nullptr;
     DayHeaderBar* pctWeekday = nullptr;
-    TimeGrid* Picture1 = nullptr;      // the lanes
-    PictureBox* Picture2 = nullptr;    // the ruler, with the headcount under it
-    QScrollBar* HScroll1 = nullptr;    // quarters
-    QScrollBar* VScroll1 = nullptr;    // rows
-    Label* listHead_ = nullptr;        // over the names
-    Label* valueHead_ = nullptr;       // over the values
-    ControlArray<LabelButton> Label7;  // 0 previous week, 1 next week, 2 load week
-    LabelButton* Label8 = nullptr;     // save
-    LabelButton* Label12 = nullptr;    // totals box
-    LabelButton* Label13 = nullptr;    // back to the console
-    LabelButton* Label16 = nullptr;    // day graph, narrow
-    LabelButton* Label17 = nullptr;    // day graph, full
-    LabelButton* Label18 = nullptr;    // availability
-    LabelButton* Label19 = nullptr;    // productivity
-    LabelButton* Label25 = nullptr;    // headcount
-    LabelButton* Label20 = nullptr;    // first or last page
-    LabelButton* Label21 = nullptr;    // to the start of the day
-    LabelButton* Label22 = nullptr;    // to the end of the day
-    ControlArray<Label> Label9;        // [row], names
-    ControlArray<Label> Label10;       // [row], values
-    ControlArray<Label> Label23;       // [row], day values of a pair
-    ControlArray<Label> Label24;       // [row], week values of a pair
-    ControlArray<TextBox> Text1;       // [row], daytypes
-    ControlArray<PictureBox> squares_; // [row], days with time
-    ControlArray<LabelButton> Label4;  // [1..12], options of the value column
-    ControlArray<Label> Label14;       // 0 " Day", 1 " Wk"
-    ControlArray<Label> Label15;       // 0 day time, 1 week time, 2 day wages, 3 week wages
-    ControlArray<Label> Label1;        // 0..2 day, 3..5 week: labor, sales, transactions; 6..8 their captions
-    ControlArray<Label> Label5;        // 0 and 1: day and week beside the labor figures
-    Label* dragTime_ = nullptr;        // times of the bar under the mouse
+    TimeGrid* Picture1 = nullptr;               // the lanes
+    PictureBox* Picture2 = nullptr;             // the ruler, with the headcount under it
+    QScrollBar* HScroll1 = nullptr;             // quarters
+    QScrollBar* VScroll1 = nullptr;             // rows
+    Label* listHead_ = nullptr;                 // over the names
+    Label* valueHead_ = nullptr;                // over the values
+    std::map<std::string, LabelButton*> tools_; // by command
+    LabelButton* Label20 = nullptr;             // first or last page
+    LabelButton* Label21 = nullptr;             // to the start of the day
+    LabelButton* Label22 = nullptr;             // to the end of the day
+    ControlArray<Label> Label9;                 // [row], names
+    ControlArray<Label> Label10;                // [row], values
+    ControlArray<Label> Label23;                // [row], day values of a pair
+    ControlArray<Label> Label24;                // [row], week values of a pair
+    ControlArray<PictureBox> squares_;          // [row], days with time
+    ControlArray<LabelButton> Label4;           // [1..12], options of the value column
+    ControlArray<Label> Label14;                // 0 " Day", 1 " Wk"
+    ControlArray<Label> Label15;                // 0 day time, 1 week time, 2 day wages, 3 week wages
+    ControlArray<Label> Label1; // 0..2 day, 3..5 week: labor, sales, transactions; 6..8 their captions
+    ControlArray<Label> Label5; // 0 and 1: day and week beside the labor figures
+    Label* dragTime_ = nullptr; // times of the bar under the mouse
 
     Twips markerX_ = -1;  // of the ruler's marker, grid twips; below 0 it is hidden
     int highlighted_ = 0; // row whose name is lit
     bool firstActivation_ = true;
-    bool scrollLock_ = false; // a scroll bar is being set by the program
 };
 
 } // namespace tvx::qt

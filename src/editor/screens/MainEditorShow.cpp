@@ -1,5 +1,6 @@
 // What the Main Editor shows: names, values, totals, header and ruler.
-#include "editor/EditorMenus.h"
+#include "editor/DayHeader.h"
+#include "editor/Headcount.h"
 #include "editor/RowValues.h"
 #include "editor/lanes/screens/PaintDrawing.h"
 #include "editor/screens/MainEditorForm.h"
@@ -21,7 +22,7 @@ Qt::Alignment AlignmentOf(const RowValues& values) {
 } // namespace
 
 void MainEditorForm::ShowTitle() {
-    setWindowTitle(ToQString(EditorTitle(g_)));
+    setWindowTitle(ToQString(EditorTitle(g_.roster, g_.department, g_.week)));
 }
 
 void MainEditorForm::DrawDayHeader() {
@@ -30,29 +31,33 @@ void MainEditorForm::DrawDayHeader() {
         if (g_.figures.DayMemoFlag[d]) pctWeekday->imMemo[d].setToolTip(ToQString(g_.figures.DayMemoText[d]));
 }
 
-void MainEditorForm::ShowMenus() {
-    UpdateEditorMenus(g_, menuModel_);
-    menus_->Show(menuModel_.Entries());
-    Label8->setEnabled(g_.rights.SchedulingAllowed);
+/// What can be chosen now, and which of the toggles are on.
+void MainEditorForm::ShowCommands() {
+    menus_->Show(commands_.Entries("MenuBar"));
+    for (const MenuEntry& entry : commands_.Entries("ToolStrip")) {
+        LabelButton& tool = *tools_.at(entry.name);
+        tool.setEnabled(entry.enabled && entry.built);
+        tool.setVisible(entry.visible);
+        if (commands_[entry.name].checked) tool.SetColours(QBColor(0), QBColor(entry.checked ? 14 : 15));
+    }
 }
 
 void MainEditorForm::ShowRows() {
-    for (int row = 1; row <= g_.grid.VisibleRows; ++row) ShowRow(row);
+    for (int row = 1; row <= lanes_.Count(); ++row) ShowRow(row);
 }
 
 void MainEditorForm::ShowRow(int row) {
-    const int e = EmployeeOfRow(g_, row);
+    const int e = lanes_.At(row).employee;
     const std::string name = g_.roster.RosterName1[e] + " " + g_.roster.RosterName2[e];
     Label9[row].SetText(name);
     const bool lit = row == highlighted_;
     Label9[row].SetColours(QBColor(lit ? 15 : 0), lit ? QBColor(9) : LightBlue);
-    Text1[row].SetText(g_.week.DayTypeText[g_.cursor.CurrentDay][e]);
-    Text1[row].setAccessibleName(ToQString("Daytype of " + name));
+    daytypes_.Show(row, name);
     ShowRowValue(row);
 }
 
 void MainEditorForm::ShowRowValue(int row) {
-    const RowValues values = ShowRowValues(g_, EmployeeOfRow(g_, row), ports_.region);
+    const RowValues values = ShowRowValues(g_, lanes_.At(row).employee, ports_.region);
     const auto show = [&](Label& label, const std::string& text, const ValueColours& colours) {
         label.SetText(text);
         label.SetColours(colours.text, colours.back);
@@ -73,7 +78,7 @@ void MainEditorForm::ShowRowValue(int row) {
 }
 
 void MainEditorForm::PaintSquares(QPainter& painter, int row) const {
-    const RowValues values = ShowRowValues(g_, EmployeeOfRow(g_, row), ports_.region);
+    const RowValues values = ShowRowValues(g_, lanes_.At(row).employee, ports_.region);
     painter.fillRect(squares_[row].rect(), ToColor(LightBlue));
     for (int d = 1; d <= 7; ++d) {
         const Twips left = d * SquareStep;
@@ -104,14 +109,9 @@ void MainEditorForm::ShowProductivity() {
 void MainEditorForm::ShowSelectedOption() {
     for (const auto& [option, button] : Label4) button->setChecked(option == g_.grid.ShowOption);
     valueHead_->SetText(ShowOptions()[g_.grid.ShowOption].caption);
-    valueHead_->SetAlignment(AlignmentOf(ShowRowValues(g_, EmployeeOfRow(g_, 1), ports_.region)));
+    valueHead_->SetAlignment(AlignmentOf(ShowRowValues(g_, lanes_.At(1).employee, ports_.region)));
     PlaceColumns();
-    for (int row = 1; row <= g_.grid.VisibleRows; ++row) ShowRowValue(row);
-}
-
-void MainEditorForm::ShowToggles() {
-    Label18->SetColours(QBColor(0), g_.grid.AvailabilityShown ? QBColor(14) : QBColor(15));
-    Label25->SetColours(QBColor(0), g_.grid.HeadcountShown ? QBColor(14) : QBColor(15));
+    for (int row = 1; row <= lanes_.Count(); ++row) ShowRowValue(row);
 }
 
 void MainEditorForm::ShowRuler() {
@@ -138,19 +138,20 @@ void MainEditorForm::PaintRuler(QPainter& painter) const {
             return ToTwips(metrics.horizontalAdvance(ToQString(text)));
         };
     };
+    const int cutoff = g_.department.DayCutoffQuarters;
     Drawing ruler;
-    DrawHourRuler(g_, measure(painter.font()), ruler);
+    DrawHourRuler(g_.grid, cutoff, g_.application, measure(painter.font()), ruler);
     PaintDrawing(painter, ruler, origin);
     QFont small = painter.font();
     small.setPointSizeF(HeadcountPoints);
     Drawing headcount;
-    ShowHeadcount(g_, measure(small), headcount);
+    ShowHeadcount(g_.grid, g_.week, g_.cursor.CurrentDay, cutoff, measure(small), headcount);
     painter.save();
     painter.setFont(small);
     PaintDrawing(painter, headcount, origin);
     painter.restore();
     Drawing ticks;
-    DrawTickMarks(g_, ticks);
+    DrawTickMarks(g_.grid, ticks);
     PaintDrawing(painter, ticks, origin);
     PaintMarker(painter);
 }

@@ -25,7 +25,6 @@ void EmptyWeek(GlobalState& g, Week& week) {
     g.cursor.CurrentEmployee = 0;
     g.totals = {};
     g.clipboard.ClipFull = false;
-    g.drag = {};
     ForgetSteps(g.steps);
 }
 

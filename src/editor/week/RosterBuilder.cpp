@@ -93,7 +93,6 @@ void EmptyWeekFor(GlobalState& g, Week& week) {
     g.cursor.CurrentRow = 1;
     g.cursor.CurrentEmployee = 0;
     ForgetSteps(g.steps);
-    g.drag = {};
     g.totals = {};
     g.TotalSalaries = 0;
 }

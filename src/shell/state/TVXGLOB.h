@@ -37,7 +37,6 @@ struct GlobalState {
     ListDialog listDialog;
     int SelectedEmployee = 0; // key of the employee picked in the search; 0 none
     Grid grid;
-    Drag drag;
     LineClipboard clipboard;
     Reports reports;
     Store store;

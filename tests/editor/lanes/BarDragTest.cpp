@@ -1,6 +1,7 @@
 #include "editor/lanes/BarDrag.h"
 
 #include "editor/lanes/GridView.h"
+#include "editor/lanes/LineMenu.h"
 #include "editor/week/Totals.h"
 #include "support/Quarters.h"
 #include "support/WeekWriter.h"
@@ -36,15 +37,17 @@ TEST(SnapToQuarter, goes_to_the_nearest_quarter_and_from_an_exact_half_down) {
 class BarDragTest : public testing::Test {
   protected:
     GlobalState g;
-    BarDrag drag{g};
+    MainLanes lanes{g.grid, g.roster, g.cursor};
+    BarDrag drag{lanes, g};
     GridChange last;
+    using Rows = std::vector<int>;
 
     void SetUp() override { Make(6, 0); }
 
     /// People on a grid of a whole day, quarters of 120 twips.
     void Make(int people, int cutoff, int hours = 24) {
         test::MakeRoster(g, people);
-        g.drag = {};
+        drag.Forget();
         g.cursor.CurrentDay = 1;
         g.department.DayCutoffQuarters = cutoff;
         g.screen = {14190, 16200 - 150, hours};
@@ -52,12 +55,10 @@ class BarDragTest : public testing::Test {
         g.grid.QuarterWidth = Width;
         g.grid.GridWidth = Width * 4 * hours;
         g.grid.WeekTwips = Width * 768;
-        UpdateScrollX(g);
         SumWeek(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
     }
     void GoTo(int day) {
         g.cursor.CurrentDay = day;
-        UpdateScrollX(g);
         SumDay(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
     }
     void Set(const BarList& bars, int e = 1) { test::SetBars(g, e, bars); }
@@ -93,10 +94,10 @@ class BarDragTest : public testing::Test {
         Release(to, row);
     }
     void ExpectNoGesture() {
-        EXPECT_FALSE(g.drag.GestureOpen);
-        EXPECT_EQ(g.drag.MouseState, 0);
-        EXPECT_EQ(g.drag.DayLeftBar, 0);
-        EXPECT_EQ(g.drag.DayRightBar, 0);
+        EXPECT_FALSE(drag.Hand().GestureOpen);
+        EXPECT_EQ(drag.Hand().MouseState, 0);
+        EXPECT_EQ(drag.Hand().DayLeftBar, 0);
+        EXPECT_EQ(drag.Hand().DayRightBar, 0);
     }
 };
 
@@ -240,7 +241,7 @@ TEST_F(BarDragTest, an_end_dragged_past_the_other_turns_the_bar_over) {
 TEST_F(BarDragTest, a_press_well_inside_moves_the_bar) {
     Set({{36, 68}});
     Press(X(50));
-    EXPECT_EQ(g.drag.MouseState, 2);
+    EXPECT_EQ(drag.Hand().MouseState, 2);
     EXPECT_TRUE(last.pointer);
     EXPECT_EQ(last.shape, Pointer::SizeWestEast);
     Move(X(54));
@@ -264,7 +265,7 @@ TEST_F(BarDragTest, a_bar_moved_and_put_back_is_where_it_was) {
     Move(X(50));
     Release(X(50));
     EXPECT_EQ(Bars(), (BarList{{36, 68}}));
-    EXPECT_FALSE(last.totals);
+    EXPECT_FALSE(last.week.figures);
     EXPECT_EQ(test::SumsText(g), sums);
 }
 
@@ -320,7 +321,7 @@ TEST_F(BarDragTest, a_stretch_that_leaves_the_picture_ends_at_its_edge) {
     Press(X(90));
     Move(X(94));
     Move(g.grid.GridWidth + 200);
-    EXPECT_EQ(g.drag.MouseState, 0);
+    EXPECT_EQ(drag.Hand().MouseState, 0);
     EXPECT_EQ(last.shape, Pointer::Default);
     Move(X(70)); // comes back: the drag is over
     Release(X(70));
@@ -329,7 +330,7 @@ TEST_F(BarDragTest, a_stretch_that_leaves_the_picture_ends_at_its_edge) {
     Set({{36, 68}});
     Press(X(36));
     Move(-300);
-    EXPECT_EQ(g.drag.MouseState, 0);
+    EXPECT_EQ(drag.Hand().MouseState, 0);
     Release(-300);
     EXPECT_EQ(Bars(), (BarList{{0, 68}}));
 }
@@ -337,13 +338,13 @@ TEST_F(BarDragTest, a_stretch_that_leaves_the_picture_ends_at_its_edge) {
 TEST_F(BarDragTest, the_edge_itself_still_belongs_to_the_picture) {
     Press(X(90));
     Move(g.grid.GridWidth);
-    EXPECT_EQ(g.drag.MouseState, 1);
+    EXPECT_EQ(drag.Hand().MouseState, 1);
     Move(X(92));
     Release(X(92));
     EXPECT_EQ(Bars(), (BarList{{90, 92}}));
     Press(X(10));
     Move(0);
-    EXPECT_EQ(g.drag.MouseState, 1);
+    EXPECT_EQ(drag.Hand().MouseState, 1);
     Move(X(5));
     Release(X(5));
     EXPECT_EQ(Bars().front(), (std::pair{5, 10}));
@@ -384,7 +385,7 @@ TEST_F(BarDragTest, a_press_outside_the_picture_does_nothing) {
     const auto outside = [&](Twips x, Twips y) {
         test::WritableWeek(g).WeekChanged = false;
         const GridChange pressed = drag.Press({MouseButton::Left, x, y});
-        EXPECT_FALSE(pressed.ghost || pressed.focusRow || pressed.notPermitted) << x << " " << y;
+        EXPECT_FALSE(!pressed.rows.empty() || pressed.focusRow || pressed.notPermitted) << x << " " << y;
         drag.Move({MouseButton::Left, X(50), Y()});
         drag.Release({MouseButton::Left, X(50), Y()});
         EXPECT_FALSE(g.week.WeekChanged) << x << " " << y;
@@ -423,16 +424,6 @@ TEST_F(BarDragTest, a_refused_press_after_another_gesture_harms_no_bar) {
     Move(X(30));
     Release(X(30));
     EXPECT_EQ(Bars(), (BarList{{36, 68}, {81, 91}}));
-}
-
-TEST_F(BarDragTest, a_press_while_a_gesture_is_being_committed_is_ignored) {
-    Set({{36, 68}});
-    g.drag.EditBusy = true;
-    Press(X(50));
-    Move(X(60));
-    Release(X(60));
-    EXPECT_EQ(Bars(), (BarList{{36, 68}}));
-    EXPECT_FALSE(g.week.WeekChanged);
 }
 
 TEST_F(BarDragTest, bars_beyond_the_33rd_cannot_be_reached) {
@@ -524,7 +515,7 @@ TEST_F(DayOffDragTest, a_bar_cannot_be_stretched_into_the_next_day_off) {
     }
     Press(X(80));
     Move(X(97));
-    EXPECT_EQ(g.drag.MouseState, 0);
+    EXPECT_EQ(drag.Hand().MouseState, 0);
     EXPECT_EQ(last.shape, Pointer::Default);
     Release(X(97));
 }
@@ -544,7 +535,7 @@ TEST_F(DayOffDragTest, a_bar_cannot_be_moved_into_the_next_day_off) {
     Set({At(80, 90)});
     Drag(X(85), X(110));
     EXPECT_EQ(Bars(), (BarList{At(86, 96)}));
-    EXPECT_EQ(g.drag.MouseState, 0);
+    EXPECT_EQ(drag.Hand().MouseState, 0);
 }
 
 TEST_F(DayOffDragTest, a_bar_cannot_be_moved_back_into_the_day_off) {
@@ -601,7 +592,7 @@ TEST_F(BarDragTest, a_right_press_while_the_left_button_is_down_is_ignored) {
     EXPECT_FALSE(Press(X(20), 2, MouseButton::Right).lineMenu);
     EXPECT_EQ(g.cursor.CurrentRow, 1);
     Release(X(20), 2, MouseButton::Right); // commits nothing
-    EXPECT_TRUE(g.drag.GestureOpen);
+    EXPECT_TRUE(drag.Hand().GestureOpen);
     Move(X(58));
     Release(X(58));
     EXPECT_EQ(Bars(), (BarList{{44, 76}}));
@@ -630,7 +621,7 @@ TEST_F(BarDragTest, a_press_gives_the_daytype_box_of_the_row_the_focus_but_not_w
     Release(X(50), 2);
     EXPECT_TRUE(last.focusRow);
     EXPECT_TRUE(last.showMarker);
-    EXPECT_TRUE(last.lane);
+    EXPECT_EQ(last.rows, Rows{2});
     g.roster.AllDepartmentsMode = true;
     EXPECT_FALSE(Press(X(50), 2).focusRow);
     EXPECT_FALSE(Release(X(50), 2).focusRow);
@@ -641,8 +632,9 @@ TEST_F(BarDragTest, only_the_ghost_changes_while_a_bar_is_dragged) {
     Press(X(50));
     const std::string sums = test::SumsText(g);
     Move(X(54));
-    EXPECT_TRUE(last.ghost);
-    EXPECT_FALSE(last.lane || last.totals || last.focusRow);
+    EXPECT_EQ(last.rows, Rows{1});
+    EXPECT_FALSE(!last.week.employees.empty() || last.week.figures || last.focusRow);
+    EXPECT_EQ(Bars(), (BarList{{36, 68}}));
     EXPECT_EQ(test::SumsText(g), sums);
     Release(X(54));
 }
@@ -650,9 +642,9 @@ TEST_F(BarDragTest, only_the_ghost_changes_while_a_bar_is_dragged) {
 TEST_F(BarDragTest, the_figures_are_due_only_when_one_has_changed) {
     Set({{36, 68}});
     Drag(X(50), X(54));
-    EXPECT_FALSE(last.totals) << "moved within the day";
+    EXPECT_FALSE(last.week.figures) << "moved within the day";
     Drag(X(72), X(76));
-    EXPECT_TRUE(last.totals) << "an hour more";
+    EXPECT_TRUE(last.week.figures) << "an hour more";
 }
 
 TEST_F(BarDragTest, the_idle_mouse_marks_the_row_and_the_place_on_the_ruler) {
@@ -660,7 +652,7 @@ TEST_F(BarDragTest, the_idle_mouse_marks_the_row_and_the_place_on_the_ruler) {
     EXPECT_EQ(over.hoverRow, 2);
     EXPECT_TRUE(over.markerMoved);
     EXPECT_EQ(over.markerX, X(50));
-    EXPECT_FALSE(over.ghost || over.lane || over.pointer);
+    EXPECT_FALSE(!over.rows.empty() || over.pointer);
     EXPECT_EQ(drag.Move({MouseButton::None, X(50), g.grid.VisibleRows * 240 + 3}).hoverRow, 0);
     EXPECT_EQ(drag.Move({MouseButton::None, X(50), -3}).hoverRow, 0);
 }
@@ -680,9 +672,11 @@ TEST_F(BarDragTest, settling_commits_an_open_gesture_once) {
     Set({{36, 68}});
     Press(X(50));
     Move(X(54));
-    EXPECT_TRUE(drag.Settle());
+    const GridChange settled = drag.Settle();
+    EXPECT_EQ(settled.rows, Rows{1});
+    EXPECT_EQ(settled.week.employees, Rows{1});
     EXPECT_EQ(Bars(), (BarList{{40, 72}}));
-    EXPECT_FALSE(drag.Settle());
+    EXPECT_TRUE(drag.Settle().rows.empty());
     Move(X(90));
     Release(X(90)); // of the same press
     EXPECT_EQ(Bars(), (BarList{{40, 72}}));
@@ -739,48 +733,37 @@ TEST_F(BarDragTest, an_edit_corrects_the_sums_by_the_difference) {
     EXPECT_EQ(test::SumsText(g), test::SumsFromScratch(g));
 }
 
-// --- the line menu ----------------------------------------------------------------------------------------
+// --- gestures without an end ------------------------------------------------------------------------------
 
-TEST_F(BarDragTest, the_line_menu_of_a_day_with_a_bar_cuts_copies_and_stores) {
+TEST_F(BarDragTest, a_forgotten_gesture_leaves_its_bar_where_it_was) {
     Set({{36, 68}});
-    g.cursor.CurrentEmployee = 1;
-    g.clipboard.ClipFull = true;
-    g.shifts.ShiftCount = 3;
-    EXPECT_EQ(ArrangeLineMenu(g), (LineMenu{true, true, false, true, false, {}}));
-    g.shifts.ShiftCount = 19;
-    EXPECT_TRUE(ArrangeLineMenu(g).AddToShift);
-    for (const int full : {20, 21}) {
-        g.shifts.ShiftCount = full;
-        EXPECT_FALSE(ArrangeLineMenu(g).AddToShift) << full;
-    }
+    Press(X(50));
+    Move(X(54));
+    drag.Forget();
+    Move(X(60));
+    EXPECT_TRUE(Release(X(60)).rows.empty());
+    EXPECT_EQ(Bars(), (BarList{{36, 68}}));
+    ExpectNoGesture();
 }
 
-TEST_F(BarDragTest, the_line_menu_of_a_day_without_bar_pastes) {
-    g.cursor.CurrentEmployee = 1;
-    EXPECT_EQ(ArrangeLineMenu(g), LineMenu{});
-    g.clipboard.ClipFull = true;
-    EXPECT_EQ(ArrangeLineMenu(g), (LineMenu{false, false, true, false, false, {}}));
-    g.shifts.ShiftCount = 2;
-    g.shifts.ShiftNames[1] = "Early";
-    g.shifts.ShiftNames[2] = "Late";
-    EXPECT_EQ(ArrangeLineMenu(g), (LineMenu{false, false, true, false, true, {"Early", "Late"}}));
-    g.shifts.ShiftCount = 21;
-    EXPECT_EQ(ArrangeLineMenu(g).ShiftNaam.size(), 21U);
+TEST_F(BarDragTest, a_press_tells_of_the_gesture_that_it_ends) {
+    Set({{36, 68}});
+    Press(X(68));
+    Move(X(72));
+    Press(X(80), 2);
+    EXPECT_EQ(last.rows, (Rows{1, 2}));
+    EXPECT_EQ(last.week.employees, Rows{1});
+    EXPECT_TRUE(last.week.figures);
+    Release(X(80), 2);
 }
 
-TEST_F(BarDragTest, a_day_has_a_bar_when_one_begins_on_its_business_day) {
-    Make(2, Cutoff);
-    const auto has = [&](int day, const BarList& bars) {
-        GoTo(day);
-        Set(bars);
-        return DayHasBar(g, 1);
-    };
-    EXPECT_TRUE(has(2, {{120, 130}}));  // from its cut-off on
-    EXPECT_TRUE(has(2, {{215, 220}}));  // up to the cut-off of the next
-    EXPECT_FALSE(has(2, {{119, 130}})); // came over from the day before
-    EXPECT_FALSE(has(2, {{216, 220}}));
-    EXPECT_FALSE(has(2, {{20, 300}}));
-    EXPECT_FALSE(has(2, {}));
+TEST_F(BarDragTest, a_bar_in_hand_can_be_taken_back) {
+    Set({{36, 68}});
+    Drag(X(68), X(72));
+    WeekEdit(g).Undo();
+    EXPECT_EQ(Bars(), (BarList{{36, 68}}));
+    WeekEdit(g).Redo();
+    EXPECT_EQ(Bars(), (BarList{{36, 72}}));
 }
 
 // --- any gestures -----------------------------------------------------------------------------------------
@@ -805,7 +788,8 @@ class GestureTest : public BarDragTest {
         g.rights.SchedulingAllowed = !random.Chance(5);
         g.roster.AllDepartmentsMode = random.Chance(10);
         GoTo(Pick(1, 7));
-        ScrollToQuarter(g, g.department.DayCutoffQuarters + 4 * Pick(0, 18));
+        const int cutoff = g.department.DayCutoffQuarters;
+        ScrollToQuarter(g.grid, cutoff, cutoff + 4 * Pick(0, 18));
         for (int e = 1; e <= g.roster.EmployeeCount; ++e) {
             Set(test::RunsOf(test::Covered(test::RandomBars(random, Pick(0, 40)))), e);
             for (int day = 1; day <= 8; ++day) test::WritableWeek(g).DayOffFlag[day][e] = random.Chance(15);
@@ -849,11 +833,12 @@ class GestureTest : public BarDragTest {
     }
     /// What a gesture under way may take from its employee: the bar in hand, and what lies on days off.
     QuarterSet MayGo() const {
-        const int e = g.drag.DragEmployee;
+        const int e = drag.Lane().employee;
         BarList going;
         for (int day = 1; day <= 8; ++day)
             if (g.week.DayOffFlag[day][e]) going.emplace_back((day - 1) * 96, day * 96);
-        if (const int b = g.drag.DragBar; b != 0) going.push_back(Bars(e)[static_cast<std::size_t>(b) - 1]);
+        if (const int b = drag.Hand().DragBar; b != 0)
+            going.push_back(Bars(e)[static_cast<std::size_t>(b) - 1]);
         return test::Covered(going);
     }
 };
@@ -863,10 +848,10 @@ TEST_F(GestureTest, of_any_kind_leave_sound_bars_and_true_sums) {
     for (int week = 0; week < 400; ++week) {
         Start();
         for (int event = 0; event < 500; ++event) {
-            const bool wasOpen = g.drag.GestureOpen;
+            const bool wasOpen = drag.Hand().GestureOpen;
             Event();
             ASSERT_EQ(test::Unsound(g), "") << "week " << week << ", event " << event;
-            if (!wasOpen || g.drag.GestureOpen) continue;
+            if (!wasOpen || drag.Hand().GestureOpen) continue;
             ASSERT_EQ(test::SumsText(g), test::SumsFromScratch(g)) << "week " << week << ", event " << event;
         }
         drag.Settle();
@@ -881,7 +866,7 @@ TEST_F(GestureTest, lose_no_other_bar) {
         Start();
         for (int event = 0; event < 300; ++event) {
             const std::vector<QuarterSet> before = Standing();
-            const int committed = g.drag.GestureOpen ? g.drag.DragEmployee : 0;
+            const int committed = drag.Hand().GestureOpen ? drag.Lane().employee : 0;
             const QuarterSet mayGo = committed != 0 ? MayGo() : QuarterSet();
             Event();
             const std::vector<QuarterSet> now = Standing();

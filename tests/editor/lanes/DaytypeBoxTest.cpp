@@ -53,6 +53,8 @@ class DaytypeBoxTest : public testing::Test {
   protected:
     GlobalState g;
     test::ScriptedPrompt prompt;
+    MainLanes lanes{g.grid, g.roster, g.cursor};
+    DaytypeBox boxes{lanes, g};
 
     void SetUp() override {
         test::MakeRoster(g, 3);
@@ -64,32 +66,32 @@ class DaytypeBoxTest : public testing::Test {
 TEST_F(DaytypeBoxTest, a_key_marks_the_week_as_changed_even_when_it_is_swallowed) {
     for (const int code : std::initializer_list<int>{'a', ' ', 13, 'w', 8}) {
         test::WritableWeek(g).WeekChanged = false;
-        TypeDaytype(g, 1, code);
+        boxes.Type(1, code);
         EXPECT_TRUE(g.week.WeekChanged) << code;
     }
-    EXPECT_EQ(TypeDaytype(g, 1, 'a').code, 'A');
+    EXPECT_EQ(boxes.Type(1, 'a').code, 'A');
 }
 
 TEST_F(DaytypeBoxTest, a_day_off_swallows_every_key_without_a_word) {
     test::WritableWeek(g).DayOffFlag[1][3] = true; // the employee of row 1
     for (const int code : std::initializer_list<int>{'a', '1', 8, 'w'}) {
-        EXPECT_EQ(TypeDaytype(g, 1, code).code, 0);
-        EXPECT_EQ(TypeDaytype(g, 1, code).refusal, Refusal::Silent);
+        EXPECT_EQ(boxes.Type(1, code).code, 0);
+        EXPECT_EQ(boxes.Type(1, code).refusal, Refusal::Silent);
     }
     g.rights.SchedulingAllowed = false;
-    EXPECT_EQ(TypeDaytype(g, 1, 'a').refusal, Refusal::Silent);
+    EXPECT_EQ(boxes.Type(1, 'a').refusal, Refusal::Silent);
     EXPECT_FALSE(g.week.WeekChanged);
     g.rights.SchedulingAllowed = true;
-    EXPECT_EQ(TypeDaytype(g, 3, 'a').code, 'A');
+    EXPECT_EQ(boxes.Type(3, 'a').code, 'A');
     g.cursor.CurrentDay = 2;
-    EXPECT_EQ(TypeDaytype(g, 1, 'a').code, 'A');
+    EXPECT_EQ(boxes.Type(1, 'a').code, 'A');
 }
 
 TEST_F(DaytypeBoxTest, who_may_not_schedule_is_refused) {
     g.rights.SchedulingAllowed = false;
     for (const int code : std::initializer_list<int>{'a', 8, 'w'}) {
-        EXPECT_EQ(TypeDaytype(g, 1, code).code, 0);
-        EXPECT_EQ(TypeDaytype(g, 1, code).refusal, Refusal::NotPermitted);
+        EXPECT_EQ(boxes.Type(1, code).code, 0);
+        EXPECT_EQ(boxes.Type(1, code).refusal, Refusal::NotPermitted);
     }
     EXPECT_FALSE(g.week.WeekChanged);
     prompt.Expect("Your authorization does not allow scheduling changes", box::Exclamation,
@@ -109,22 +111,22 @@ TEST_F(DaytypeBoxTest, a_W_is_told_with_a_beep) {
 
 TEST_F(DaytypeBoxTest, the_text_of_a_box_becomes_the_daytype_of_the_row_and_day) {
     g.cursor.CurrentDay = 4;
-    TakeDaytype(g, 1, "V1");
+    boxes.PutText(1, "V1");
     EXPECT_EQ(g.week.DayTypeText[4][3], "V1");
     EXPECT_EQ(g.cursor.CurrentEmployee, 3);
     test::WritableWeek(g).DayOffFlag[4][3] = true; // a save sees to it
-    TakeDaytype(g, 1, "Q");
+    boxes.PutText(1, "Q");
     EXPECT_EQ(g.week.DayTypeText[4][3], "Q");
-    TakeDaytype(g, 1, "");
+    boxes.PutText(1, "");
     EXPECT_EQ(g.week.DayTypeText[4][3], "");
     EXPECT_EQ(g.week.DayTypeText[4][1], "");
 }
 
 TEST_F(DaytypeBoxTest, typing_does_not_take_the_bar_in_hand_from_its_employee) {
     test::SetBars(g, 3, {{36, 68}});
-    BarDrag drag(g);
+    BarDrag drag{lanes, g};
     drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 110});
-    TakeDaytype(g, 2, "A");
+    boxes.PutText(2, "A");
     drag.Release({MouseButton::Left, 50 * g.grid.QuarterWidth, 110});
     EXPECT_EQ(test::Bars(g, 3), (test::BarList{{36, 68}}));
 }

@@ -1,6 +1,6 @@
 #include "editor/lanes/GridView.h"
 
-#include "editor/lanes/BarDrag.h"
+#include "editor/lanes/LaneView.h"
 #include "editor/week/RosterBuilder.h"
 #include "editor/week/Totals.h"
 #include "support/Quarters.h"
@@ -28,7 +28,9 @@ std::string Text(const TwipsBox& box) {
 class GridViewTest : public testing::Test {
   protected:
     GlobalState g;
-    test::ScriptedRegion region;
+    MainLanes lanes{g.grid, g.roster, g.cursor};
+    BarDrag drag{lanes, g};
+    LaneView view{lanes, drag, g};
 
     void SetUp() override { Make(3, 0); }
 
@@ -44,12 +46,8 @@ class GridViewTest : public testing::Test {
         g.grid.QuarterWidth = Width;
         g.grid.GridWidth = Width * 4 * g.grid.HoursShown;
         g.grid.WeekTwips = Width * 768;
-        UpdateScrollX(g);
     }
-    void GoTo(int day) {
-        g.cursor.CurrentDay = day;
-        UpdateScrollX(g);
-    }
+    void GoTo(int day) { g.cursor.CurrentDay = day; }
     /// Left and right of the boxes of a colour, "left-right" each.
     static std::string Spans(const Drawing& drawing, Colour colour) {
         std::string spans;
@@ -59,13 +57,21 @@ class GridViewTest : public testing::Test {
                          std::to_string(box.box.right);
         return spans;
     }
+    /// Grid x of a week quarter on the day shown.
+    Twips X(WeekQuarter quarter) const { return quarter * Width - lanes.ScrollX(g.cursor.CurrentDay); }
+    /// The bar in hand, on whatever row it is seen.
+    std::optional<DrawnBox> Ghost() const {
+        for (int row = 1; row <= lanes.Count(); ++row)
+            if (const auto ghost = view.DrawDragBar(row)) return ghost;
+        return std::nullopt;
+    }
     Drawing Row(int row = 1) {
         Drawing drawing;
-        DrawRow(g, row, drawing);
+        view.DrawRow(row, drawing);
         return drawing;
     }
     std::string BarSpans(int row = 1) {
-        return Spans(Row(row), QBColor(g.roster.RosterBarColor[EmployeeOfRow(g, row)]));
+        return Spans(Row(row), QBColor(g.roster.RosterBarColor[lanes.At(row).employee]));
     }
 };
 
@@ -123,8 +129,8 @@ TEST(GridGeometry, stands_on_the_smallest_screens) {
             ASSERT_GE(g.grid.RowCapacity, 1);
             ASSERT_GT(g.grid.GridWidth, 0);
             Drawing drawing;
-            DrawRow(g, 1, drawing);
-            DrawTickMarks(g, drawing);
+            DrawTickMarks(g.grid, drawing);
+            ASSERT_FALSE(drawing.boxes.empty());
         }
 }
 
@@ -168,13 +174,14 @@ TEST_F(GridViewTest, a_day_begins_at_the_first_hour_or_at_the_cut_off) {
 
 TEST_F(GridViewTest, scrolling_goes_in_whole_hours_from_the_cut_off) {
     Make(1, 5, 12);
-    EXPECT_EQ(ScrollToQuarter(g, 9), 9);
+    EXPECT_EQ(ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 9), 9);
     EXPECT_EQ(g.grid.FirstQuarter, 9);
-    EXPECT_EQ(ScrollToQuarter(g, 53), 53);
+    EXPECT_EQ(ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 53), 53);
     for (const int odd : {8, 10, 11, 12, 52})
-        EXPECT_EQ(ScrollToQuarter(g, odd), 5) << odd << " falls back to the cut-off";
-    EXPECT_EQ(ScrollToQuarter(g, 1), 5);
-    EXPECT_EQ(ScrollToQuarter(g, 57), 53);
+        EXPECT_EQ(ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, odd), 5)
+            << odd << " falls back to the cut-off";
+    EXPECT_EQ(ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 1), 5);
+    EXPECT_EQ(ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 57), 53);
 }
 
 TEST_F(GridViewTest, no_scroll_value_leaves_the_range_or_the_hours) {
@@ -182,7 +189,7 @@ TEST_F(GridViewTest, no_scroll_value_leaves_the_range_or_the_hours) {
         for (const int hours : {1, 8, 16, 24}) {
             Make(1, cutoff, hours);
             for (int value = -20; value < 150; ++value) {
-                const int taken = ScrollToQuarter(g, value);
+                const int taken = ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, value);
                 ASSERT_EQ(taken, g.grid.FirstQuarter);
                 ASSERT_GE(taken, g.grid.MinFirstQuarter);
                 ASSERT_LE(taken, g.grid.MaxFirstQuarter);
@@ -193,28 +200,28 @@ TEST_F(GridViewTest, no_scroll_value_leaves_the_range_or_the_hours) {
 
 TEST_F(GridViewTest, a_quarter_has_its_place_by_day_and_scroll) {
     Make(1, 0, 16, 6);
-    EXPECT_EQ(g.grid.ScrollX, 24 * Width);
-    EXPECT_EQ(XOfQuarter(g.grid, 24), 0);
-    EXPECT_EQ(XOfQuarter(g.grid, 36), 12 * Width);
+    EXPECT_EQ(lanes.ScrollX(1), 24 * Width);
+    EXPECT_EQ(X(24), 0);
+    EXPECT_EQ(X(36), 12 * Width);
     EXPECT_EQ(DayBoundaryX(g.grid), 72 * Width);
     GoTo(3);
-    EXPECT_EQ(g.grid.ScrollX, (192 + 24) * Width);
-    EXPECT_EQ(XOfQuarter(g.grid, 192 + 36), 12 * Width);
-    EXPECT_EQ(XOfQuarter(g.grid, 36), -180 * Width);
+    EXPECT_EQ(lanes.ScrollX(3), (192 + 24) * Width);
+    EXPECT_EQ(X(192 + 36), 12 * Width);
+    EXPECT_EQ(X(36), -180 * Width);
 }
 
 TEST_F(GridViewTest, rows_follow_the_sort_and_the_scroll) {
     Make(60, 0);
     std::swap(g.roster.RowOrder[1], g.roster.RowOrder[60]);
-    EXPECT_EQ(EmployeeOfRow(g, 1), 60);
-    EXPECT_EQ(RowOfEmployee(g, 60), 1);
-    EXPECT_EQ(RowOfEmployee(g, 1), 0) << "not visible";
+    EXPECT_EQ(lanes.At(1).employee, 60);
+    EXPECT_EQ(lanes.RowOf({60, 1}), 1);
+    EXPECT_EQ(lanes.RowOf({1, 1}), 0) << "not visible";
     g.cursor.TopRow = 10;
-    EXPECT_EQ(EmployeeOfRow(g, 1), 11);
-    EXPECT_EQ(EmployeeOfRow(g, 50), 1);
-    EXPECT_EQ(RowOfEmployee(g, 1), 50);
-    EXPECT_EQ(TopOfRow(g.grid, 1), 0);
-    EXPECT_EQ(TopOfRow(g.grid, 3), 480);
+    EXPECT_EQ(lanes.At(1).employee, 11);
+    EXPECT_EQ(lanes.At(50).employee, 1);
+    EXPECT_EQ(lanes.RowOf({1, 1}), 50);
+    EXPECT_EQ(lanes.TopOf(1), 0);
+    EXPECT_EQ(lanes.TopOf(3), 480);
 }
 
 // --- lanes ------------------------------------------------------------------------------------------------
@@ -261,11 +268,10 @@ TEST_F(GridViewTest, an_empty_slot_ends_the_bars) {
 
 TEST_F(GridViewTest, the_other_bars_of_the_lane_stay_while_one_is_in_hand) {
     test::SetBars(g, 1, {{10, 20}, {36, 68}, {80, 90}});
-    BarDrag drag(g);
     drag.Press({MouseButton::Left, 15 * Width, 110});
     drag.Move({MouseButton::Left, 17 * Width, 110});
     EXPECT_EQ(BarSpans(), "3600-6800 8000-9000");
-    const auto ghost = DrawDragBar(g);
+    const auto ghost = Ghost();
     ASSERT_TRUE(ghost.has_value());
     EXPECT_EQ(Text(ghost->box), "1200,50-2200,170");
     drag.Release({MouseButton::Left, 17 * Width, 110});
@@ -279,7 +285,7 @@ TEST_F(GridViewTest, every_bar_of_random_weeks_is_drawn_where_it_lies) {
         Make(1, static_cast<int>(random.Whole(0, 32)), static_cast<int>(random.Whole(1, 24)));
         test::SetBars(g, 1, test::RunsOf(test::Covered(test::RandomBars(random, 20))));
         GoTo(static_cast<int>(random.Whole(1, 7)));
-        ScrollToQuarter(g, static_cast<int>(random.Whole(0, 120)));
+        ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, static_cast<int>(random.Whole(0, 120)));
         const int first = (g.cursor.CurrentDay - 1) * 96 + g.grid.FirstQuarter;
         const test::QuarterSet covered = test::Covered(test::Bars(g, 1));
         std::string wanted(static_cast<std::size_t>(g.grid.HoursShown) * 4, '.');
@@ -364,57 +370,53 @@ TEST_F(DayOffViewTest, the_eighth_day_shades_the_end_of_the_seventh) {
 TEST_F(DayOffViewTest, a_scrolled_day_is_shaded_up_to_midnight) {
     Make(1, 24, 12);
     test::WritableWeek(g).DayOffFlag[1][1] = true;
-    ScrollToQuarter(g, 72); // 18:00 to 6:00
+    ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 72); // 18:00 to 6:00
     EXPECT_EQ(Shades(), "0-2400");
 }
 
 // --- the bar in hand --------------------------------------------------------------------------------------
 
 TEST_F(GridViewTest, the_ghost_is_the_bar_under_the_mouse) {
-    EXPECT_FALSE(DrawDragBar(g).has_value());
-    EXPECT_EQ(DragTimeText(g), "");
-    BarDrag drag(g);
+    EXPECT_FALSE(Ghost().has_value());
+    EXPECT_EQ(view.DragTimeText(), "");
     drag.Press({MouseButton::Left, 36 * Width, 350});
     drag.Move({MouseButton::Left, 68 * Width, 350});
-    EXPECT_EQ(Text(DrawDragBar(g)->box), "3600,290-6800,410");
-    EXPECT_EQ(DrawDragBar(g)->colour, QBColor(g.roster.RosterBarColor[2]));
-    EXPECT_EQ(DragTimeText(g), "9:00am - 5:00pm");
+    EXPECT_EQ(Text(Ghost()->box), "3600,290-6800,410");
+    EXPECT_EQ(Ghost()->colour, QBColor(g.roster.RosterBarColor[2]));
+    EXPECT_EQ(view.DragTimeText(), "9:00am - 5:00pm");
     drag.Move({MouseButton::Left, 20 * Width, 350}); // the ends cross
-    EXPECT_EQ(Text(DrawDragBar(g)->box), "2000,290-3600,410");
-    EXPECT_EQ(DragTimeText(g), "5:00am - 9:00am");
+    EXPECT_EQ(Text(Ghost()->box), "2000,290-3600,410");
+    EXPECT_EQ(view.DragTimeText(), "5:00am - 9:00am");
     drag.Release({MouseButton::Left, 20 * Width, 350});
-    EXPECT_FALSE(DrawDragBar(g).has_value());
-    EXPECT_EQ(DragTimeText(g), "");
+    EXPECT_FALSE(Ghost().has_value());
+    EXPECT_EQ(view.DragTimeText(), "");
 }
 
 TEST_F(GridViewTest, the_ghost_is_clipped_to_the_grid) {
     test::SetBars(g, 1, {{80, 110}});
-    BarDrag drag(g);
     drag.Press({MouseButton::Left, 90 * Width, 110});
     drag.Move({MouseButton::Left, 94 * Width, 110});
-    EXPECT_EQ(Text(DrawDragBar(g)->box), "8400,50-9600,170");
-    EXPECT_EQ(DragTimeText(g), "9:00pm - 4:30am");
+    EXPECT_EQ(Text(Ghost()->box), "8400,50-9600,170");
+    EXPECT_EQ(view.DragTimeText(), "9:00pm - 4:30am");
     drag.Release({MouseButton::Left, 94 * Width, 110});
 }
 
 TEST_F(GridViewTest, the_ghost_stays_on_the_row_of_its_employee) {
     test::SetBars(g, 1, {{36, 68}});
-    BarDrag drag(g);
     drag.Press({MouseButton::Left, 50 * Width, 110});
     g.cursor.CurrentRow = 3;
     g.cursor.CurrentEmployee = 3;
-    EXPECT_EQ(Text(DrawDragBar(g)->box), "3600,50-6800,170");
+    EXPECT_EQ(Text(Ghost()->box), "3600,50-6800,170");
     std::swap(g.roster.RowOrder[1], g.roster.RowOrder[2]);
-    EXPECT_EQ(Text(DrawDragBar(g)->box), "3600,290-6800,410");
+    EXPECT_EQ(Text(Ghost()->box), "3600,290-6800,410");
     drag.Settle();
 }
 
 TEST_F(GridViewTest, the_time_of_the_ghost_snaps_to_quarters_by_the_clock_of_the_options) {
     g.application.Settings[setting::ClockStyle] = "24";
-    BarDrag drag(g);
     drag.Press({MouseButton::Left, 36 * Width + 20, 110});
     drag.Move({MouseButton::Left, 68 * Width + 51, 110});
-    EXPECT_EQ(DragTimeText(g), "9:00 - 17:15");
+    EXPECT_EQ(view.DragTimeText(), "9:00 - 17:15");
     drag.Settle();
 }
 
@@ -442,7 +444,7 @@ class AvailabilityViewTest : public GridViewTest {
     }
     std::string Reds() {
         Drawing drawing;
-        DrawAvailability(g, 1, drawing);
+        view.DrawAvailability(1, drawing);
         return Spans(drawing, Red);
     }
 };
@@ -450,7 +452,7 @@ class AvailabilityViewTest : public GridViewTest {
 TEST_F(AvailabilityViewTest, absence_is_drawn_above_and_below_the_lane) {
     Drawing drawing;
     GoTo(2);
-    DrawAvailability(g, 1, drawing);
+    view.DrawAvailability(1, drawing);
     ASSERT_EQ(drawing.boxes.size(), 2U);
     EXPECT_EQ(Text(drawing.boxes[0].box), "3600,10-6800,30");
     EXPECT_EQ(Text(drawing.boxes[1].box), "3600,180-6800,200");
@@ -506,7 +508,7 @@ class RulerTest : public GridViewTest {
 
     Drawing Ruler(const TextWidth& widthOf = Narrow) {
         Drawing drawing;
-        DrawHourRuler(g, widthOf, drawing);
+        DrawHourRuler(g.grid, g.department.DayCutoffQuarters, g.application, widthOf, drawing);
         return drawing;
     }
     std::string Hours(const TextWidth& widthOf = Narrow) {
@@ -560,7 +562,7 @@ TEST_F(RulerTest, has_a_cyan_band_that_midnight_parts_where_there_is_a_cut_off) 
 TEST_F(RulerTest, has_ticks_for_hours_halves_and_quarters) {
     Make(1, 0, 2);
     Drawing drawing;
-    DrawTickMarks(g, drawing);
+    DrawTickMarks(g.grid, drawing);
     ASSERT_EQ(drawing.boxes.size(), 9U);
     std::string ticks;
     for (const DrawnBox& tick : drawing.boxes) {
@@ -578,84 +580,24 @@ TEST_F(RulerTest, has_ticks_for_hours_halves_and_quarters) {
 TEST_F(RulerTest, ticks_follow_an_odd_cut_off) {
     Make(1, 5, 2);
     Drawing drawing;
-    DrawTickMarks(g, drawing);
+    DrawTickMarks(g.grid, drawing);
     EXPECT_EQ(drawing.boxes[0].box.top, 500); // 1:15
     EXPECT_EQ(drawing.boxes[1].box.top, 450); // 1:30
     EXPECT_EQ(drawing.boxes[3].box.top, 270); // 2:00
 }
 
-TEST_F(RulerTest, shows_the_headcount_under_the_hours_when_it_is_asked_for) {
-    test::SetBars(g, 1, {{36, 42}});
-    Drawing drawing;
-    ShowHeadcount(g, Narrow, drawing);
-    EXPECT_TRUE(drawing.boxes.empty() && drawing.texts.empty());
-    g.grid.HeadcountShown = true;
-    ShowHeadcount(g, Narrow, drawing);
-    ASSERT_EQ(drawing.boxes.size(), 1U);
-    EXPECT_EQ(Text(drawing.boxes[0].box), "0,240-9600,480");
-    EXPECT_EQ(drawing.boxes[0].colour, QBColor(0));
-    EXPECT_EQ(drawing.texts[9], (DrawnText{38 * Width, 250, "1.00", QBColor(15)}));
-    EXPECT_EQ(drawing.texts[10].text, ".50");
-}
-
-TEST_F(RulerTest, leaves_a_headcount_away_that_would_stand_out_at_the_right) {
-    g.grid.HeadcountShown = true;
-    const auto shown = [&](Twips width) {
-        Drawing drawing;
-        ShowHeadcount(
-            g, [width](const std::string&) { return width; }, drawing);
-        return drawing.texts.size();
-    };
-    EXPECT_EQ(shown(100), 24U); // 9400 + 50 is 150 from the edge
-    EXPECT_EQ(shown(102), 23U);
-}
-
 // --- captions ---------------------------------------------------------------------------------------------
 
 TEST_F(GridViewTest, the_jumps_are_called_midnight_or_by_the_time_of_the_cut_off) {
-    EXPECT_EQ(EndOfDayCaption(g), "Midnight");
+    EXPECT_EQ(EndOfDayCaption(g.department.DayCutoffQuarters, g.application), "Midnight");
     for (const auto& [cutoff, caption] :
          {std::pair{24, "6:00am"}, {5, "1:15am"}, {1, "12:15am"}, {48, "Noon"}, {96, "Midnight"}}) {
         g.department.DayCutoffQuarters = cutoff;
-        EXPECT_EQ(EndOfDayCaption(g), caption);
+        EXPECT_EQ(EndOfDayCaption(g.department.DayCutoffQuarters, g.application), caption);
     }
     g.application.Settings[setting::ClockStyle] = "24";
     g.department.DayCutoffQuarters = 24;
-    EXPECT_EQ(EndOfDayCaption(g), "6:00");
-}
-
-TEST_F(GridViewTest, the_header_names_seven_days) {
-    g.department.WeekMethod = 0;
-    g.department.FirstWeekday = 1;
-    g.figures.DayMemoFlag[3] = true;
-    GoTo(4);
-    const auto wide = DayHeader(g, region, true);
-    EXPECT_EQ(wide[1], (HeaderColumn{"Sunday", "01-Mar-26", "9", false, false}));
-    EXPECT_EQ(wide[3], (HeaderColumn{"Tuesday", "03-Mar-26", "9", false, true}));
-    EXPECT_EQ(wide[4], (HeaderColumn{"Wednesday", "04-Mar-26", "9", true, false}));
-    EXPECT_EQ(wide[7].weekday, "Saturday");
-    EXPECT_EQ(DayHeader(g, region, false)[1].date, "3/1/2026");
-    g.department.WeekMethod = 3;
-    EXPECT_EQ(DayHeader(g, region, true)[1].weekNumber, "");
-}
-
-TEST_F(GridViewTest, the_header_numbers_each_day_by_itself) {
-    g.department.WeekMethod = 2;
-    g.department.FirstWeekday = 1;
-    test::WritableWeek(g).WeekStartJulian = SerialFromParts(2025, 12, 28); // a Sunday
-    const auto header = DayHeader(g, region, true);
-    EXPECT_EQ(header[4].weekNumber, "53");
-    EXPECT_EQ(header[5].weekNumber, "1"); // 1 January
-}
-
-TEST_F(GridViewTest, the_title_names_the_week_or_the_people_of_all_departments) {
-    g.department.CurrentDepName = "Bakery";
-    g.department.EmployeeNamePlural = "Nurses";
-    test::WritableWeek(g).WeekDateTexts[1] = "1-Mar-2026";
-    test::WritableWeek(g).WeekDateTexts[7] = "7-Mar-2026";
-    EXPECT_EQ(EditorTitle(g), "Bakery,  Week from 1-Mar-2026  to  7-Mar-2026");
-    g.roster.AllDepartmentsMode = true;
-    EXPECT_EQ(EditorTitle(g), "Multiple Department Nurses");
+    EXPECT_EQ(EndOfDayCaption(g.department.DayCutoffQuarters, g.application), "6:00");
 }
 
 } // namespace

@@ -26,6 +26,8 @@ class LoadWeekTest : public testing::Test {
   protected:
     test::TestStore store;
     GlobalState& g = store.g;
+    MainLanes lanes{g.grid, g.roster, g.cursor};
+    BarDrag drag{lanes, g};
     int anna = 0;
     int bob = 0;
 
@@ -328,28 +330,28 @@ TEST_F(LoadWeekTest, begins_unchanged_with_the_first_row_and_an_empty_clipboard)
     EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
 }
 
-TEST_F(LoadWeekTest, ends_a_gesture_that_was_left_open) {
+TEST_F(LoadWeekTest, of_another_date_knows_nothing_of_a_gesture_that_was_left_open) {
     store.PutDay(Sunday, anna, StartsStops({{36, 68}}));
     store.OpenWeek(Sunday);
-    BarDrag drag(g);
     drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
-    ASSERT_TRUE(g.drag.GestureOpen);
-    Load();
-    EXPECT_FALSE(drag.Settle());
-    EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
+    ASSERT_TRUE(drag.Hand().GestureOpen);
+    drag.Move({MouseButton::Left, 60 * g.grid.QuarterWidth, 100});
+    Load(Sunday + 7);
+    EXPECT_TRUE(drag.Settle().rows.empty());
+    EXPECT_EQ(test::Bars(g, 1), BarList{});
+    EXPECT_FALSE(g.week.WeekChanged);
 }
 
 TEST_F(LoadWeekTest, of_another_roster_knows_nothing_of_a_gesture_that_was_left_open) {
     store.OpenWeek(Sunday);
-    BarDrag drag(g);
     drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 240 + 100});
-    ASSERT_TRUE(g.drag.GestureOpen);
+    ASSERT_TRUE(drag.Hand().GestureOpen);
     store.AddDepartment("Dairy");
     store.AddEmployee({.lastName = "Clark", .firstName = "Cleo"});
     store.OpenEditor();
     EXPECT_EQ(g.roster.EmployeeCount, 1);
-    EXPECT_FALSE(drag.Settle());
-    EXPECT_FALSE(DrawDragBar(g).has_value());
+    EXPECT_TRUE(drag.Settle().rows.empty());
+    EXPECT_FALSE(drag.Hand().GestureOpen);
 }
 
 TEST_F(LoadWeekTest, that_fails_leaves_the_week_that_was_open) {

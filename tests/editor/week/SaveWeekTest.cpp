@@ -26,6 +26,8 @@ class SaveWeekTest : public testing::Test {
   protected:
     test::TestStore store;
     GlobalState& g = store.g;
+    MainLanes lanes{g.grid, g.roster, g.cursor};
+    BarDrag drag{lanes, g};
     int adams = 0;
     int brown = 0;
 
@@ -35,7 +37,7 @@ class SaveWeekTest : public testing::Test {
         brown = store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "700", .hourly = false});
     }
     bool Save() {
-        return SaveWeek(g, store.ports(), store.gauge, [this] { BarDrag(g).Settle(); });
+        return SaveWeek(g, store.ports(), store.gauge, [this] { drag.Settle(); });
     }
     void Load(DaySerial first = Sunday) { LoadWeek(g, store.ports(), first); }
     /// One row as it should stand.
@@ -380,7 +382,7 @@ TEST_F(SaveWeekTest, what_is_edited_while_the_gauge_fills_is_a_change_again) {
 TEST_F(SaveWeekTest, a_bar_in_hand_is_saved_with_the_week) {
     store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
     store.OpenWeek(Sunday);
-    BarDrag(g).Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
+    drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
     ASSERT_TRUE(Save());
     EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
     EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", "9:00am-5:00pm", "8|10|W|0")});
@@ -391,12 +393,12 @@ TEST_F(SaveWeekTest, a_bar_taken_while_the_gauge_appears_is_saved_with_the_week)
     store.OpenWeek(Sunday);
     bool taken = false;
     store.prompt().WhenEventsRun([&] {
-        if (!taken) BarDrag(g).Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
+        if (!taken) drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
         taken = true;
     });
     ASSERT_TRUE(Save());
     EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", "9:00am-5:00pm", "8|10|W|0")});
-    BarDrag(g).Release({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
+    drag.Release({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
     EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
 }
 
@@ -466,7 +468,7 @@ class LeaveWeekTest : public SaveWeekTest {
     }
     bool Go(int direction) {
         return GoToNeighbourWeek(
-            g, store.ports(), store.gauge, [this] { BarDrag(g).Settle(); }, direction);
+            g, store.ports(), store.gauge, [this] { drag.Settle(); }, direction);
     }
     void Change() {
         test::SetBars(g, 1, {{36, 68}});
@@ -527,7 +529,6 @@ TEST_F(LeaveWeekTest, a_save_that_fails_stays) {
 
 TEST_F(LeaveWeekTest, a_bar_in_hand_is_a_change_to_be_asked_about) {
     store.OpenWeek(Sunday);
-    BarDrag drag(g);
     drag.Press({MouseButton::Left, 40 * g.grid.QuarterWidth, 100});
     drag.Move({MouseButton::Left, 60 * g.grid.QuarterWidth, 100});
     WillSay(Answer::Yes);

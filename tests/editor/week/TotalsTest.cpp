@@ -410,7 +410,7 @@ TEST_F(TotalsTest, headcount_figures_follow_the_scrolled_day) {
     SetGridGeometry(g);
     Set(1, {{36, 40}});
     EXPECT_EQ(FiguresText(g), "2:.00 6:1.00 10:.00 14:.00 18:.00 22:.00 26:.00 30:.00 ");
-    ScrollToQuarter(g, 36);
+    ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 36);
     EXPECT_EQ(FiguresText(g), "2:1.00 6:.00 10:.00 14:.00 18:.00 22:.00 26:.00 30:.00 ");
 }
 

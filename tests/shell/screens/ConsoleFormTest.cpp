@@ -117,7 +117,7 @@ class ConsoleFormTest : public testing::Test {
             deed(*action);
         });
         QTest::mouseClick(&Find<QWidget>(*editor, "Picture1"), Qt::RightButton, Qt::NoModifier,
-                          test::At(300, TopOfRow(g.grid, row) + 110));
+                          test::At(300, (row - 1) * g.grid.RowHeight + 110));
     }
     void ChooseOnLine(int row, const std::string& entry) {
         OnLine(row, entry, [](QAction& action) { action.trigger(); });
@@ -284,7 +284,7 @@ TEST_F(ConsoleFormTest, a_change_of_name_colour_and_status_shows_in_the_main_edi
     InEditor([this] {
         EXPECT_EQ(Roster(), (std::vector<std::string>{"Clark Cleo", "Zimmer Anna"}));
         const int noon = (50 - g.grid.FirstQuarter) * g.grid.QuarterWidth + 5;
-        EXPECT_EQ(test::ColourAt(Find<QWidget>(*editor, "Picture1"), noon, TopOfRow(g.grid, 2) + 110),
+        EXPECT_EQ(test::ColourAt(Find<QWidget>(*editor, "Picture1"), noon, g.grid.RowHeight + 110),
                   QBColor(5));
     });
 }

@@ -1,9 +1,6 @@
 #include "editor/lanes/screens/TimeGrid.h"
 
 #include "editor/lanes/screens/PaintDrawing.h"
-#include "editor/week/Totals.h"
-#include "platform/basic/Text.h"
-#include "shell/common/Conversions.h"
 
 #include <QAccessible>
 #include <QAccessibleWidget>
@@ -75,49 +72,46 @@ QAccessibleInterface* MakeInterface(const QString&, QObject* object) {
 
 } // namespace
 
-TimeGrid::TimeGrid(const GlobalState& g, QWidget* parent) : PictureBox(parent), g_(g) {
+TimeGrid::TimeGrid(const LaneView& view, QWidget* parent) : PictureBox(parent), view_(view) {
     onPaint = [this](QPainter& painter, const QRegion& region) { Paint(painter, region); };
 }
 
 QRect TimeGrid::RowRect(int row) const {
-    const Twips top = TopOfRow(g_.grid, row);
-    return SharpRect({0, top, g_.grid.GridWidth, top + g_.grid.RowHeight}, *this).toAlignedRect();
+    const Grid& grid = view_.Rows().Geometry();
+    const Twips top = view_.Rows().TopOf(row);
+    return SharpRect({0, top, grid.GridWidth, top + grid.RowHeight}, *this).toAlignedRect();
 }
 
 void TimeGrid::UpdateRow(int row) {
-    if (row >= 1 && row <= g_.grid.VisibleRows) update(RowRect(row));
-}
-
-std::string TimeGrid::RowText(int row) const {
-    if (row < 1 || row > g_.grid.VisibleRows) return "";
-    const int e = EmployeeOfRow(g_, row);
-    const DayWindow day = WindowOfDay(g_.cursor.CurrentDay, g_.department.DayCutoffQuarters);
-    const auto clock = [&](WeekQuarter quarter) {
-        const int ofDay = quarter % QuartersPerDay;
-        return Trim(QuarterToClockText(ofDay, g_.application.Settings[setting::ClockStyle]));
-    };
-    std::string text = g_.roster.RosterName1[e] + " " + g_.roster.RosterName2[e] + ":";
-    for (int b = 1; b <= g_.week.BarCount[e]; ++b) {
-        if (g_.week.BarStops[e][b] <= day.low || g_.week.BarStarts[e][b] >= day.high) continue;
-        text += " " + clock(g_.week.BarStarts[e][b]) + " - " + clock(g_.week.BarStops[e][b]);
-    }
-    if (g_.week.DayOffFlag[g_.cursor.CurrentDay][e]) text += " " + g_.department.DayOffNameSingle;
-    return text;
+    if (row >= 1 && row <= RowCount()) update(RowRect(row));
 }
 
 void TimeGrid::Paint(QPainter& painter, const QRegion& region) const {
     const QRect dirty = region.boundingRect();
     painter.fillRect(dirty, ToColor(QBColor(8)));
     Drawing drawing;
-    const int first = std::max(1, ToTwips(dirty.top()) / g_.grid.RowHeight + 1);
-    const int last = std::min(g_.grid.VisibleRows, ToTwips(dirty.bottom() + 1) / g_.grid.RowHeight + 1);
+    const Twips height = view_.Rows().Geometry().RowHeight;
+    const int first = std::max(1, ToTwips(dirty.top()) / height + 1);
+    const int last = std::min(RowCount(), ToTwips(dirty.bottom() + 1) / height + 1);
     for (int row = first; row <= last; ++row) {
-        DrawAvailability(g_, row, drawing);
-        DrawRow(g_, row, drawing);
+        view_.DrawAvailability(row, drawing);
+        view_.DrawRow(row, drawing);
     }
-    if (g_.drag.GestureOpen)
-        if (const auto ghost = DrawDragBar(g_)) drawing.boxes.push_back(*ghost);
+    for (int row = first; row <= last; ++row)
+        if (const auto ghost = view_.DrawDragBar(row)) drawing.boxes.push_back(*ghost);
     PaintDrawing(painter, drawing);
+}
+
+GridMouse ToGridMouse(Qt::MouseButton button, TwipsPoint at) {
+    return ToGridMouse(Qt::MouseButtons(button), at);
+}
+
+GridMouse ToGridMouse(Qt::MouseButtons held, TwipsPoint at) {
+    GridMouse mouse{MouseButton::Other, at.x, at.y};
+    if (held == Qt::NoButton) mouse.button = MouseButton::None;
+    if ((held & Qt::RightButton) != 0) mouse.button = MouseButton::Right;
+    if ((held & Qt::LeftButton) != 0) mouse.button = MouseButton::Left;
+    return mouse;
 }
 
 void InstallGridAccessibility() {

@@ -1,9 +1,9 @@
-// The grid of the Main Editor: paints the lanes of the visible rows, and tells assistive tools what they
-// hold.
+// The grid of an editor: paints its lanes, takes the mouse to the gestures, and tells assistive tools what
+// the lanes hold.
 #pragma once
 
 #include "desktop/Controls.h"
-#include "editor/lanes/GridView.h"
+#include "editor/lanes/LaneView.h"
 
 #include <string>
 
@@ -12,24 +12,28 @@ namespace tvx::qt {
 class TimeGrid : public PictureBox {
     Q_OBJECT
   public:
-    TimeGrid(const GlobalState& g, QWidget* parent);
+    TimeGrid(const LaneView& view, QWidget* parent);
 
     /// Repaints one lane, from 1.
     void UpdateRow(int row);
 
     /// What a row holds, in words: "Adams Anna: 9:00am - 5:00pm".
-    std::string RowText(int row) const;
+    std::string RowText(int row) const { return view_.SpokenRow(row); }
     /// Place of a row on the grid, logical pixels.
     QRect RowRect(int row) const;
-    int RowCount() const { return g_.grid.VisibleRows; }
+    int RowCount() const { return view_.Rows().Count(); }
 
   private:
     void Paint(QPainter& painter, const QRegion& region) const;
 
-    const GlobalState& g_;
+    const LaneView& view_;
 };
 
-/// Makes the grid known to assistive tools. Call once.
+/// A press, a move or a release of the window system as an event on a grid.
+GridMouse ToGridMouse(Qt::MouseButton button, TwipsPoint at);
+GridMouse ToGridMouse(Qt::MouseButtons held, TwipsPoint at);
+
+/// Makes the grids known to assistive tools. Call once.
 void InstallGridAccessibility();
 
 } // namespace tvx::qt

@@ -1,0 +1,189 @@
+#include "editor/EditorCommands.h"
+
+#include "support/Quarters.h"
+#include "support/WeekWriter.h"
+
+#include <gtest/gtest.h>
+
+namespace tvx {
+namespace {
+
+/// Notes what was asked of the form.
+class NotedActions : public EditorActions {
+  public:
+    std::vector<std::string> noted;
+    void Save() override { noted.emplace_back("Save"); }
+    void GoToWeek(int direction) override { noted.push_back("GoToWeek " + std::to_string(direction)); }
+    void LeaveEditor() override { noted.emplace_back("LeaveEditor"); }
+    void PickDaytype() override { noted.emplace_back("PickDaytype"); }
+    void PickShift() override { noted.emplace_back("PickShift"); }
+    void OpenSchedules(const char* kind) override { noted.push_back(std::string("Schedules ") + kind); }
+    void TellHowToSeeOneWeek() override { noted.emplace_back("TellHowToSeeOneWeek"); }
+    void ShowTotalsBox() override { noted.emplace_back("ShowTotalsBox"); }
+    void ToggleAvailability() override { noted.emplace_back("ToggleAvailability"); }
+    void ToggleHeadcount() override { noted.emplace_back("ToggleHeadcount"); }
+    void ShowHelp(int topic) override { noted.push_back("Help " + std::to_string(topic)); }
+    void StoreShift() override { noted.emplace_back("StoreShift"); }
+    void PasteStoredShift(int index) override { noted.push_back("Paste " + std::to_string(index)); }
+};
+
+class EditorCommandsTest : public testing::Test {
+  protected:
+    using Texts = std::vector<std::string>;
+    GlobalState g;
+    NotedActions actions;
+
+    void SetUp() override {
+        test::MakeRoster(g, 2);
+        g.department.EmployeeNameSingle = "Nurse";
+        g.department.EmployeeNamePlural = "Nurses";
+        g.cursor.CurrentEmployee = 1;
+        for (int d = 1; d <= 7; ++d) test::WritableWeek(g).WeekDateTexts[d] = std::to_string(d) + "-Mar-2026";
+    }
+    CommandTable Commands() { return EditorCommands(g, actions); }
+    /// The entries of the menus, as they stand now.
+    MenuBar Menus() { return MenuBar(Commands().Entries("MenuBar")); }
+};
+
+TEST_F(EditorCommandsTest, carry_the_words_of_the_department) {
+    EXPECT_EQ(Menus()["OneEmpl"].caption, "One Nurse");
+    EXPECT_EQ(Menus()["One"].caption, "Selected Nurses seven day schedule");
+    EXPECT_EQ(Menus()["SaveIt"].caption, "&Save current week");
+}
+
+TEST_F(EditorCommandsTest, name_the_days_to_copy_and_leave_out_the_day_shown) {
+    g.cursor.CurrentDay = 4;
+    const MenuBar menus = Menus();
+    for (int d = 1; d <= 7; ++d) {
+        const MenuEntry& entry = menus["CopyDay(" + std::to_string(d) + ")"];
+        EXPECT_EQ(entry.caption, std::to_string(d) + "-Mar-2026");
+        EXPECT_EQ(entry.enabled, d != 4) << d;
+    }
+}
+
+TEST_F(EditorCommandsTest, close_the_schedules_to_who_may_not_schedule) {
+    g.shifts.ShiftCount = 1;
+    EXPECT_TRUE(Menus().CanChoose("SaveIt"));
+    EXPECT_TRUE(Menus()["Shift"].enabled && Menus()["ShowDayTypes"].enabled);
+    g.rights.SchedulingAllowed = false;
+    EXPECT_FALSE(Menus().CanChoose("SaveIt"));
+    EXPECT_FALSE(Menus()["Shift"].enabled || Menus()["ShowDayTypes"].enabled);
+    EXPECT_TRUE(Menus().CanChoose("GetOut"));
+}
+
+TEST_F(EditorCommandsTest, offer_shifts_only_when_some_are_stored) {
+    EXPECT_FALSE(Menus()["Shift"].enabled);
+    g.shifts.ShiftCount = 1;
+    EXPECT_TRUE(Menus()["Shift"].enabled);
+}
+
+TEST_F(EditorCommandsTest, hide_what_makes_no_sense_with_all_departments_shown) {
+    const std::vector<std::string> hidden{"Shift",        "DayCopy",    "SaveAs", "ShowDayTypes", "PosSort",
+                                          "SortDayTypes", "DateOfHire", "Ltype",  "PrintSched",   "OneEmpl"};
+    const MenuBar one = Menus();
+    g.roster.AllDepartmentsMode = true;
+    const MenuBar all = Menus();
+    for (const std::string& name : hidden) {
+        EXPECT_TRUE(one[name].visible) << name;
+        EXPECT_FALSE(all[name].visible) << name;
+    }
+    EXPECT_TRUE(all.CanChoose("SaveIt"));
+    EXPECT_TRUE(all["IDsort"].visible);
+}
+
+TEST_F(EditorCommandsTest, run_what_the_form_does) {
+    g.shifts.ShiftCount = 2;
+    const CommandTable commands = Commands();
+    for (const char* name : {"SaveIt",
+                             "Gout",
+                             "Shift",
+                             "ShowDayTypes",
+                             "NoLaser",
+                             "One",
+                             "Graphbased",
+                             "OneEmpl",
+                             "TimeHelp",
+                             "DTHelp",
+                             "LetSeeAvailability",
+                             "LetSeeHeadcount",
+                             "GetOut",
+                             "Label7(0)",
+                             "Label7(1)",
+                             "Label8",
+                             "Label12",
+                             "Label18",
+                             "Label25",
+                             "Label13",
+                             "ShiftNaam(2)"})
+        commands.Choose(name);
+    EXPECT_EQ(actions.noted, (Texts{"Save",
+                                    "LeaveEditor",
+                                    "PickShift",
+                                    "PickDaytype",
+                                    "Schedules 7DayLong",
+                                    "Schedules SelectedEmployees",
+                                    "Schedules 7DayShort",
+                                    "TellHowToSeeOneWeek",
+                                    "Help 170",
+                                    "Help 360",
+                                    "ToggleAvailability",
+                                    "ToggleHeadcount",
+                                    "LeaveEditor",
+                                    "GoToWeek -1",
+                                    "GoToWeek 1",
+                                    "Save",
+                                    "ShowTotalsBox",
+                                    "ToggleAvailability",
+                                    "ToggleHeadcount",
+                                    "LeaveEditor",
+                                    "Paste 2"}));
+}
+
+TEST_F(EditorCommandsTest, never_run_what_leads_nowhere_yet) {
+    const CommandTable commands = Commands();
+    for (const char* name : {"SaveAs", "LoadFile", "ClearSched", "CopyDay(2)", "WeekCopy", "NameSort",
+                             "BarChart", "Label7(2)", "Label16", "Label17", "Label19", "CutLine"}) {
+        EXPECT_FALSE(commands.CanChoose(name)) << name;
+        commands.Choose(name);
+    }
+    EXPECT_EQ(actions.noted, Texts{});
+}
+
+TEST_F(EditorCommandsTest, close_the_tool_that_saves_to_who_may_not_schedule) {
+    EXPECT_TRUE(Commands().CanChoose("Label8"));
+    g.rights.SchedulingAllowed = false;
+    EXPECT_FALSE(Commands().CanChoose("Label8"));
+    EXPECT_TRUE(Commands().CanChoose("Label13"));
+}
+
+TEST_F(EditorCommandsTest, mark_the_tools_that_are_on) {
+    const auto marked = [this] {
+        Texts names;
+        for (const MenuEntry& tool : Commands().Entries("ToolStrip"))
+            if (tool.checked) names.push_back(tool.name);
+        return names;
+    };
+    EXPECT_EQ(marked(), Texts{});
+    g.grid.AvailabilityShown = true;
+    EXPECT_EQ(marked(), Texts{"Label18"});
+    g.grid.HeadcountShown = true;
+    EXPECT_EQ(marked(), (Texts{"Label18", "Label25"}));
+}
+
+TEST_F(EditorCommandsTest, offer_on_a_lane_what_its_day_holds) {
+    g.shifts.ShiftCount = 1;
+    g.shifts.ShiftNames[1] = "Late & long";
+    const CommandTable commands = Commands();
+    EXPECT_TRUE(commands.CanChoose("ShiftNaam(1)"));
+    EXPECT_FALSE(commands.CanChoose("ShiftNaam(2)") || commands.CanChoose("AddToShift"));
+    for (const MenuEntry& entry : commands.Entries("Popup")) {
+        if (entry.name != "ShiftNaam(1)") continue;
+        EXPECT_EQ(entry.caption, "Late && long");
+    }
+    test::SetBars(g, 1, {{36, 68}});
+    EXPECT_TRUE(commands.CanChoose("AddToShift"));
+    EXPECT_FALSE(commands.CanChoose("ShiftNaam(1)"));
+}
+
+} // namespace
+} // namespace tvx
