@@ -113,7 +113,6 @@ void SelectDayPair(const std::shared_ptr<Editor>& editor, const std::shared_ptr<
         },
         [editor, image] {
             NextDay(*editor);
-
             const Drawing lanes = LanesOf(*editor);
             Drawing ruler;
             const auto widthOf = [](const std::string& text) { return static_cast<Twips>(text.size()) * 90; };

@@ -5,16 +5,18 @@
 
 namespace tvx {
 
-std::array<HeaderColumn, 8> DayHeader(const GlobalState& g, const Region& region, bool wide) {
+std::array<HeaderColumn, 8> DayHeader(const Department& department, const Week& week,
+                                      const DepartmentFigures& figures, int day, const Region& region,
+                                      bool wide) {
     std::array<HeaderColumn, 8> columns;
     for (int d = 1; d <= 7; ++d) {
-        const DaySerial date = g.week.WeekStartJulian + d - 1;
-        const auto number = WeekNumber(date, g.department.WeekMethod, g.department.FirstWeekday);
+        const DaySerial date = week.WeekStartJulian + d - 1;
+        const auto number = WeekNumber(date, department.WeekMethod, department.FirstWeekday);
         columns[d].weekday = region.Names().weekdays[Weekday(date)];
         columns[d].date = wide ? region.MediumDate(date) : region.ShortDate(date);
         if (number) columns[d].weekNumber = std::to_string(*number);
-        columns[d].selected = d == g.cursor.CurrentDay;
-        columns[d].memo = g.figures.DayMemoFlag[d];
+        columns[d].selected = d == day;
+        columns[d].memo = figures.DayMemoFlag[d];
     }
     return columns;
 }

@@ -20,8 +20,10 @@ struct HeaderColumn {
     friend bool operator==(const HeaderColumn&, const HeaderColumn&) = default;
 };
 
-/// The seven columns, [1..7]. `wide` columns have room for the longer date.
-std::array<HeaderColumn, 8> DayHeader(const GlobalState& g, const Region& region, bool wide);
+/// The seven columns, [1..7]; `day` is the one shown. `wide` columns have room for the longer date.
+std::array<HeaderColumn, 8> DayHeader(const Department& department, const Week& week,
+                                      const DepartmentFigures& figures, int day, const Region& region,
+                                      bool wide);
 
 /// The title of the editor's window.
 std::string EditorTitle(const Roster& roster, const Department& department, const Week& week);

@@ -22,18 +22,18 @@ constexpr int OptionHireDate = 12;
 constexpr int FirstYearShown = 1900;
 constexpr ValueColours Overtime{QBColor(15), QBColor(12)};
 
-std::string TimeText(const GlobalState& g, int quarters) {
-    return QuartersToTextShort(quarters, g.application.Settings[setting::TimeFormat]);
+std::string TimeText(const ApplicationState& application, int quarters) {
+    return QuartersToTextShort(quarters, application.Settings[setting::TimeFormat]);
 }
 
-std::string WageText(const GlobalState& g, int e, int quarters, const char* salaried) {
-    if (g.rights.HideWages) return "";
-    if (!g.roster.IsPaidByHour(e)) return salaried;
-    return Format(WagesForQuarters(g.roster, g.rights, e, quarters), ".00");
+std::string WageText(const Roster& roster, const Rights& rights, int e, int quarters, const char* salaried) {
+    if (rights.HideWages) return "";
+    if (!roster.IsPaidByHour(e)) return salaried;
+    return Format(WagesForQuarters(roster, rights, e, quarters), ".00");
 }
 
-std::string HireText(const GlobalState& g, int e, const Region& region) {
-    const DateParts date = PartsOf(g.roster.RosterHireDate[e]);
+std::string HireText(const Roster& roster, int e, const Region& region) {
+    const DateParts date = PartsOf(roster.RosterHireDate[e]);
     if (date.year < FirstYearShown) return "";
     return region.Names().months[date.month] + "-" + std::to_string(date.year);
 }
@@ -58,13 +58,12 @@ ValueColours ColoursOf(int option) {
 }
 
 /// Seven squares: a day on which time begins takes the colour of the bars.
-std::array<Colour, 8> DaySquares(const GlobalState& g, int e) {
-    const Colour bar = QBColor(g.roster.RosterBarColor[e]);
+std::array<Colour, 8> DaySquares(const Roster& roster, const Week& week, int e) {
+    const Colour bar = QBColor(roster.RosterBarColor[e]);
     std::array<Colour, 8> squares{};
     squares.fill(bar == Silver ? QBColor(12) : Silver);
-    for (int b = 1; b <= g.week.BarCount[e]; ++b) {
-        if (g.week.BarStarts[e][b] == g.week.BarStops[e][b]) continue; // in hand
-        const int day = g.week.BarStarts[e][b] / QuartersPerDay + 1;
+    for (int b = 1; b <= week.BarCount[e]; ++b) {
+        const int day = week.BarStarts[e][b] / QuartersPerDay + 1;
         if (day <= 7) squares[day] = bar;
     }
     return squares;
@@ -73,13 +72,13 @@ std::array<Colour, 8> DaySquares(const GlobalState& g, int e) {
 std::string SingleText(const GlobalState& g, int e, const Region& region) {
     switch (g.grid.ShowOption) {
     case OptionDayTime:
-        return TimeText(g, g.week.DayQuarters[e]);
+        return TimeText(g.application, g.week.DayQuarters[e]);
     case OptionDayWages:
-        return WageText(g, e, g.week.DayQuarters[e], "Salary ");
+        return WageText(g.roster, g.rights, e, g.week.DayQuarters[e], "Salary ");
     case OptionWeekTime:
-        return TimeText(g, g.week.WeekQuarters[e]);
+        return TimeText(g.application, g.week.WeekQuarters[e]);
     case OptionWeekWages:
-        return WageText(g, e, g.week.WeekQuarters[e], "Salary ");
+        return WageText(g.roster, g.rights, e, g.week.WeekQuarters[e], "Salary ");
     case OptionId:
         return g.roster.RosterId[e];
     case OptionAssignment:
@@ -89,7 +88,7 @@ std::string SingleText(const GlobalState& g, int e, const Region& region) {
     case OptionDepartment:
         return g.roster.AllDepartmentsMode ? g.roster.RosterDepName[e] : g.department.CurrentDepName;
     case OptionHireDate:
-        return HireText(g, e, region);
+        return HireText(g.roster, e, region);
     default:
         return "";
     }
@@ -99,11 +98,11 @@ void FillPair(const GlobalState& g, int e, RowValues& values) {
     values.pair = true;
     values.align = Align::Right;
     if (g.grid.ShowOption == OptionBothTimes) {
-        values.day = " " + TimeText(g, g.week.DayQuarters[e]);
-        values.week = " " + TimeText(g, g.week.WeekQuarters[e]);
+        values.day = " " + TimeText(g.application, g.week.DayQuarters[e]);
+        values.week = " " + TimeText(g.application, g.week.WeekQuarters[e]);
     } else {
-        values.day = WageText(g, e, g.week.DayQuarters[e], "Salary  ");
-        values.week = WageText(g, e, g.week.WeekQuarters[e], "Salary  ");
+        values.day = WageText(g.roster, g.rights, e, g.week.DayQuarters[e], "Salary  ");
+        values.week = WageText(g.roster, g.rights, e, g.week.WeekQuarters[e], "Salary  ");
     }
 }
 
@@ -120,7 +119,7 @@ void ColourRowValues(const GlobalState& g, int e, RowValues& values) {
         values.singleColours =
             option <= OptionWeekWages && (dayOver || weekOver) ? Overtime : ColoursOf(option);
     }
-    if (values.squares) values.squareColours = DaySquares(g, e);
+    if (values.squares) values.squareColours = DaySquares(g.roster, g.week, e);
 }
 
 } // namespace
@@ -144,16 +143,15 @@ const std::array<ShowOptionText, 13>& ShowOptions() {
     return options;
 }
 
-bool CanShow(const GlobalState& g, int option) {
+bool CanShow(const Roster& roster, const Rights& rights, int option) {
     if (option < OptionDayTime || option > OptionHireDate) return false;
-    if (g.roster.AllDepartmentsMode) return option == OptionDepartment;
+    if (roster.AllDepartmentsMode) return option == OptionDepartment;
     const bool money = option == OptionDayWages || option == OptionWeekWages || option == OptionBothWages;
-    return !(money && g.rights.HideWages);
+    return !(money && rights.HideWages);
 }
 
-void ChooseShowOption(GlobalState& g, int option) {
-    if (!CanShow(g, option)) return;
-    g.grid.ShowOption = option;
+void ChooseShowOption(Grid& grid, const Roster& roster, const Rights& rights, int option) {
+    if (CanShow(roster, rights, option)) grid.ShowOption = option;
 }
 
 RowValues ShowRowValues(const GlobalState& g, int e, const Region& region) {

@@ -21,10 +21,10 @@ const std::array<ShowOptionText, 13>& ShowOptions();
 
 /// True when an option can be chosen: wages not while pay is hidden; with all departments shown, only the
 /// department's name.
-bool CanShow(const GlobalState& g, int option);
+bool CanShow(const Roster& roster, const Rights& rights, int option);
 
 /// Chooses an option. Does nothing for one that cannot be chosen.
-void ChooseShowOption(GlobalState& g, int option);
+void ChooseShowOption(Grid& grid, const Roster& roster, const Rights& rights, int option);
 
 enum class Align { Left, Right };
 

@@ -107,7 +107,7 @@ AbsenceChange AvailabilityGrid::Press(const GridMouse& mouse) {
     change.pressed = true;
     row_ = row;
     change.menu = mouse.button == MouseButton::Right;
-    if (change.menu || !hand_.Take(BarsOfRow(), mouse.x, Limits)) return change;
+    if (change.menu || !hand_.PickUp(BarsOfRow(), mouse.x, Limits)) return change;
     change.row = true;
     const bool onLane = IsOnLane(mouse.y, (row_ - 1) * RowHeight);
     const auto pointer = hand_.Grasp(mouse.x, onLane, mouse.shift, Limits);

@@ -21,6 +21,9 @@ class DayHeaderTest : public testing::Test {
         test::MakeRoster(g, 3);
         test::WritableWeek(g).WeekStartJulian = Sunday;
     }
+    std::array<HeaderColumn, 8> Header(bool wide) const {
+        return DayHeader(g.department, g.week, g.figures, g.cursor.CurrentDay, region, wide);
+    }
 };
 
 TEST_F(DayHeaderTest, the_header_names_seven_days) {
@@ -28,21 +31,21 @@ TEST_F(DayHeaderTest, the_header_names_seven_days) {
     g.department.FirstWeekday = 1;
     g.figures.DayMemoFlag[3] = true;
     g.cursor.CurrentDay = 4;
-    const auto wide = DayHeader(g, region, true);
+    const auto wide = Header(true);
     EXPECT_EQ(wide[1], (HeaderColumn{"Sunday", "01-Mar-26", "9", false, false}));
     EXPECT_EQ(wide[3], (HeaderColumn{"Tuesday", "03-Mar-26", "9", false, true}));
     EXPECT_EQ(wide[4], (HeaderColumn{"Wednesday", "04-Mar-26", "9", true, false}));
     EXPECT_EQ(wide[7].weekday, "Saturday");
-    EXPECT_EQ(DayHeader(g, region, false)[1].date, "3/1/2026");
+    EXPECT_EQ(Header(false)[1].date, "3/1/2026");
     g.department.WeekMethod = 3;
-    EXPECT_EQ(DayHeader(g, region, true)[1].weekNumber, "");
+    EXPECT_EQ(Header(true)[1].weekNumber, "");
 }
 
 TEST_F(DayHeaderTest, the_header_numbers_each_day_by_itself) {
     g.department.WeekMethod = 2;
     g.department.FirstWeekday = 1;
     test::WritableWeek(g).WeekStartJulian = SerialFromParts(2025, 12, 28); // a Sunday
-    const auto header = DayHeader(g, region, true);
+    const auto header = Header(true);
     EXPECT_EQ(header[4].weekNumber, "53");
     EXPECT_EQ(header[5].weekNumber, "1"); // 1 January
 }

@@ -1,7 +1,7 @@
 // Texts of any kind in the file: quotes, brackets, percent signs, characters of four bytes, ten thousand of
 // them. They are shown as they stand, and a save leaves them as they stand.
-#include "editor/RowValues.h"
 #include "editor/DayHeader.h"
+#include "editor/RowValues.h"
 #include "editor/week/LoadWeek.h"
 #include "editor/week/RosterBuilder.h"
 #include "editor/week/SaveWeek.h"
@@ -89,7 +89,7 @@ TEST_F(OddTextTest, of_people_reaches_the_roster_and_its_values_as_it_stands) {
         EXPECT_TRUE(g.roster.RosterPhone[e] == text) << text.substr(0, 40);
         EXPECT_TRUE(g.roster.RosterComments[e] == text) << text.substr(0, 40);
         for (const int option : {5, 6}) {
-            ChooseShowOption(g, option);
+            ChooseShowOption(g.grid, g.roster, g.rights, option);
             EXPECT_TRUE(ShowRowValues(g, e, region).single == text) << text.substr(0, 40);
         }
     }

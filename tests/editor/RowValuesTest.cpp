@@ -57,24 +57,25 @@ TEST(ShowOptions, have_their_captions_and_tooltips) {
 }
 
 TEST_F(RowValuesTest, options_of_money_cannot_be_chosen_while_pay_is_hidden) {
-    for (int option = 1; option <= 12; ++option) EXPECT_TRUE(CanShow(g, option)) << option;
+    for (int option = 1; option <= 12; ++option) EXPECT_TRUE(CanShow(g.roster, g.rights, option)) << option;
     g.rights.HideWages = true;
     for (int option = 1; option <= 12; ++option)
-        EXPECT_EQ(CanShow(g, option), option != 2 && option != 4 && option != 8) << option;
-    for (const int none : {-1, 0, 13, 99}) EXPECT_FALSE(CanShow(g, none)) << none;
+        EXPECT_EQ(CanShow(g.roster, g.rights, option), option != 2 && option != 4 && option != 8) << option;
+    for (const int none : {-1, 0, 13, 99}) EXPECT_FALSE(CanShow(g.roster, g.rights, none)) << none;
 }
 
 TEST_F(RowValuesTest, only_the_department_can_be_chosen_with_all_departments_shown) {
     g.roster.AllDepartmentsMode = true;
-    for (int option = 1; option <= 12; ++option) EXPECT_EQ(CanShow(g, option), option == 11) << option;
+    for (int option = 1; option <= 12; ++option)
+        EXPECT_EQ(CanShow(g.roster, g.rights, option), option == 11) << option;
 }
 
 TEST_F(RowValuesTest, an_option_that_cannot_be_chosen_leaves_the_one_before) {
-    ChooseShowOption(g, 3);
-    ChooseShowOption(g, 7);
+    ChooseShowOption(g.grid, g.roster, g.rights, 3);
+    ChooseShowOption(g.grid, g.roster, g.rights, 7);
     EXPECT_EQ(g.grid.ShowOption, 7);
     g.rights.HideWages = true;
-    ChooseShowOption(g, 2);
+    ChooseShowOption(g.grid, g.roster, g.rights, 2);
     EXPECT_EQ(g.grid.ShowOption, 7);
 }
 

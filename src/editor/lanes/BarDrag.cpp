@@ -62,16 +62,16 @@ GridChange BarDrag::PressLane(const GridMouse& mouse, GridChange change) {
     IgnoreMouse = false;
     change.focusRow = lanes_.HaveDaytypes();
     change.lineMenu = mouse.button == MouseButton::Right;
-    return change.lineMenu ? change : TakeBar(mouse, std::move(change));
+    return change.lineMenu ? change : PickUpBar(mouse, std::move(change));
 }
 
-GridChange BarDrag::TakeBar(const GridMouse& mouse, GridChange change) {
+GridChange BarDrag::PickUpBar(const GridMouse& mouse, GridChange change) {
     const int e = lane_.employee;
     const BarLimits limits = Limits();
     hand_.ScrollX = lanes_.ScrollX(lane_.day);
     weekOfHand_ = week_.WeekStartJulian;
     departmentOfHand_ = week_.LoadedDepNumber;
-    IgnoreMouse = !hand_.Take({week_.BarCount[e], week_.BarStarts[e], week_.BarStops[e]}, mouse.x, limits);
+    IgnoreMouse = !hand_.PickUp({week_.BarCount[e], week_.BarStarts[e], week_.BarStops[e]}, mouse.x, limits);
     if (IgnoreMouse) return change;
     const Twips top = lanes_.TopOf(lanes_.RowAt(mouse.y));
     const bool mayMove = mouse.button == MouseButton::Left;

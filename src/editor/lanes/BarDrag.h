@@ -60,7 +60,7 @@ class BarDrag {
     bool IsOfThisWeek() const;
     BarLimits Limits() const;
     GridChange PressLane(const GridMouse& mouse, GridChange change);
-    GridChange TakeBar(const GridMouse& mouse, GridChange change);
+    GridChange PickUpBar(const GridMouse& mouse, GridChange change);
     GridChange Hover(const GridMouse& mouse) const;
     void Stretch(Twips x);
     void MoveWhole(Twips x);

@@ -33,7 +33,7 @@ std::pair<Twips, Twips> BarInHand::Ends() const {
     return {left - ScrollX, right - ScrollX};
 }
 
-bool BarInHand::Take(const LaneBars& bars, Twips x, const BarLimits& limits) {
+bool BarInHand::PickUp(const LaneBars& bars, Twips x, const BarLimits& limits) {
     DragBar = 0;
     DayLeftBar = DayRightBar = 0;
     LastMouseX = x;

@@ -71,7 +71,7 @@ struct BarInHand {
 
     /// Takes the first bar that a press reaches, or a new one where there is none. False, with nothing in
     /// hand, when the search comes behind the last slot in reach.
-    bool Take(const LaneBars& bars, Twips x, const BarLimits& limits);
+    bool PickUp(const LaneBars& bars, Twips x, const BarLimits& limits);
     /// Decides by the place of the press what a drag will do, and gives the pointer that shows it; nothing
     /// for a bar that is only held. A place well inside a bar moves it, if that `mayMove` it.
     std::optional<Pointer> Grasp(Twips x, bool onLane, bool mayMove, const BarLimits& limits);

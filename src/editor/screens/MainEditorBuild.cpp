@@ -241,7 +241,7 @@ void MainEditorForm::BuildOptions(QWidget& panel) {
         button.setToolTip(QLatin1String(options[option].tooltip));
         button.setFont(RowFont(button));
         button.setCheckable(true);
-        button.setEnabled(CanShow(g_, option));
+        button.setEnabled(CanShow(g_.roster, g_.rights, option));
         Place(button, 60 + (option - 1) * width, 60, width - 30, 300);
         On(button, &QPushButton::clicked, [=, this] { ChooseOption(option); });
     }

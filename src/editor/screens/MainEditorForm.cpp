@@ -143,7 +143,7 @@ void MainEditorForm::SelectDay() {
 }
 
 void MainEditorForm::ChooseOption(int option) {
-    ChooseShowOption(g_, option);
+    ChooseShowOption(g_.grid, g_.roster, g_.rights, option);
     ShowSelectedOption();
 }
 

@@ -26,7 +26,8 @@ void MainEditorForm::ShowTitle() {
 }
 
 void MainEditorForm::DrawDayHeader() {
-    pctWeekday->Show(DayHeader(g_, ports_.region, pctWeekday->IsWide()));
+    pctWeekday->Show(DayHeader(g_.department, g_.week, g_.figures, g_.cursor.CurrentDay, ports_.region,
+                               pctWeekday->IsWide()));
     for (int d = 1; d <= 7; ++d)
         if (g_.figures.DayMemoFlag[d]) pctWeekday->imMemo[d].setToolTip(ToQString(g_.figures.DayMemoText[d]));
 }

@@ -11,7 +11,7 @@ int DaytypeBoxes::Type(int row, int code) {
     return key.code;
 }
 
-void DaytypeBoxes::Take(int row) {
+void DaytypeBoxes::PutTyped(int row) {
     const WeekChange change = rules_.PutText(row, boxes_[row].Text());
     if (!change.Done()) boxes_[row].SetText(rules_.TextOf(row));
     onChange(change);

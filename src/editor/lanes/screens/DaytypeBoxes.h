@@ -19,7 +19,7 @@ class DaytypeBoxes {
         TextBox& box = boxes_[row];
         box.keyFilter = guarded([=, this](int code) { return Type(row, code); });
         box.pasteFilter = guarded([=, this](int code) { return rules_.Paste(row, code); });
-        box.onKeyUp = guarded([=, this] { Take(row); });
+        box.onKeyUp = guarded([=, this] { PutTyped(row); });
         box.onVerticalArrow = [=, this](int direction) {
             Focus(NeighbourRow(lanes_.Geometry(), row, direction));
         };
@@ -37,7 +37,7 @@ class DaytypeBoxes {
 
   private:
     int Type(int row, int code);
-    void Take(int row);
+    void PutTyped(int row);
     void ShowHint(int row);
 
     ControlArray<TextBox>& boxes_;
