@@ -63,6 +63,7 @@ std::array<Colour, 8> DaySquares(const Roster& roster, const Week& week, int e) 
     std::array<Colour, 8> squares{};
     squares.fill(bar == Silver ? QBColor(12) : Silver);
     for (int b = 1; b <= week.BarCount[e]; ++b) {
+        if (week.BarStarts[e][b] == week.BarStops[e][b]) continue; // an empty slot
         const int day = week.BarStarts[e][b] / QuartersPerDay + 1;
         if (day <= 7) squares[day] = bar;
     }

@@ -216,7 +216,7 @@ TEST_F(RowValuesTest, squares_of_silver_bars_stand_on_red) {
     EXPECT_EQ(values.squareColours[3], QBColor(12));
 }
 
-TEST_F(RowValuesTest, squares_pass_over_the_slot_of_a_bar_in_hand) {
+TEST_F(RowValuesTest, squares_pass_over_an_empty_slot) {
     test::SetBars(g, 1, {{0, 0}, {190, 200}});
     EXPECT_EQ(Squares(Values(9), QBColor(g.roster.RosterBarColor[1])), ".X.....");
 }
