@@ -82,7 +82,7 @@ std::function<void(const std::string&)> MainEditorForm::Chosen() {
     return Guarded([this](const std::string& command) { Choose(command); });
 }
 
-LabelButton& MainEditorForm::AddTool(const char* name, Twips left, Twips width) {
+void MainEditorForm::AddTool(const char* name, Twips left, Twips width) {
     const Command& command = commands_[name];
     auto& tool = Add<LabelButton>(name, command.hint, strip_);
     tool.setText(ToQString(command.caption));
@@ -90,7 +90,6 @@ LabelButton& MainEditorForm::AddTool(const char* name, Twips left, Twips width) 
     Place(tool, left, ToolTop, width, StripHeight - 2 * ToolTop);
     On(tool, &QPushButton::clicked, [=, this] { Choose(name); });
     tools_[name] = &tool;
-    return tool;
 }
 
 void MainEditorForm::BuildToolStrip(QWidget& strip) {

@@ -202,8 +202,12 @@ void MainEditorForm::PasteStoredShift(int index) {
     const PasteResult result = PasteShift(g_, index);
     if (result == PasteResult::NotPermitted) TellSchedulingNotPermitted(ports_.prompt);
     if (result == PasteResult::Occupied || result == PasteResult::Full) ports_.prompt.Beep();
-    FollowRow(g_.cursor.CurrentRow);
-    ShowTotals();
+    if (result == PasteResult::Pasted) {
+        WeekChange change;
+        change.employees = {g_.cursor.CurrentEmployee};
+        change.figures = true;
+        Follow(change);
+    }
     FocusRow(g_.cursor.CurrentRow);
 }
 
@@ -273,14 +277,12 @@ void MainEditorForm::Follow(const GridChange& change) {
 /// Shows what an edit has changed in the week.
 void MainEditorForm::Follow(const WeekChange& change) {
     for (const int employee : change.employees)
-        for (const int row : lanes_.RowsOf(employee)) FollowRow(row);
+        for (const int row : lanes_.RowsOf(employee)) {
+            ShowRow(row);
+            Picture1->UpdateRow(row);
+        }
     if (change.figures) ShowTotals();
     if (!change.employees.empty() && g_.grid.HeadcountShown) ShowRuler();
-}
-
-void MainEditorForm::FollowRow(int row) {
-    ShowRow(row);
-    Picture1->UpdateRow(row);
 }
 
 void MainEditorForm::FocusRow(int row) {

@@ -46,7 +46,7 @@ class MainEditorForm : public Form, private EditorActions {
     void BuildMenus();
     void BuildFace();
     void BuildToolStrip(QWidget& strip);
-    LabelButton& AddTool(const char* name, Twips left, Twips width);
+    void AddTool(const char* name, Twips left, Twips width);
     void BuildHeader(QWidget& band);
     void BuildSheet(QWidget& sheet);
     void BuildEndsOfDay(QWidget& sheet);
@@ -107,7 +107,6 @@ class MainEditorForm : public Form, private EditorActions {
     SettleGesture Settling();
     void Follow(const GridChange& change);
     void Follow(const WeekChange& change);
-    void FollowRow(int row);
     void FocusRow(int row);
 
     GlobalState& g_;
