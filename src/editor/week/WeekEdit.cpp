@@ -96,7 +96,7 @@ WeekChange WeekEdit::PutBack(const WeekStep& step, bool before) {
     for (const PersonStep& person : step.people) {
         const PersonWeek was = PersonOf(g_.week, person.employee);
         PutPerson(Open(), person.employee, before ? person.before : person.after);
-        change.Join(Recount(person.employee, was));
+        change.Join(RefreshRowAfterEdit(person.employee, was));
     }
     if (step.figures) {
         g_.figures = before ? step.figures->before : step.figures->after;
@@ -160,7 +160,7 @@ EditAnswer WeekEdit::AnswerFor(int e, int day) const {
 }
 
 /// Brings quarters and sums up to date by the difference, and says what differs from before.
-WeekChange WeekEdit::Recount(int e, const PersonWeek& before) {
+WeekChange WeekEdit::RefreshRowAfterEdit(int e, const PersonWeek& before) {
     WeekChange change;
     const PersonWeek after = PersonOf(g_.week, e);
     if (after == before) return change;
@@ -190,7 +190,7 @@ WeekChange WeekEdit::EditOne(int e, const Painter& edit) {
     }
     week.BarCount[e] = ReadWeekGrid(week, e);
     g_.steps.open.people.try_emplace(e, before);
-    return Recount(e, before);
+    return RefreshRowAfterEdit(e, before);
 }
 
 WeekChange WeekEdit::EditPerson(int e, int day, const Painter& edit) {

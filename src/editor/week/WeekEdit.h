@@ -107,7 +107,7 @@ class WeekEdit {
     WeekChange EditEverybody(const Painter& edit);
     WeekChange EditOne(int employee, const Painter& edit);
     WeekChange PutBack(const WeekStep& step, bool before);
-    WeekChange Recount(int employee, const PersonWeek& before);
+    WeekChange RefreshRowAfterEdit(int employee, const PersonWeek& before);
     void Check() const;
 
     GlobalState& g_;
