@@ -259,5 +259,44 @@ TEST_F(MainEditorGestureTest, a_press_without_a_release_before_it_keeps_the_firs
     EXPECT_EQ(TextOf("Label15(0)"), "13:00");
 }
 
+// --- a gesture that ends without its release --------------------------------------------------------------
+
+class UnreleasedGestureTest : public MainEditorGestureTest {
+  protected:
+    /// Four hours for Clark, in hand; then something else comes.
+    void HoldAnd(const std::function<void()>& deed) {
+        Open();
+        DragAndHold(3, 40, 56);
+        deed();
+        EXPECT_EQ(ValueOf(3), " 4:00");
+        EXPECT_EQ(TextOf("Label15(0)"), "12:00");
+        EXPECT_EQ(TextOf("Label15(1)"), "12:00");
+        EXPECT_EQ(TextOf("Label15(2)"), " 98.00");
+        EXPECT_EQ(TextOf("Label31"), "");
+        EXPECT_EQ(Spoken(3), "Clark Cleo: 10:00am - 2:00pm");
+    }
+};
+
+TEST_F(UnreleasedGestureTest, counts_after_another_press) {
+    HoldAnd([this] { Drag(2, 80, 80); });
+}
+
+TEST_F(UnreleasedGestureTest, counts_after_the_hours_were_scrolled) {
+    ShowHours(16);
+    HoldAnd([this] { Bar("HScroll1").setValue(Bar("HScroll1").maximum()); });
+}
+
+TEST_F(UnreleasedGestureTest, counts_after_a_save) {
+    HoldAnd([this] { Click("Label8"); });
+}
+
+TEST_F(UnreleasedGestureTest, counts_after_a_report) {
+    HoldAnd([this] { test::Choose(*form, "NoLaser"); });
+}
+
+TEST_F(UnreleasedGestureTest, counts_after_a_toggle) {
+    HoldAnd([this] { Click("Label25"); });
+}
+
 } // namespace
 } // namespace tvx
