@@ -13,6 +13,7 @@
 #include <QFontDialog>
 #include <QGridLayout>
 #include <QKeyEvent>
+#include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
 #include <QStandardPaths>
@@ -54,6 +55,14 @@ void MakeRoomForTitle(QMessageBox& message) {
     const int room = QFontMetrics(bold).horizontalAdvance(message.windowTitle()) + Pixels(FrameButtons);
     if (auto* grid = qobject_cast<QGridLayout*>(message.layout()))
         grid->addItem(new QSpacerItem(room, 0), grid->rowCount(), 0, 1, grid->columnCount());
+}
+
+/// What the box says beyond its text, below it. It may hold a name that somebody typed, so it is no markup.
+void ShowDetail(QMessageBox& message, const std::string& detail) {
+    if (detail.empty()) return;
+    message.setInformativeText(ToQString(NormalizedLineEnds(detail)));
+    if (auto* label = message.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+        label->setTextFormat(Qt::PlainText);
 }
 
 QMessageBox::StandardButtons ButtonsOf(int style) {
@@ -170,14 +179,17 @@ std::string ShortName(const QString& name) {
 
 } // namespace
 
-Answer QtPrompt::MsgBox(const std::string& text, int style, const std::string& title) {
-    InsistentBox message(IconOf(style), ToQString(title), ToQString(NormalizedLineEnds(text)),
-                         ButtonsOf(style), QApplication::activeWindow());
-    message.setTextFormat(Qt::PlainText);
-    for (QAbstractButton* button : message.buttons()) button->setIcon({}); // as on every other form
-    MakeRoomForTitle(message);
-    message.insists = (style & 7) == box::YesNo || (style & 7) == box::AbortRetryIgnore;
-    return AnswerOf(message.exec());
+Answer QtPrompt::Show(const Message& message) {
+    const int buttons = message.style & 7;
+    InsistentBox window(IconOf(message.style), ToQString(message.title),
+                        ToQString(NormalizedLineEnds(message.text)), ButtonsOf(message.style),
+                        QApplication::activeWindow());
+    window.setTextFormat(Qt::PlainText);
+    ShowDetail(window, message.detail);
+    for (QAbstractButton* button : window.buttons()) button->setIcon({}); // as on every other form
+    MakeRoomForTitle(window);
+    window.insists = buttons == box::YesNo || buttons == box::AbortRetryIgnore;
+    return AnswerOf(window.exec());
 }
 
 std::optional<fs::path> QtPrompt::OpenDialog(const FileRequest& request) {

@@ -17,7 +17,7 @@ namespace tvx::qt {
 
 class QtPrompt : public Prompt {
   public:
-    Answer MsgBox(const std::string& text, int style, const std::string& title) override;
+    Answer Show(const Message& message) override;
     std::optional<std::filesystem::path> OpenDialog(const FileRequest& request) override;
     std::optional<std::filesystem::path> SaveDialog(const FileRequest& request) override;
     std::optional<ReportFont> FontDialog(const ReportFont& present, const std::string& title) override;

@@ -177,8 +177,8 @@ struct TypedDate {
 void ExpectDates(DateOrder order, const std::string& setting, const std::vector<TypedDate>& table) {
     test::TestStore store;
     test::ScriptedRegion region(order);
-    Ports ports{store.prompt(),    store.script.clock,  region,
-                store.script.help, store.script.screen, store.script.instance};
+    Ports ports{store.prompt(),        store.script.clock, region, store.script.help, store.script.screen,
+                store.script.instance, store.script.teller};
     store.g.application.DateFormatSetting = setting;
     for (const TypedDate& date : table) {
         const auto normal = NormalizedDate(date.typed, store.g, ports);

@@ -31,7 +31,7 @@ ScriptedPrompt::~ScriptedPrompt() {
 }
 
 void ScriptedPrompt::Expect(const std::string& text, int style, const std::string& title, Answer answer) {
-    expected_.push_back({false, {NormalizedLineEnds(text), style, title}, answer});
+    expected_.push_back({false, {NormalizedLineEnds(text), style, title, {}}, answer});
 }
 
 void ScriptedPrompt::WillAnswer(Answer answer) {
@@ -43,8 +43,8 @@ const ShownBox& ScriptedPrompt::Last() const {
     return boxes_.empty() ? none : boxes_.back();
 }
 
-Answer ScriptedPrompt::MsgBox(const std::string& text, int style, const std::string& title) {
-    boxes_.push_back({NormalizedLineEnds(text), style, title});
+Answer ScriptedPrompt::Show(const Message& message) {
+    boxes_.push_back({NormalizedLineEnds(message.text), message.style, message.title, message.detail});
     if (expected_.empty() && always_) return *always_;
     if (expected_.empty()) {
         ADD_FAILURE() << "nobody scripted the " << boxes_.back();

@@ -17,8 +17,11 @@ struct ShownBox {
     std::string text; // line ends as LF
     int style = 0;
     std::string title;
+    std::string detail; // said apart; no part of a comparison
 
-    friend bool operator==(const ShownBox&, const ShownBox&) = default;
+    friend bool operator==(const ShownBox& a, const ShownBox& b) {
+        return a.text == b.text && a.style == b.style && a.title == b.title;
+    }
 };
 std::ostream& operator<<(std::ostream& out, const ShownBox& box);
 
@@ -44,7 +47,7 @@ class ScriptedPrompt : public Prompt {
     int Beeps() const { return beeps_; }
     Pointer Shape() const { return shape_; }
 
-    Answer MsgBox(const std::string& text, int style, const std::string& title) override;
+    Answer Show(const Message& message) override;
     std::optional<std::filesystem::path> OpenDialog(const FileRequest& request) override;
     std::optional<std::filesystem::path> SaveDialog(const FileRequest& request) override;
     std::optional<ReportFont> FontDialog(const ReportFont& present, const std::string& title) override;
@@ -140,7 +143,8 @@ struct ScriptedPorts {
     ScriptedHelp help;
     ScriptedScreen screen;
     ScriptedInstance instance;
-    Ports ports{prompt, clock, region, help, screen, instance};
+    PlainTeller teller{prompt};
+    Ports ports{prompt, clock, region, help, screen, instance, teller};
 };
 
 } // namespace tvx::test

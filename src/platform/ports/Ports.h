@@ -7,6 +7,7 @@
 #include "platform/ports/Region.h"
 #include "platform/ports/RunningInstance.h"
 #include "platform/ports/ScreenInfo.h"
+#include "platform/ports/Teller.h"
 
 namespace tvx {
 
@@ -17,6 +18,7 @@ struct Ports {
     HelpViewer& help;
     ScreenInfo& screen;
     RunningInstance& instance;
+    Teller& teller;
 };
 
 } // namespace tvx

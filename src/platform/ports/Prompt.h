@@ -49,14 +49,26 @@ struct FileRequest {
     std::string fileName;
 };
 
+/// What a box says, and with which buttons and icon.
+struct Message {
+    std::string text;
+    int style = box::Ok; // a sum of the numbers in `box`
+    std::string title;
+    std::string detail; // said beyond the text, apart from it
+};
+
 class Prompt {
   public:
     virtual ~Prompt() = default;
 
-    /// Shows a box and waits for the answer. `style` is a sum of the numbers in `box`. A line feed and a CR
-    /// LF both break the line. Closing a box that has a Cancel button answers Cancel; a Yes/No box stays
-    /// until it is answered.
-    virtual Answer MsgBox(const std::string& text, int style, const std::string& title) = 0;
+    /// Shows a box and waits for the answer. A line feed and a CR LF both break the line. Closing a box that
+    /// has a Cancel button answers Cancel; a Yes/No box stays until it is answered.
+    virtual Answer Show(const Message& message) = 0;
+    /// The same by its parts.
+    Answer MsgBox(const std::string& text, int style, const std::string& title,
+                  const std::string& detail = {}) {
+        return Show({text, style, title, detail});
+    }
 
     /// A file that exists, or nothing on cancel.
     virtual std::optional<std::filesystem::path> OpenDialog(const FileRequest& request) = 0;
