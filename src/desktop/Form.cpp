@@ -9,7 +9,9 @@
 #include <QLineEdit>
 #include <QRadioButton>
 #include <QScreen>
-#include <QVBoxLayout>
+#include <QTimer>
+
+#include <algorithm>
 
 namespace tvx::qt {
 namespace {
@@ -51,17 +53,126 @@ void Form::Name(QWidget& control, const char* name, const std::string& accessibl
     // Assistive tools call a combo box by what it shows; what it is for must still reach them.
     if (qobject_cast<QComboBox*>(&control) != nullptr)
         control.setAccessibleDescription(control.accessibleName());
+    if (auto* box = qobject_cast<TextBox*>(&control)) box->onUnsettled = [this, box] { SettleSoon(*box); };
     if (auto* option = qobject_cast<QRadioButton*>(&control))
         connect(option, &QRadioButton::toggled, option, [option](bool chosen) {
             if (chosen) MakeTabStop(*option);
         });
 }
 
+QVBoxLayout& Form::Column() {
+    auto* column = new QVBoxLayout(face_);
+    column->setContentsMargins(Pixels(240), Pixels(180), Pixels(240), Pixels(180));
+    column->setSpacing(Pixels(120));
+    return *column;
+}
+
+QHBoxLayout& Form::Row(QBoxLayout& column) {
+    auto* row = new QHBoxLayout;
+    column.addLayout(row);
+    return *row;
+}
+
+Frame& Form::AddFrame(const char* name, const std::string& title, QBoxLayout& into, const std::string& hint) {
+    auto& frame = Add<Frame>(name, title);
+    frame.SetTitle(title);
+    if (!hint.empty()) SetHint(frame, hint);
+    into.addWidget(&frame);
+    return frame;
+}
+
+Label& Form::AddLabel(const char* name, const std::string& text, QBoxLayout& into, QWidget* parent) {
+    auto& label = Add<Label>(name, "", parent);
+    label.SetText(text);
+    into.addWidget(&label);
+    return label;
+}
+
+QGridLayout& Form::Lines(QWidget& frame) {
+    if (frame.layout() == nullptr) new QGridLayout(&frame);
+    return *static_cast<QGridLayout*>(frame.layout());
+}
+
+void Form::LayInColumns(const ControlArray<QRadioButton>& options, QWidget& frame, int columns) {
+    QGridLayout& grid = Lines(frame);
+    const int lines = (static_cast<int>(options.Count()) + columns - 1) / columns;
+    int place = 0;
+    for (const auto& [index, option] : options) {
+        grid.addWidget(option, place % lines, place / lines);
+        ++place;
+    }
+}
+
 QPushButton& Form::AddButton(const char* name, const char* caption, QLayout& row, QWidget* parent) {
     auto& button = Add<QPushButton>(name, "", parent);
-    button.setText(QLatin1String(caption));
+    button.setText(QString::fromUtf8(caption));
     row.addWidget(&button);
     return button;
+}
+
+QPushButton& Form::AddCommand(const Command& command, QBoxLayout& row, QWidget* parent) {
+    QPushButton& button = AddButton(command.name, command.caption, row, parent);
+    OnCommand(button, command.role, command.act);
+    return button;
+}
+
+void Form::AddCommands(QBoxLayout& column, const std::vector<Command>& left,
+                       const std::vector<Command>& right) {
+    QHBoxLayout& row = Row(column);
+    for (const Command& command : left) AddCommand(command, row);
+    row.addStretch();
+    for (const Command& command : right) AddCommand(command, row);
+}
+
+void Form::OnCommand(QAbstractButton& button, Role role, std::function<void()> act) {
+    const bool settles = role == Role::Plain || role == Role::Default;
+    On(button, &QAbstractButton::clicked, [this, settles, act = std::move(act)] {
+        if (!settles || Settle()) act();
+    });
+    if (role == Role::Default) SetDefaultButton(button);
+    if (role == Role::Cancel) SetCancelButton(button);
+}
+
+void Form::FixSize(Twips width, Twips height) {
+    if (width > 0 && height > 0) {
+        setFixedSize(Pixels(width), Pixels(height));
+    } else {
+        if (width > 0) setFixedWidth(std::max(Pixels(width), minimumSizeHint().width()));
+        adjustSize();
+        setFixedSize(size());
+    }
+    CenterForm();
+}
+
+// ---- boxes that come to rest ----
+
+bool Form::Settle() {
+    const QPointer<TextBox> left = std::exchange(left_, nullptr);
+    auto* focused = qobject_cast<TextBox*>(focusWidget());
+    if (left != nullptr && left != focused && !left->Settle()) return false;
+    return focused == nullptr || focused->Settle();
+}
+
+/// A box is not shown while the focus is on its way: it would swallow the click or the key that moves it.
+void Form::SettleSoon(TextBox& box) {
+    left_ = &box;
+    QTimer::singleShot(0, this, [this] { SettleLeft(); });
+}
+
+void Form::SettleLeft() {
+    constexpr int Patience = 20; // milliseconds
+    if (left_ == nullptr) return;
+    if (IsButtonDown()) { // its command, should it come to one, settles the box first
+        QTimer::singleShot(Patience, this, [this] { SettleLeft(); });
+        return;
+    }
+    TextBox* box = std::exchange(left_, nullptr);
+    if (isVisible() && !box->hasFocus()) Guarded([box] { box->Settle(); })();
+}
+
+bool Form::IsButtonDown() const {
+    const auto buttons = findChildren<QAbstractButton*>();
+    return std::any_of(buttons.begin(), buttons.end(), [](const auto* button) { return button->isDown(); });
 }
 
 void Form::Place(QWidget& control, Twips left, Twips top, Twips width, Twips height) {
@@ -75,28 +186,31 @@ void Form::CenterForm() {
          screen.top() + (screen.height() - frameGeometry().height()) / 2);
 }
 
-void Form::Activate() {
-    Guarded([this] { Activated(); })();
-}
-
-void Form::ShowModeless() {
+/// Loads and shows the form; false when it stays away.
+bool Form::Open() {
     unloading_ = false;
+    if (!Guarded([this] { return Opened(); })()) return false;
     show();
     raise();
     activateWindow();
-    Activate();
+    return true;
+}
+
+bool Form::ShowModeless() {
+    return Open();
 }
 
 void Form::ShowModal() {
     QEventLoop loop;
-    modalLoop_ = &loop;
     setWindowModality(Qt::ApplicationModal);
-    ShowModeless();
-    // The activation itself may have unloaded the form.
-    if (modalLoop_ != nullptr) loop.exec();
+    modalLoop_ = &loop;
+    const bool opened = Open();
+    // What runs while it shows may have unloaded the form already.
+    if (opened && modalLoop_ != nullptr) loop.exec();
+    modalLoop_ = nullptr;
     if (owner_ == nullptr) return;
     owner_->activateWindow();
-    owner_->Activate();
+    Guarded([this] { owner_->CameBack(); })();
 }
 
 void Form::Unload() {
@@ -153,11 +267,6 @@ bool Form::eventFilter(QObject* object, QEvent* event) {
     if (event->type() == QEvent::Enter) ShowHint(HintOf(object));
     if (event->type() == QEvent::Leave) ShowHint(HintOf(object->parent()));
     return QWidget::eventFilter(object, event);
-}
-
-void Form::TellTrouble(const std::exception& trouble) {
-    ports_.prompt.MousePointer(Pointer::Default);
-    ports_.prompt.MsgBox(trouble.what(), box::Stop, "Tarvex");
 }
 
 } // namespace tvx::qt

@@ -3,20 +3,25 @@
 #pragma once
 
 #include "desktop/Controls.h"
+#include "desktop/Options.h"
 #include "platform/ports/Ports.h"
 
 #include <QAction>
-#include <QLayout>
+#include <QBoxLayout>
+#include <QGridLayout>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
 #include <QWidget>
 
 #include <concepts>
 #include <exception>
+#include <functional>
 #include <map>
 #include <string>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 class QAbstractButton;
 class QEventLoop;
@@ -31,10 +36,11 @@ class Form : public QWidget {
     Form(Ports& ports, const char* designerName, Form* owner);
     ~Form() override;
 
-    /// Shows the form over the others and returns when it is hidden or unloaded. The owner is activated then.
+    /// Opens the form over the others and returns when it is hidden or unloaded, or did not open. The owner
+    /// has the front again then.
     void ShowModal();
-    /// Shows the form beside the others and activates it.
-    void ShowModeless();
+    /// Opens the form beside the others. False when it did not open.
+    bool ShowModeless();
     /// Closes the form without asking MayUnload.
     void Unload();
 
@@ -48,8 +54,11 @@ class Form : public QWidget {
     }
 
   protected:
-    /// The form has come to the front within the program: first shown, or the form over it has gone.
-    virtual void Activated() {}
+    /// Loads what the form shows, before it shows. On false it does not open; an error that is let through
+    /// is told, and keeps it from opening too.
+    virtual bool Opened() { return true; }
+    /// The form over this one has gone.
+    virtual void CameBack() {}
     /// A person wants to close the window. False keeps it open.
     virtual bool MayUnload() { return true; }
 
@@ -75,8 +84,76 @@ class Form : public QWidget {
         return control;
     }
 
-    /// Makes a button, behind the others of a row. Its caption names it.
+    // ---- what forms are built of; captions name their controls ----
+
+    /// What a button does to a text that is being typed, and which key presses it.
+    enum class Role {
+        Plain,   // acts when every box is settled
+        Default, // the same, and Enter presses it
+        Cancel,  // acts whatever the boxes hold; Escape presses it
+        Aside,   // acts whatever the boxes hold
+    };
+    struct Command {
+        const char* name;
+        const char* caption;
+        std::function<void()> act;
+        Role role = Role::Plain;
+    };
+
+    /// Lays the face out as a column, with the margins and the spacing of every form.
+    QVBoxLayout& Column();
+    /// A row behind what stands in a column.
+    static QHBoxLayout& Row(QBoxLayout& column);
+    /// A titled frame behind what stands in a column or row. `hint` is that of SetHint, "" for none.
+    Frame& AddFrame(const char* name, const std::string& title, QBoxLayout& into,
+                    const std::string& hint = {});
+    /// A text behind what stands in a column or row.
+    Label& AddLabel(const char* name, const std::string& text, QBoxLayout& into, QWidget* parent = nullptr);
+    /// A caption and its box, on a new line of a frame that is laid out by such lines. `accessible` names the
+    /// box where the caption alone does not.
+    template <typename Box = TextBox>
+    Box& AddField(const char* name, const std::string& caption, QWidget& frame,
+                  const std::string& accessible = {}) {
+        QGridLayout& grid = Lines(frame);
+        const int line = grid.rowCount();
+        auto& label = Add<Label>("", "", &frame);
+        label.SetText(caption);
+        grid.addWidget(&label, line, 0);
+        auto& box = Add<Box>(name, accessible.empty() ? caption : accessible, &frame);
+        grid.addWidget(&box, line, 1);
+        return box;
+    }
+    /// The lines of a frame: captions in column 0, boxes in column 1.
+    static QGridLayout& Lines(QWidget& frame);
+    /// The options of a group, with indexes from `first` on. `columns` lays them out, each column from its
+    /// top; 0 leaves that to the caller.
+    template <typename Answer>
+    void AddOptions(Options<Answer>& options, const char* name, int first,
+                    const std::vector<const char*>& captions, QWidget& frame, int columns) {
+        int index = first;
+        for (const char* caption : captions) {
+            auto& option = Add(options, name, index++, caption, &frame);
+            option.setText(QString::fromUtf8(caption).trimmed());
+        }
+        if (columns > 0) LayInColumns(options, frame, columns);
+    }
+    static void LayInColumns(const ControlArray<QRadioButton>& options, QWidget& frame, int columns);
+    /// A button behind what stands in a row.
     QPushButton& AddButton(const char* name, const char* caption, QLayout& row, QWidget* parent = nullptr);
+    /// The same with what it does.
+    QPushButton& AddCommand(const Command& command, QBoxLayout& row, QWidget* parent = nullptr);
+    /// The row of buttons of a form, those of `left` at its left end and those of `right` at its right.
+    void AddCommands(QBoxLayout& column, const std::vector<Command>& left, const std::vector<Command>& right);
+    /// Runs a button's command.
+    void OnCommand(QAbstractButton& button, Role role, std::function<void()> act);
+
+    /// Fixes the size in twips and moves the form to the middle of the screen. A measure of 0 is what the
+    /// content needs; `width` is the least one then.
+    void FixSize(Twips width = 0, Twips height = 0);
+
+    /// Settles the box that was left last and the one in focus. False when a text could not stand: it was
+    /// told of, its box is empty and in focus, and nothing may act on it.
+    bool Settle();
 
     /// Places a control on its parent, in twips.
     static void Place(QWidget& control, Twips left, Twips top, Twips width, Twips height);
@@ -100,7 +177,7 @@ class Form : public QWidget {
             try {
                 return handler(std::forward<decltype(arguments)>(arguments)...);
             } catch (const std::exception& trouble) {
-                TellTrouble(trouble);
+                ports_.teller.Tell(trouble);
                 if constexpr (!std::is_void_v<Result>) return Result{};
             }
         };
@@ -119,9 +196,11 @@ class Form : public QWidget {
     bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
-    static void Name(QWidget& control, const char* name, const std::string& accessible);
-    void TellTrouble(const std::exception& trouble);
-    void Activate();
+    void Name(QWidget& control, const char* name, const std::string& accessible);
+    bool Open();
+    void SettleSoon(TextBox& box);
+    void SettleLeft();
+    bool IsButtonDown() const;
     QAbstractButton* ButtonOfEnter() const;
     std::string HintOf(const QObject* control) const;
 
@@ -133,6 +212,7 @@ class Form : public QWidget {
     QAbstractButton* cancelButton_ = nullptr;
     std::map<const QObject*, std::string> hints_;
     QMetaObject::Connection focusMoves_;
+    QPointer<TextBox> left_; // with a text that cannot stand, which nobody has been told yet
     bool unloading_ = false;
 };
 

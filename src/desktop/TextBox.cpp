@@ -10,6 +10,7 @@
 #include <QMimeData>
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <utility>
 
@@ -20,10 +21,46 @@ bool IsControl(char32_t code) {
     return code < U' ' || code == 0x7F;
 }
 
+/// Keys that take something out of a text, or bring back what was.
+bool Removes(const QKeyEvent& event) {
+    static constexpr std::array Removals{
+        QKeySequence::Undo,
+        QKeySequence::Redo,
+        QKeySequence::Cut,
+        QKeySequence::Delete,
+        QKeySequence::DeleteStartOfWord,
+        QKeySequence::DeleteEndOfWord,
+        QKeySequence::DeleteEndOfLine,
+        QKeySequence::DeleteCompleteLine,
+        QKeySequence::Backspace,
+    };
+    return event.key() == Qt::Key_Backspace || event.key() == Qt::Key_Delete ||
+           std::any_of(Removals.begin(), Removals.end(), [&](auto key) { return event.matches(key); });
+}
+
+bool IsEnter(const QKeyEvent& event) {
+    return event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter;
+}
+
 } // namespace
 
 TextBox::TextBox(QWidget* parent) : QLineEdit(parent) {
     setMouseTracking(true);
+    connect(this, &QLineEdit::textEdited, this, [this] {
+        if (onEdited) onEdited();
+    });
+}
+
+bool TextBox::Settle() {
+    if (!rest || rest()) return true;
+    clear();
+    if (refuse) refuse();
+    setFocus(Qt::OtherFocusReason);
+    return false;
+}
+
+bool TextBox::MayChange() const {
+    return !isReadOnly() && (!gate || gate());
 }
 
 void TextBox::SetFocusColours(Colour focused, Colour resting) {
@@ -52,13 +89,12 @@ std::string TextBox::TextSoFar() const {
     return FromQString(before + arriving_);
 }
 
-/// The characters of a text that the filter lets through, as many as there is room for.
+/// The characters of a text that the rule lets through, as many as there is room for.
 QString TextBox::Filtered(const QString& text) {
-    const std::function<int(int)>& filter = pasteFilter ? pasteFilter : keyFilter;
     const qsizetype room = Room();
     for (const auto c : text.toUcs4()) {
         const int asked = static_cast<int>(c);
-        const auto code = static_cast<char32_t>(filter && !IsControl(c) ? filter(asked) : asked);
+        const auto code = static_cast<char32_t>(rule && !IsControl(c) ? rule(asked) : asked);
         if (IsControl(code)) continue;
         const QString character = QString::fromUcs4(&code, 1);
         if (arriving_.size() + character.size() > room) break;
@@ -74,43 +110,46 @@ int TextBox::Room() const {
 }
 
 void TextBox::Paste(const QString& text) {
-    if (isReadOnly()) return;
+    if (!MayChange()) return;
     insert(Filtered(text));
     if (onKeyUp) onKeyUp();
 }
 
 /// Keys that are commands rather than characters. True when the key is dealt with.
 bool TextBox::HandleCommandKey(QKeyEvent& event) {
-    if (event.matches(QKeySequence::Paste)) {
-        Paste(QApplication::clipboard()->text());
-        return true;
-    }
     const bool up = event.key() == Qt::Key_Up;
-    if (onVerticalArrow && (up || event.key() == Qt::Key_Down)) {
-        onVerticalArrow(up ? -1 : 1);
-        return true;
-    }
-    if (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter) {
-        const bool passes = !keyFilter || keyFilter(key::Enter) == key::Enter;
-        if (passes && onEnter) onEnter();
-        return !passes || onEnter;
-    }
-    if (event.key() == Qt::Key_Backspace && keyFilter) return keyFilter(key::Backspace) != key::Backspace;
-    return false;
+    if (event.matches(QKeySequence::Paste))
+        Paste(QApplication::clipboard()->text());
+    else if (onVerticalArrow && (up || event.key() == Qt::Key_Down)) {
+        if (Settle()) onVerticalArrow(up ? -1 : 1);
+    } else if (onEnter && IsEnter(event)) {
+        if (Settle()) onEnter();
+    } else
+        return Removes(event) && !MayChange();
+    return true;
 }
 
-void TextBox::TypeCharacter(QKeyEvent& event) {
+void TextBox::Type(QKeyEvent& event) {
     const auto typed = event.text().toUcs4();
     const bool command = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
-    if (command || typed.size() != 1 || IsControl(static_cast<char32_t>(typed[0]))) {
-        QLineEdit::keyPressEvent(&event);
+    if (command || typed.isEmpty() || IsControl(static_cast<char32_t>(typed[0])))
+        return QLineEdit::keyPressEvent(&event);
+    event.accept();
+    if (!MayChange()) return;
+    if (typed.size() == 1)
+        TypeCharacter(event, static_cast<int>(typed[0]));
+    else
+        insert(Filtered(event.text())); // a key may write a letter and its accent
+}
+
+void TextBox::TypeCharacter(QKeyEvent& event, int code) {
+    const auto taken = static_cast<char32_t>(rule ? rule(code) : code);
+    if (taken < U' ') {
+        if (onRefused) onRefused(code);
         return;
     }
-    const auto code =
-        static_cast<char32_t>(keyFilter ? keyFilter(static_cast<int>(typed[0])) : static_cast<int>(typed[0]));
-    event.accept();
-    if (code < 32 || Room() < (code > 0xFFFF ? 2 : 1)) return;
-    QKeyEvent passed(event.type(), event.key(), event.modifiers(), QString::fromUcs4(&code, 1));
+    if (Room() < (taken > 0xFFFF ? 2 : 1)) return;
+    QKeyEvent passed(event.type(), event.key(), event.modifiers(), QString::fromUcs4(&taken, 1));
     QLineEdit::keyPressEvent(&passed);
 }
 
@@ -120,7 +159,7 @@ void TextBox::keyPressEvent(QKeyEvent* event) {
     else if (HandleCommandKey(*event))
         event->accept();
     else
-        TypeCharacter(*event);
+        Type(*event);
 }
 
 void TextBox::keyReleaseEvent(QKeyEvent* event) {
@@ -139,7 +178,7 @@ void TextBox::focusOutEvent(QFocusEvent* event) {
     // A box or another program in front leaves the place of work marked.
     if (event->reason() == Qt::ActiveWindowFocusReason || event->reason() == Qt::PopupFocusReason) return;
     ShowGround(false);
-    if (onLeave) onLeave();
+    if (rest && !rest() && onUnsettled) onUnsettled();
 }
 
 void TextBox::mouseMoveEvent(QMouseEvent* event) {
@@ -166,14 +205,14 @@ void TextBox::dropEvent(QDropEvent* event) {
 }
 
 void TextBox::inputMethodEvent(QInputMethodEvent* event) {
-    if (isReadOnly()) {
+    const bool writes = !event->preeditString().isEmpty() || !event->commitString().isEmpty() ||
+                        event->replacementLength() > 0;
+    if (isReadOnly() || (writes && !composing_ && !MayChange())) {
         event->ignore();
         return;
     }
-    if (event->commitString().isEmpty()) {
-        QLineEdit::inputMethodEvent(event);
-        return;
-    }
+    composing_ = !event->preeditString().isEmpty();
+    if (event->commitString().isEmpty()) return QLineEdit::inputMethodEvent(event);
     QInputMethodEvent filtered(event->preeditString(), event->attributes());
     filtered.setCommitString(Filtered(event->commitString()), event->replacementStart(),
                              event->replacementLength());
@@ -183,11 +222,25 @@ void TextBox::inputMethodEvent(QInputMethodEvent* event) {
 
 void TextBox::contextMenuEvent(QContextMenuEvent* event) {
     const std::unique_ptr<QMenu> menu(createStandardContextMenu());
-    for (QAction* action : menu->actions())
-        if (action->text().startsWith(QLineEdit::tr("&Paste"))) {
+    const auto take = [&](const char* caption, auto change) {
+        for (QAction* action : menu->actions()) {
+            if (!action->text().startsWith(QLineEdit::tr(caption))) continue;
             action->disconnect(SIGNAL(triggered(bool)));
-            connect(action, &QAction::triggered, this, [this] { Paste(QApplication::clipboard()->text()); });
+            connect(action, &QAction::triggered, this, change);
         }
+    };
+    const auto guarded = [this](auto change) {
+        return [this, change] {
+            if (!MayChange()) return;
+            change();
+            if (onKeyUp) onKeyUp();
+        };
+    };
+    take("&Paste", [this] { Paste(QApplication::clipboard()->text()); });
+    take("&Undo", guarded([this] { undo(); }));
+    take("&Redo", guarded([this] { redo(); }));
+    take("Cu&t", guarded([this] { cut(); }));
+    take("Delete", guarded([this] { del(); }));
     menu->exec(event->globalPos());
 }
 

@@ -1,4 +1,4 @@
-// A line of text that asks before it changes.
+// A line of text that asks before it changes, and that comes to rest when it is left.
 #pragma once
 
 #include "desktop/Scale.h"
@@ -11,32 +11,41 @@
 
 namespace tvx::qt {
 
-/// Codes that a key filter sees for keys that write nothing.
-namespace key {
-constexpr int Backspace = 8;
-constexpr int Enter = 13;
-} // namespace key
-
-/// A line of text whose every way in, keys, paste, drop, input method, goes through one filter.
+/// What a person does to the text, by keys, paste, drop, input method, the menu, Delete, Cut or Undo, passes
+/// one gate and one rule. What the program fills in passes neither.
 class TextBox : public QLineEdit {
     Q_OBJECT
   public:
     explicit TextBox(QWidget* parent = nullptr);
 
-    /// Takes the code of a typed character and gives the one to enter; 0 drops it. Backspace and Enter are
-    /// asked too. May show a box.
-    std::function<int(int)> keyFilter;
-    /// The same for text that comes in at once; without it `keyFilter` is used. Must not show a box.
-    std::function<int(int)> pasteFilter;
-    /// Up (-1) and Down (1), when set.
+    /// May the text change now? Asked before every change, removal included. May show a box.
+    std::function<bool()> gate;
+    /// Takes the code of a character that comes in and gives the one to enter; 0 drops it. Shows no box.
+    std::function<int(int)> rule;
+    /// A typed character was dropped by the rule. May show a box.
+    std::function<void(int)> onRefused;
+    /// The person has changed the text.
+    std::function<void()> onEdited;
+
+    /// Brings the text into the form in which it stands when nobody types, and shows no box. False when it
+    /// cannot stand so. Asked when the box is left.
+    std::function<bool()> rest;
+    /// Tells why the text cannot stand. The box is empty by then, and has the focus afterwards.
+    std::function<void()> refuse;
+    /// The box was left with a text that cannot stand. The form sees to it.
+    std::function<void()> onUnsettled;
+
+    /// Up (-1) and Down (1), when set, once the box is settled.
     std::function<void(int)> onVerticalArrow;
-    /// Enter, after the filter let it pass or when there is no filter.
+    /// Enter, when set, once the box is settled.
     std::function<void()> onEnter;
     std::function<void()> onFocus;
-    std::function<void()> onLeave;
     std::function<void()> onHover;
-    /// A key was released, the text may have changed.
+    /// A key was released.
     std::function<void()> onKeyUp;
+
+    /// Settles the box: false when its text could not stand, was told of and is gone.
+    bool Settle();
 
     /// How many characters can be entered; text that the program sets may be longer. 0 is no limit.
     void SetTypingLimit(int characters) { typingLimit_ = characters; }
@@ -44,7 +53,7 @@ class TextBox : public QLineEdit {
     void SetFocusColours(Colour focused, Colour resting);
     void SetText(const std::string& text);
     std::string Text() const { return FromQString(text()); }
-    /// What the next character comes to, for filters that look at the whole: the text but for its selection,
+    /// What the next character comes to, for rules that look at the whole: the text but for its selection,
     /// with what of a paste has been let through so far.
     std::string TextSoFar() const;
 
@@ -60,15 +69,18 @@ class TextBox : public QLineEdit {
     void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
+    bool MayChange() const;
     void Paste(const QString& text);
     QString Filtered(const QString& text);
     bool HandleCommandKey(QKeyEvent& event);
-    void TypeCharacter(QKeyEvent& event);
+    void Type(QKeyEvent& event);
+    void TypeCharacter(QKeyEvent& event, int code);
     void ShowGround(bool focused);
     int Room() const;
 
     int typingLimit_ = 0;
-    QString arriving_; // of a paste, while its characters are asked for
+    bool composing_ = false; // an input method is at work, and the gate has let it in
+    QString arriving_;       // of a paste, while its characters are asked for
     std::optional<Colour> focused_;
     std::optional<Colour> resting_;
 };

@@ -14,7 +14,7 @@ namespace {
 /// A form with a box and an option on a frame, and two buttons.
 class SampleForm : public Form {
   public:
-    explicit SampleForm(Ports& ports) : Form(ports, "Sample", nullptr) {
+    explicit SampleForm(Ports& ports, Form* owner = nullptr) : Form(ports, "Sample", owner) {
         frame = &Add<Frame>("Frame1", "A frame");
         box = &Add<TextBox>("Text1", "A box", frame);
         option = &Add<QRadioButton>("Option1", "An option", frame);
@@ -29,7 +29,16 @@ class SampleForm : public Form {
         On(*cancel, &QPushButton::clicked, [this] { pressed += "cancel "; });
     }
     void ShowHint(const std::string& text) override { hint = text; }
+    bool Opened() override {
+        if (load) load();
+        return opens;
+    }
+    void CameBack() override { ++returns; }
     using Form::Guarded;
+
+    std::function<void()> load;
+    bool opens = true;
+    int returns = 0;
 
     Frame* frame = nullptr;
     TextBox* box = nullptr;
@@ -103,6 +112,43 @@ TEST_F(FormTest, shows_the_error_of_a_handler_and_goes_on) {
     script.prompt.Expect("no bread", 16, "Tarvex");
     form.Guarded([] { throw std::runtime_error("no bread"); })();
     EXPECT_EQ(script.prompt.Shape(), Pointer::Default);
+}
+
+// ---- opening ----
+
+TEST_F(FormTest, loads_before_it_shows) {
+    SampleForm other(script.ports);
+    bool shown = true;
+    other.load = [&] { shown = other.isVisible(); };
+    EXPECT_TRUE(other.ShowModeless());
+    EXPECT_FALSE(shown);
+    EXPECT_TRUE(other.isVisible());
+}
+
+TEST_F(FormTest, stays_away_when_it_refuses_to_open) {
+    SampleForm other(script.ports, &form);
+    other.opens = false;
+    other.ShowModal();
+    EXPECT_FALSE(other.isVisible());
+    EXPECT_EQ(form.returns, 1);
+}
+
+TEST_F(FormTest, stays_away_and_says_why_when_its_load_fails) {
+    SampleForm other(script.ports, &form);
+    other.load = [] { throw std::runtime_error("no bread"); };
+    script.prompt.Expect("no bread", 16, "Tarvex");
+    other.ShowModal();
+    EXPECT_FALSE(other.isVisible());
+    EXPECT_TRUE(form.isVisible());
+}
+
+TEST_F(FormTest, tells_its_owner_that_it_has_gone) {
+    test::WhenShown("Over", [](QWidget& window) { window.close(); });
+    SampleForm over(script.ports, &form);
+    over.setObjectName("Over");
+    over.ShowModal();
+    EXPECT_EQ(form.returns, 1);
+    EXPECT_EQ(over.returns, 0);
 }
 
 TEST(PlainCaption, shows_an_ampersand_as_itself) {

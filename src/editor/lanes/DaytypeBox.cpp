@@ -21,15 +21,11 @@ bool DaytypeBox::IsDayOff(int row) const {
     return week_.DayOffFlag[lane.day][lane.employee];
 }
 
-DaytypeKey DaytypeBox::Type(int row, int code) {
-    if (IsDayOff(row)) return {0, DaytypeKey::Refusal::Silent};
-    if (!rights_.SchedulingAllowed) return {0, DaytypeKey::Refusal::NotPermitted};
+DaytypeKey::Refusal DaytypeBox::MayType(int row) {
+    if (IsDayOff(row)) return DaytypeKey::Refusal::Silent;
+    if (!rights_.SchedulingAllowed) return DaytypeKey::Refusal::NotPermitted;
     edit_.Touch();
-    return FilterDaytypeKey(code);
-}
-
-int DaytypeBox::Paste(int row, int code) const {
-    return IsDayOff(row) || !rights_.SchedulingAllowed ? 0 : FilterDaytypeKey(code).code;
+    return DaytypeKey::Refusal::None;
 }
 
 const std::string& DaytypeBox::TextOf(int row) const {

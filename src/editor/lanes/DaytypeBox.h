@@ -24,11 +24,9 @@ class DaytypeBox {
   public:
     DaytypeBox(Lanes& lanes, GlobalState& g);
 
-    /// A key: a day off swallows every one, and who may not schedule is refused. Marks the week as changed
-    /// unless it is refused before the key itself is looked at.
-    DaytypeKey Type(int row, int code);
-    /// A sign that comes in at once with others: 0 drops it. Refuses without a word.
-    int Paste(int row, int code) const;
+    /// May a row's box change, by whatever way? A day off is closed without a word, and who may not schedule
+    /// is refused. Marks the week as changed when it may.
+    DaytypeKey::Refusal MayType(int row);
     /// The daytype of the row's day.
     const std::string& TextOf(int row) const;
     /// Makes the text of a row's box the daytype of its day, and that day's person the current one. Nothing

@@ -62,14 +62,13 @@ void MainEditorForm::LoadLists() {
     LoadStoredShifts(g_.paths.ProgramPath, g_.department.CurrentDepNumber, g_.shifts);
 }
 
-void MainEditorForm::Activated() {
-    if (!firstActivation_) return;
-    firstActivation_ = false;
+bool MainEditorForm::Opened() {
     ReadProductivity(g_.paths.ProgramPath, g_.department.CurrentDepNumber, g_.productivity);
     LoadWeekOf(g_, ports_, ports_.clock.Today());
     SelectDay();
     ShowSelectedOption();
     FocusRow(1);
+    return true;
 }
 
 bool MainEditorForm::MayLeave() {

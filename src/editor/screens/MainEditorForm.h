@@ -35,7 +35,7 @@ class MainEditorForm : public Form, private EditorActions {
     void SelectDay();
 
   protected:
-    void Activated() override;
+    bool Opened() override;
     bool MayUnload() override;
     void changeEvent(QEvent* event) override;
 
@@ -147,7 +147,6 @@ class MainEditorForm : public Form, private EditorActions {
 
     Twips markerX_ = -1;  // of the ruler's marker, grid twips; below 0 it is hidden
     int highlighted_ = 0; // row whose name is lit
-    bool firstActivation_ = true;
 };
 
 } // namespace tvx::qt

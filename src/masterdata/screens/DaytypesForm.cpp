@@ -56,22 +56,22 @@ void DaytypesForm::BuildEditFrame(QVBoxLayout& column) {
 
 void DaytypesForm::ConnectSymbol() {
     Text1->SetTypingLimit(SymbolLength);
-    Text1->keyFilter = Guarded([this](int code) {
-        const int taken = FilterSymbolKey(code, ports_.prompt);
-        if (taken != 0 && taken != key::Backspace) WeekEdit(g_).Touch();
-        return taken;
-    });
-    Text1->pasteFilter = FilterSymbolPaste;
-    On(*Text1, &QLineEdit::textEdited, [this](const QString& text) {
-        if (text.size() >= SymbolLength) Text2->setFocus();
-    });
+    Text1->rule = FilterSymbolPaste;
+    Text1->onRefused = Guarded([this](int code) { FilterSymbolKey(code, ports_.prompt); });
+    Text1->onEdited = [this] {
+        WeekEdit(g_).Touch();
+        if (Text1->text().size() >= SymbolLength) Text2->setFocus();
+    };
 }
 
 void DaytypesForm::ConnectName() {
     Text2->SetTypingLimit(NameLength);
-    Text2->keyFilter = [this](int code) { return FilterName(code); };
+    Text2->rule = [this](int code) { return FilterName(code); };
     Text2->onEnter = [this] { Text1->setFocus(); };
-    Text2->onLeave = [this] { Text2->SetText(NormalizedExplanation(Text2->Text())); };
+    Text2->rest = [this] {
+        Text2->SetText(NormalizedExplanation(Text2->Text()));
+        return true;
+    };
 }
 
 void DaytypesForm::BuildMenuFrame(QVBoxLayout& column) {
@@ -79,9 +79,7 @@ void DaytypesForm::BuildMenuFrame(QVBoxLayout& column) {
     Frame3D2->SetTitle("Other Daytype activity");
     auto* row = new QHBoxLayout(Frame3D2);
     const auto add = [&](const char* name, const char* text, Mode mode) {
-        QPushButton& button = AddButton(name, text, *row, Frame3D2);
-        On(button, &QPushButton::clicked, [=, this] { Enter(mode); });
-        return &button;
+        return &AddCommand({name, text, [=, this] { Enter(mode); }}, *row, Frame3D2);
     };
     cmdAdd = add("cmdAdd", "&Add", Mode::Add);
     cmdChange = add("cmdChange", "C&hange", Mode::Change);
@@ -94,32 +92,32 @@ void DaytypesForm::BuildMenuFrame(QVBoxLayout& column) {
 }
 
 void DaytypesForm::BuildButtons(QVBoxLayout& column) {
-    auto* row = new QHBoxLayout;
-    Command3D4 = &AddButton("Command3D4", "&Other activity...", *row);
-    row->addStretch();
-    Command3D2 = &AddButton("Command3D2", "&Save", *row);
-    Command3D1 = &AddButton("Command3D1", "&Close", *row);
-    column.addLayout(row);
-    On(*Command3D4, &QPushButton::clicked, [this] { ShowMenuPage(); });
-    On(*Command3D2, &QPushButton::clicked, [this] { SaveOrDelete(); });
-    On(*Command3D1, &QPushButton::clicked, [this] { Unload(); });
-    SetCancelButton(*Command3D1);
+    QHBoxLayout& row = Row(column);
+    Command3D4 = &AddCommand({"Command3D4", "&Other activity...", [this] { ShowMenuPage(); }}, row);
+    row.addStretch();
+    Command3D2 = &AddCommand({"Command3D2", "&Save", [this] { SaveOrDelete(); }}, row);
+    Command3D1 = &AddCommand({"Command3D1", "&Close", [this] { Unload(); }, Role::Cancel}, row);
 }
 
-void DaytypesForm::Activated() {
+bool DaytypesForm::Opened() {
     switch (static_cast<ListRequest>(g_.listDialog.DayTypeRequest)) {
     case ListRequest::Add:
-        return Enter(Mode::Add);
+        Enter(Mode::Add);
+        break;
     case ListRequest::Change:
-        return Enter(Mode::Change);
+        Enter(Mode::Change);
+        break;
     case ListRequest::Delete:
-        return Enter(Mode::Delete);
+        Enter(Mode::Delete);
+        break;
     case ListRequest::Drop:
-        return Enter(Mode::Drop);
+        Enter(Mode::Drop);
+        break;
     case ListRequest::None:
+        ShowMenuPage();
         break;
     }
-    ShowMenuPage();
+    return true;
 }
 
 void DaytypesForm::Enter(Mode mode) {
@@ -227,7 +225,6 @@ void DaytypesForm::TakeRow(int index) {
 }
 
 int DaytypesForm::FilterName(int code) const {
-    if (code == key::Enter || code == key::Backspace) return code;
     const QString soFar = ToQString(Text2->TextSoFar()).trimmed();
     const int width = Text2->fontMetrics().horizontalAdvance(soFar);
     return ToTwips(width) >= WidestName ? 0 : code;

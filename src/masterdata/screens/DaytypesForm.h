@@ -16,7 +16,7 @@ class DaytypesForm : public Form {
     DaytypesForm(GlobalState& g, Ports& ports, Form* owner);
 
   protected:
-    void Activated() override;
+    bool Opened() override;
 
   private:
     enum class Mode { None, Add, Change, Delete, Drop };

@@ -59,16 +59,16 @@ DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, Form* owner)
     Text1->setFocus();
 }
 
-void DepartmentForm::Activated() {
-    ports_.prompt.MousePointer(Pointer::Default);
-    if (std::exchange(opened_, true)) return;
+bool DepartmentForm::Opened() {
     const auto profile = OpenProfile(g_, ports_.prompt);
-    if (!profile) return Unload();
+    ports_.prompt.MousePointer(Pointer::Default);
+    if (!profile) return false;
     ShowProfile(*profile);
     Text1->selectAll();
+    return true;
 }
 
-Frame& DepartmentForm::AddFrame(const char* name, const std::string& title, const std::string& hint) {
+Frame& DepartmentForm::AddTitled(const char* name, const std::string& title, const std::string& hint) {
     auto& frame = Add<Frame>(name, title);
     frame.SetTitle(title);
     SetHint(frame, hint);
@@ -76,7 +76,7 @@ Frame& DepartmentForm::AddFrame(const char* name, const std::string& title, cons
 }
 
 void DepartmentForm::BuildName(QVBoxLayout& column) {
-    Frame& frame = AddFrame("Frame3D3", "Department name", NameHint);
+    Frame& frame = AddTitled("Frame3D3", "Department name", NameHint);
     auto* row = new QHBoxLayout(&frame);
     Text1 = &Add<TextBox>("Text1", "Department name", &frame);
     Text1->SetTypingLimit(NameLength);
@@ -86,13 +86,13 @@ void DepartmentForm::BuildName(QVBoxLayout& column) {
 
 void DepartmentForm::BuildWeek(QVBoxLayout& column) {
     auto* row = new QHBoxLayout;
-    Frame& first = AddFrame("Frame3D2", "First day of the week", FirstDayHint);
+    Frame& first = AddTitled("Frame3D2", "First day of the week", FirstDayHint);
     Combo1 = &Add<QComboBox>("Combo1", "First day of the week", &first);
     for (int d = 1; d <= 7; ++d) Combo1->addItem(ToQString(ports_.region.Names().weekdays[d]));
     (new QHBoxLayout(&first))->addWidget(Combo1);
     row->addWidget(&first, 1);
 
-    Frame& cutoff = AddFrame("Frame3D4", "Calculate daily statistics between ", CutoffHint);
+    Frame& cutoff = AddTitled("Frame3D4", "Calculate daily statistics between ", CutoffHint);
     auto* line = new QHBoxLayout(&cutoff);
     Combo2 = &Add<QComboBox>("Combo2", "Start of the business day", &cutoff);
     for (const std::string& text : CutoffTexts(g_.application.Settings[setting::ClockStyle]))
@@ -118,7 +118,7 @@ void DepartmentForm::BuildOrder(QVBoxLayout& column) {
         "First week that has a January date", "Do not show week numbers"};
     auto* row = new QHBoxLayout;
     Frame& order =
-        AddFrame("Frame3D1", g_.department.EmployeeNameSingle + " listing order in Main Editor ", OrderHint);
+        AddTitled("Frame3D1", g_.department.EmployeeNameSingle + " listing order in Main Editor ", OrderHint);
     auto* grid = new QGridLayout(&order);
     for (int i = 1; i <= 6; ++i) {
         auto& option = Add(SSOption2, "SSOption2", i, orders[static_cast<std::size_t>(i)], &order);
@@ -126,7 +126,7 @@ void DepartmentForm::BuildOrder(QVBoxLayout& column) {
         grid->addWidget(&option, (i - 1) % 3, (i - 1) / 3);
     }
     row->addWidget(&order, 1);
-    Frame& week = AddFrame("frmWeekoption", "The first week of the year is...  ", WeekHint);
+    Frame& week = AddTitled("frmWeekoption", "The first week of the year is...  ", WeekHint);
     auto* lines = new QVBoxLayout(&week);
     for (int i = 0; i <= 3; ++i) {
         auto& option = Add(SSOption1, "SSOption1", i, weeks[static_cast<std::size_t>(i)], &week);
@@ -151,11 +151,11 @@ TextBox& DepartmentForm::AddWord(Frame& frame, const char* name, const char* lab
 
 void DepartmentForm::BuildWords(QVBoxLayout& column) {
     auto* row = new QHBoxLayout;
-    Frame& people = AddFrame("Frame1", "Generic name for Employees", EmployeeHint);
+    Frame& people = AddTitled("Frame1", "Generic name for Employees", EmployeeHint);
     new QGridLayout(&people);
     txtGenEmployee = &AddWord(people, "txtGenEmployee", "Single");
     txtGenEmployees = &AddWord(people, "txtGenEmployees", "Plural");
-    Frame& daysOff = AddFrame("Frame3", "Generic name for requested days off ", DayOffHint);
+    Frame& daysOff = AddTitled("Frame3", "Generic name for requested days off ", DayOffHint);
     new QGridLayout(&daysOff);
     txtDayOff = &AddWord(daysOff, "txtDayOff", "Single");
     txtDaysOff = &AddWord(daysOff, "txtDaysOff", "Plural");
@@ -165,17 +165,11 @@ void DepartmentForm::BuildWords(QVBoxLayout& column) {
 }
 
 void DepartmentForm::BuildButtons(QVBoxLayout& column) {
-    auto* row = new QHBoxLayout;
-    QPushButton& helpButton = AddButton("Command3D3", "&Help", *row);
-    row->addStretch();
-    QPushButton& ok = AddButton("Command3D1", "&OK", *row);
-    QPushButton& cancel = AddButton("Command3D2", "&Cancel", *row);
-    column.addLayout(row);
-    On(ok, &QPushButton::clicked, [this] { Save(); });
-    On(cancel, &QPushButton::clicked, [this] { Unload(); });
-    On(helpButton, &QPushButton::clicked, [this] { ports_.help.ShowTopic(help::DepartmentProfile); });
-    SetDefaultButton(ok);
-    SetCancelButton(cancel);
+    AddCommands(
+        column,
+        {{"Command3D3", "&Help", [this] { ports_.help.ShowTopic(help::DepartmentProfile); }, Role::Aside}},
+        {{"Command3D1", "&OK", [this] { Save(); }, Role::Default},
+         {"Command3D2", "&Cancel", [this] { Unload(); }, Role::Cancel}});
 }
 
 void DepartmentForm::ShowProfile(const DepartmentProfile& profile) {

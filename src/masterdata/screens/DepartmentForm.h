@@ -21,11 +21,11 @@ class DepartmentForm : public Form {
     bool Saved() const { return saved_; }
 
   protected:
-    void Activated() override;
+    bool Opened() override;
     void ShowHint(const std::string& hint) override { Label4->SetText(hint); }
 
   private:
-    Frame& AddFrame(const char* name, const std::string& title, const std::string& hint);
+    Frame& AddTitled(const char* name, const std::string& title, const std::string& hint);
     void BuildName(QVBoxLayout& column);
     void BuildWeek(QVBoxLayout& column);
     void BuildOrder(QVBoxLayout& column);
@@ -39,7 +39,6 @@ class DepartmentForm : public Form {
     void Save();
 
     GlobalState& g_;
-    bool opened_ = false;
     bool saved_ = false;
 
     TextBox* Text1 = nullptr;             // name

@@ -23,20 +23,19 @@ EmployeeForm::EmployeeForm(GlobalState& g, Ports& ports, Form* owner) : Form(por
     BuildButtons();
     HidePay();
     ConnectGrid();
-    if (g_.application.FormCommand != "Add") ReadKeys();
-    LoadRecord();
     CenterForm();
 }
 
 EmployeeForm::~EmployeeForm() = default;
 
-void EmployeeForm::Activated() {
+bool EmployeeForm::Opened() {
+    if (g_.application.FormCommand != "Add") ReadKeys();
+    LoadRecord();
     const std::string& one = g_.department.EmployeeNameSingle;
     Label2->SetText("Editor time bar color for this " + one);
     Command2->setText(QLatin1String("&Previous ") + PlainCaption(one));
     Command3->setText(QLatin1String("&Next ") + PlainCaption(one));
-    WeekChanged = false;
-    FocusBox(box_of::LastName);
+    return true;
 }
 
 // ---- the record ----
@@ -109,10 +108,6 @@ bool EmployeeForm::Save() {
     return true;
 }
 
-void EmployeeForm::SaveFromButton() {
-    if (LeaveFocusedBox()) Save();
-}
-
 /// Empties the screen for the next new employee, who is likely to be of the same kind.
 void EmployeeForm::MakeReadyForNext() {
     EmployeeRecord next = NewEmployeeRecord(g_.application);
@@ -146,7 +141,7 @@ bool EmployeeForm::MayLeaveRecord() {
 void EmployeeForm::MoveTo(int direction) {
     if (direction < 0) g_.application.FormCommand = "Move";
     Label6->hide();
-    if (LeaveFocusedBox() && MayLeaveRecord()) LoadNeighbour(direction);
+    if (MayLeaveRecord()) LoadNeighbour(direction);
 }
 
 void EmployeeForm::LoadNeighbour(int direction) {
@@ -169,7 +164,7 @@ void EmployeeForm::LoadNeighbour(int direction) {
 
 bool EmployeeForm::MayUnload() {
     // What is typed while adding goes without a word.
-    return g_.application.FormCommand == "Add" || (LeaveFocusedBox() && MayLeaveRecord());
+    return g_.application.FormCommand == "Add" || (Settle() && MayLeaveRecord());
 }
 
 void EmployeeForm::Leave() {
@@ -188,32 +183,14 @@ void EmployeeForm::FocusBox(int index) {
     Text2[index].setFocus(Qt::OtherFocusReason);
 }
 
-/// Brings a box into its resting form. False when it held what is no date, which is told and erased.
-bool EmployeeForm::LeaveBox(int index) {
-    if (index == box_of::Pay) Text2[index].SetText(NormalizedPay(Text2[index].Text()));
-    return (index != box_of::HireDate && index != box_of::BirthDate) || LeaveDate(index);
-}
-
-bool EmployeeForm::LeaveDate(int index) {
-    if (leavingDate_) return false;
-    const auto normal = NormalizedDate(Text2[index].Text(), g_, ports_);
-    if (normal) {
-        Text2[index].SetText(*normal);
-        return true;
-    }
-    leavingDate_ = true; // the box itself takes the focus away
-    Text2[index].clear();
-    ShowDateHelp(ports_.prompt, g_.application.DateFormatSetting, ports_.region, ports_.clock.Today());
-    FocusBox(index);
-    leavingDate_ = false;
-    return false;
-}
-
-/// A command that is chosen by key does not take the focus out of a box.
-bool EmployeeForm::LeaveFocusedBox() {
-    for (const auto& [index, box] : Text2)
-        if (box == focusWidget()) return LeaveBox(index);
-    return true;
+/// Brings a box into its resting form. False when it holds what is no date.
+bool EmployeeForm::Rest(int index) {
+    TextBox& box = Text2[index];
+    if (index == box_of::Pay) box.SetText(NormalizedPay(box.Text()));
+    if (index != box_of::HireDate && index != box_of::BirthDate) return true;
+    const auto normal = NormalizedDate(box.Text(), g_, ports_);
+    if (normal) box.SetText(*normal);
+    return normal.has_value();
 }
 
 void EmployeeForm::ShowHint(const std::string& hint) {
@@ -228,21 +205,22 @@ void EmployeeForm::ShowUnderAgeNotice() {
 
 void EmployeeForm::ConnectBox(int index) {
     TextBox& box = Text2[index];
-    box.keyFilter = [=, this](int code) {
+    box.rule = [=, this](int code) { return FilterEmployeeKey(index, code, Text2[index].TextSoFar()); };
+    box.onRefused = [this](int) { Changed(); };
+    box.onEdited = [this] { Changed(); };
+    box.onEnter = [=, this] {
         Changed();
-        return FilterEmployeeKey(index, code, Text2[index].TextSoFar());
+        FocusBox(BoxAfterEnter(index, g_.rights.HideWages));
     };
-    box.pasteFilter = [=, this](int code) {
-        return FilterEmployeeKey(index, code, Text2[index].TextSoFar());
-    };
-    box.onEnter = [=, this] { FocusBox(BoxAfterEnter(index, g_.rights.HideWages)); };
     box.onVerticalArrow = [=, this](int direction) {
         Changed();
         FocusBox(BoxAfterArrow(index, direction, g_.rights.HideWages));
     };
     box.onFocus = [=, this] { Text2[index].SetText(TrimRight(Text2[index].Text())); };
-    box.onLeave = Guarded([=, this] { LeaveBox(index); });
-    On(box, &QLineEdit::textEdited, [this](const QString&) { Changed(); });
+    box.rest = [=, this] { return Rest(index); };
+    box.refuse = Guarded([this] {
+        ShowDateHelp(ports_.prompt, g_.application.DateFormatSetting, ports_.region, ports_.clock.Today());
+    });
 }
 
 // ---- the grid ----

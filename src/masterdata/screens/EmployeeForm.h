@@ -25,7 +25,7 @@ class EmployeeForm : public Form {
     bool WeekChanged = false; // something was typed or chosen since the record was shown or saved
 
   protected:
-    void Activated() override;
+    bool Opened() override;
     bool MayUnload() override;
     void ShowHint(const std::string& hint) override;
     void paintEvent(QPaintEvent* event) override;
@@ -53,7 +53,6 @@ class EmployeeForm : public Form {
     void ReadKeys();
     void LoadRecord();
     bool Save();
-    void SaveFromButton();
     void MakeReadyForNext();
     void ShowSaved();
     void MoveTo(int direction);
@@ -63,9 +62,7 @@ class EmployeeForm : public Form {
     void Changed();
 
     // boxes
-    bool LeaveBox(int index);
-    bool LeaveDate(int index);
-    bool LeaveFocusedBox();
+    bool Rest(int index);
     void ShowUnderAgeNotice();
     void FocusBox(int index);
 
@@ -89,8 +86,7 @@ class EmployeeForm : public Form {
     int currentBarColor_ = 2;
     int highlightedDay_ = 0;
     Twips markerX_ = -1;
-    bool loading_ = false;     // the program itself fills the boxes
-    bool leavingDate_ = false; // the box about a date is open
+    bool loading_ = false; // the program itself fills the boxes
     std::unique_ptr<Gauge> gauge_;
 
     ControlArray<TextBox> Text2;             // [1..16]

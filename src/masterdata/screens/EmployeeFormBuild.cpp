@@ -200,12 +200,11 @@ void EmployeeForm::BuildButtons() {
     QPushButton* helpButton = button("Command3D3", "&Help", FormWidth - 3 * Step, Narrow);
     QPushButton* ok = button("Command3D1", "&OK", FormWidth - 2 * Step, Narrow);
     QPushButton* close = button("cmdExit", "&Close", FormWidth - Step, Narrow);
-    On(*Command2, &QPushButton::clicked, [this] { MoveTo(-1); });
-    On(*Command3, &QPushButton::clicked, [this] { MoveTo(1); });
-    On(*helpButton, &QPushButton::clicked, [this] { ports_.help.ShowTopic(help::EmployeeRecord); });
-    On(*ok, &QPushButton::clicked, [this] { SaveFromButton(); });
-    On(*close, &QPushButton::clicked, [this] { Leave(); });
-    SetCancelButton(*close);
+    OnCommand(*Command2, Role::Plain, [this] { MoveTo(-1); });
+    OnCommand(*Command3, Role::Plain, [this] { MoveTo(1); });
+    OnCommand(*helpButton, Role::Aside, [this] { ports_.help.ShowTopic(help::EmployeeRecord); });
+    OnCommand(*ok, Role::Plain, [this] { Save(); });
+    OnCommand(*close, Role::Cancel, [this] { Leave(); });
 }
 
 void EmployeeForm::HidePay() {

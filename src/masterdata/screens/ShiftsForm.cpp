@@ -36,7 +36,7 @@ void ShiftsForm::BuildNameFrame(QVBoxLayout& column) {
     lines->addWidget(Label2);
     Text1 = &Add<TextBox>("Text1", "Name of the shift", Frame1);
     Text1->SetTypingLimit(NameLength);
-    Text1->keyFilter = [](int code) { return code == DoubleQuote ? 0 : code; };
+    Text1->rule = [](int code) { return code == DoubleQuote ? 0 : code; };
     Text1->onEnter = Guarded([this] { SaveOrDelete(); });
     lines->addWidget(Text1);
     column.addWidget(Frame1);
@@ -50,9 +50,7 @@ void ShiftsForm::BuildOtherFrame(QVBoxLayout& column) {
     lines->addWidget(Label3);
     auto* row = new QHBoxLayout;
     const auto add = [&](const char* name, const char* text, Mode mode) {
-        QPushButton& button = AddButton(name, text, *row, OtherActFRAME);
-        On(button, &QPushButton::clicked, [=, this] { Enter(mode); });
-        return &button;
+        return &AddCommand({name, text, [=, this] { Enter(mode); }}, *row, OtherActFRAME);
     };
     cmdChange = add("cmdChange", "C&hange name", Mode::Change);
     cmdDelete = add("cmdDelete", "&Delete", Mode::Delete);
@@ -61,29 +59,29 @@ void ShiftsForm::BuildOtherFrame(QVBoxLayout& column) {
 }
 
 void ShiftsForm::BuildButtons(QVBoxLayout& column) {
-    auto* row = new QHBoxLayout;
-    OptionsCMD = &AddButton("OptionsCMD", "&Other activity...", *row);
-    row->addStretch();
-    SaveCMD = &AddButton("SaveCMD", "&Save", *row);
-    ExitCMD = &AddButton("ExitCMD", "&Close", *row);
-    column.addLayout(row);
-    On(*OptionsCMD, &QPushButton::clicked, [this] { ShowOther(); });
-    On(*SaveCMD, &QPushButton::clicked, [this] { SaveOrDelete(); });
-    On(*ExitCMD, &QPushButton::clicked, [this] { Leave(); });
-    SetCancelButton(*ExitCMD);
+    QHBoxLayout& row = Row(column);
+    OptionsCMD = &AddCommand({"OptionsCMD", "&Other activity...", [this] { ShowOther(); }}, row);
+    row.addStretch();
+    SaveCMD = &AddCommand({"SaveCMD", "&Save", [this] { SaveOrDelete(); }}, row);
+    ExitCMD = &AddCommand({"ExitCMD", "&Close", [this] { Leave(); }, Role::Cancel}, row);
 }
 
-void ShiftsForm::Activated() {
+bool ShiftsForm::Opened() {
     switch (static_cast<ListRequest>(g_.listDialog.DayTypeRequest)) {
     case ListRequest::Change:
-        return Enter(Mode::Change);
+        Enter(Mode::Change);
+        break;
     case ListRequest::Delete:
-        return Enter(Mode::Delete);
+        Enter(Mode::Delete);
+        break;
     case ListRequest::Drop:
-        return Enter(Mode::Drop);
+        Enter(Mode::Drop);
+        break;
     default:
-        return Enter(Mode::Add);
+        Enter(Mode::Add);
+        break;
     }
+    return true;
 }
 
 void ShiftsForm::Enter(Mode mode) {

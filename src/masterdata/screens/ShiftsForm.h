@@ -16,7 +16,7 @@ class ShiftsForm : public Form {
     ShiftsForm(GlobalState& g, Ports& ports, Form* owner);
 
   protected:
-    void Activated() override;
+    bool Opened() override;
     bool MayUnload() override;
 
   private:

@@ -93,12 +93,8 @@ void ConsoleForm::Connect() {
     On(*cmdSchedule, &QPushButton::clicked, [this] { Schedule(); });
     On(*cmdExit, &QPushButton::clicked, [this] { EndRun(); });
     On(*Combo1, &QComboBox::activated, [this](int index) { ChooseFromCombo(index); });
-    Text3->keyFilter = Guarded([this](int code) {
-        const int taken = PromptKey(code);
-        if (taken == 0) ports_.prompt.Beep();
-        return taken;
-    });
-    Text3->pasteFilter = PromptKey;
+    Text3->rule = PromptKey;
+    Text3->onRefused = [this](int) { ports_.prompt.Beep(); };
     Text3->onEnter = Guarded([this] { LogIn(); });
 }
 
@@ -129,11 +125,13 @@ void ConsoleForm::ShowScheduleCaption(const QString& caption) {
     cmdSchedule->setToolTip(shown == caption ? QString() : caption);
 }
 
-void ConsoleForm::Activated() {
-    const bool first = !model_.laidOut;
+void ConsoleForm::CameBack() {
     ActivateConsole(g_, ports_, model_);
     ShowFace();
-    if (!first) return;
+}
+
+bool ConsoleForm::Opened() {
+    CameBack();
     Face().setFixedSize(Pixels(Width), Pixels(Height) - Menus().sizeHint().height());
     adjustSize();
     setFixedSize(sizeHint());
@@ -142,6 +140,7 @@ void ConsoleForm::Activated() {
         Text3->setFocus();
     else
         cmdSchedule->setFocus();
+    return true;
 }
 
 bool ConsoleForm::MayUnload() {

@@ -21,7 +21,8 @@ class ConsoleForm : public Form {
     LoadResult Load();
 
   protected:
-    void Activated() override;
+    bool Opened() override;
+    void CameBack() override;
     bool MayUnload() override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -1,5 +1,6 @@
 #include "shell/screens/Run.h"
 
+#include "desktop/Application.h"
 #include "desktop/QtPorts.h"
 #include "editor/lanes/screens/TimeGrid.h"
 #include "platform/files/Folder.h"
@@ -27,10 +28,20 @@ fs::path FindProgramFolder() {
     return ProgramFolder(FolderOfProgram(), users, {"TVX.JAN", "1.SFT"});
 }
 
+/// The start stands outside the event loop and its net. Nothing can be done without the console.
+bool Started(GlobalState& g, Ports& ports, std::unique_ptr<ConsoleForm>& console) {
+    try {
+        return StartConsole(g, ports, console);
+    } catch (const std::exception& trouble) {
+        ports.teller.Tell(trouble);
+        return false;
+    }
+}
+
 } // namespace
 
 int RunTarvex(int count, char** arguments, const RunOptions& options) {
-    const QApplication application(count, arguments);
+    Application application(count, arguments);
     QApplication::setApplicationName(QStringLiteral("Tarvex"));
     QApplication::setQuitOnLastWindowClosed(false); // the console ends the run
     SetUpLook();
@@ -44,10 +55,13 @@ int RunTarvex(int count, char** arguments, const RunOptions& options) {
     QtScreen screen;
     QtInstance instance(g.paths.ProgramPath);
     QtHelp help(FolderOfProgram() / "help");
-    Ports ports{prompt, options.clock != nullptr ? *options.clock : clock, region, help, screen, instance};
+    PlainTeller teller(prompt);
+    Ports ports{prompt, options.clock != nullptr ? *options.clock : clock, region, help, screen, instance,
+                teller};
 
+    application.TellBy([&](const std::exception& trouble) { teller.Tell(trouble); });
     std::unique_ptr<ConsoleForm> console;
-    if (!StartConsole(g, ports, console)) return 0;
+    if (!Started(g, ports, console)) return 0;
     if (options.whenConsoleShows) options.whenConsoleShows(*console);
     return QApplication::exec();
 }

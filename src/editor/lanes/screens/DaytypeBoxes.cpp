@@ -5,10 +5,10 @@ namespace tvx::qt {
 DaytypeBoxes::DaytypeBoxes(ControlArray<TextBox>& boxes, Lanes& lanes, GlobalState& g, Prompt& prompt)
     : boxes_(boxes), lanes_(lanes), rules_(lanes, g), daytypes_(g.daytypes), prompt_(prompt) {}
 
-int DaytypeBoxes::Type(int row, int code) {
-    const DaytypeKey key = rules_.Type(row, code);
-    TellDaytypeRefusal(prompt_, key.refusal);
-    return key.code;
+bool DaytypeBoxes::MayType(int row) {
+    const DaytypeKey::Refusal refusal = rules_.MayType(row);
+    TellDaytypeRefusal(prompt_, refusal);
+    return refusal == DaytypeKey::Refusal::None;
 }
 
 void DaytypeBoxes::PutTyped(int row) {

@@ -17,9 +17,12 @@ class DaytypeBoxes {
     template <typename Guard>
     void Connect(int row, const Guard& guarded) {
         TextBox& box = boxes_[row];
-        box.keyFilter = guarded([=, this](int code) { return Type(row, code); });
-        box.pasteFilter = guarded([=, this](int code) { return rules_.Paste(row, code); });
-        box.onKeyUp = guarded([=, this] { PutTyped(row); });
+        box.gate = guarded([=, this] { return MayType(row); });
+        box.rule = [](int code) { return FilterDaytypeKey(code).code; };
+        box.onRefused =
+            guarded([this](int code) { TellDaytypeRefusal(prompt_, FilterDaytypeKey(code).refusal); });
+        box.onEdited = guarded([=, this] { PutTyped(row); });
+        box.onEnter = [] {}; // and no button of the form
         box.onVerticalArrow = [=, this](int direction) {
             Focus(NeighbourRow(lanes_.Geometry(), row, direction));
         };
@@ -36,7 +39,7 @@ class DaytypeBoxes {
     std::function<void(const WeekChange&)> onChange; // a typed daytype went into the week, or was refused
 
   private:
-    int Type(int row, int code);
+    bool MayType(int row);
     void PutTyped(int row);
     void ShowHint(int row);
 
