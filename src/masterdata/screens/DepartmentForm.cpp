@@ -1,12 +1,7 @@
 #include "masterdata/screens/DepartmentForm.h"
 
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
-
-#include <algorithm>
-#include <array>
-#include <utility>
 
 namespace tvx::qt {
 namespace {
@@ -37,25 +32,19 @@ DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, Form* owner)
     const bool adding = g_.application.FormCommand == "Add";
     setWindowTitle(adding ? QStringLiteral("Add a new Department")
                           : QStringLiteral("Change Department information"));
-    auto* column = new QVBoxLayout(&Face());
-    column->setContentsMargins(Pixels(240), Pixels(180), Pixels(240), Pixels(180));
-    column->setSpacing(Pixels(120));
-    BuildName(*column);
-    BuildWeek(*column);
-    BuildOrder(*column);
-    BuildWords(*column);
-    Label4 = &Add<Label>("Label4", "Hint");
-    Label4->setWordWrap(true);
-    Label4->setAlignment(Qt::AlignLeft | Qt::AlignTop);
-    Label4->setMinimumHeight(3 * Label4->fontMetrics().height());
-    Label4->SetColours(QBColor(1), std::nullopt);
-    column->addWidget(Label4);
-    BuildButtons(*column);
+    QVBoxLayout& column = Column();
+    BuildName(column);
+    BuildWeek(Row(column));
+    BuildOptions(Row(column));
+    BuildWords(Row(column));
+    BuildHint(column);
+    AddCommands(
+        column,
+        {{"Command3D3", "&Help", [this] { ports_.help.ShowTopic(help::DepartmentProfile); }, Role::Aside}},
+        {{"Command3D1", "&OK", [this] { Save(); }, Role::Default},
+         {"Command3D2", "&Cancel", [this] { Unload(); }, Role::Cancel}});
     ShowProfile(DepartmentProfile());
-    setFixedWidth(std::max(Pixels(9000), minimumSizeHint().width())); // a title carries the department's word
-    adjustSize();
-    setFixedSize(size());
-    CenterForm();
+    FixSize(9000); // more where a title carries a long word of the department
     Text1->setFocus();
 }
 
@@ -68,108 +57,73 @@ bool DepartmentForm::Opened() {
     return true;
 }
 
-Frame& DepartmentForm::AddTitled(const char* name, const std::string& title, const std::string& hint) {
-    auto& frame = Add<Frame>(name, title);
-    frame.SetTitle(title);
-    SetHint(frame, hint);
-    return frame;
-}
-
 void DepartmentForm::BuildName(QVBoxLayout& column) {
-    Frame& frame = AddTitled("Frame3D3", "Department name", NameHint);
-    auto* row = new QHBoxLayout(&frame);
+    Frame& frame = AddFrame("Frame3D3", "Department name", column, NameHint);
     Text1 = &Add<TextBox>("Text1", "Department name", &frame);
     Text1->SetTypingLimit(NameLength);
-    row->addWidget(Text1);
-    column.addWidget(&frame);
+    (new QHBoxLayout(&frame))->addWidget(Text1);
 }
 
-void DepartmentForm::BuildWeek(QVBoxLayout& column) {
-    auto* row = new QHBoxLayout;
-    Frame& first = AddTitled("Frame3D2", "First day of the week", FirstDayHint);
+void DepartmentForm::BuildWeek(QHBoxLayout& row) {
+    Frame& first = AddFrame("Frame3D2", "First day of the week", row, FirstDayHint);
     Combo1 = &Add<QComboBox>("Combo1", "First day of the week", &first);
     for (int d = 1; d <= 7; ++d) Combo1->addItem(ToQString(ports_.region.Names().weekdays[d]));
     (new QHBoxLayout(&first))->addWidget(Combo1);
-    row->addWidget(&first, 1);
 
-    Frame& cutoff = AddTitled("Frame3D4", "Calculate daily statistics between ", CutoffHint);
-    auto* line = new QHBoxLayout(&cutoff);
+    Frame& cutoff = AddFrame("Frame3D4", "Calculate daily statistics between ", row, CutoffHint);
+    auto& line = *new QHBoxLayout(&cutoff);
     Combo2 = &Add<QComboBox>("Combo2", "Start of the business day", &cutoff);
     for (const std::string& text : CutoffTexts(g_.application.Settings[setting::ClockStyle]))
         Combo2->addItem(ToQString(text));
+    line.addWidget(Combo2);
     Label1 = &Add<Label>("Label1", "End of the business day", &cutoff);
-    Label2 = &Add<Label>("Label2", "", &cutoff);
-    Label2->SetText("the next day");
-    line->addWidget(Combo2);
-    line->addWidget(Label1);
-    line->addWidget(Label2);
-    line->addStretch();
     Label1->setMinimumWidth(Label1->fontMetrics().horizontalAdvance(QStringLiteral("and 10:45am ")));
-    row->addWidget(&cutoff, 2);
-    column.addLayout(row);
+    line.addWidget(Label1);
+    Label2 = &AddLabel("Label2", "the next day", line, &cutoff);
+    line.addStretch();
+    row.setStretch(0, 1);
+    row.setStretch(1, 2);
     On(*Combo2, &QComboBox::currentIndexChanged, [this](int) { ShowCutoff(); });
 }
 
-void DepartmentForm::BuildOrder(QVBoxLayout& column) {
-    constexpr std::array<const char*, 7> orders{"",           "Last name", "Employee ID", "Assignment",
-                                                "Birth date", "Hire date", "First name"};
-    constexpr std::array<const char*, 4> weeks{
-        "First week that has 4 days in the new year", " First full week in the new year ",
-        "First week that has a January date", "Do not show week numbers"};
-    auto* row = new QHBoxLayout;
-    Frame& order =
-        AddTitled("Frame3D1", g_.department.EmployeeNameSingle + " listing order in Main Editor ", OrderHint);
-    auto* grid = new QGridLayout(&order);
-    for (int i = 1; i <= 6; ++i) {
-        auto& option = Add(SSOption2, "SSOption2", i, orders[static_cast<std::size_t>(i)], &order);
-        option.setText(QLatin1String(orders[static_cast<std::size_t>(i)]));
-        grid->addWidget(&option, (i - 1) % 3, (i - 1) / 3);
-    }
-    row->addWidget(&order, 1);
-    Frame& week = AddTitled("frmWeekoption", "The first week of the year is...  ", WeekHint);
-    auto* lines = new QVBoxLayout(&week);
-    for (int i = 0; i <= 3; ++i) {
-        auto& option = Add(SSOption1, "SSOption1", i, weeks[static_cast<std::size_t>(i)], &week);
-        option.setText(QString::fromLatin1(weeks[static_cast<std::size_t>(i)]).trimmed());
-        lines->addWidget(&option);
-    }
-    row->addWidget(&week, 1);
-    column.addLayout(row);
+void DepartmentForm::BuildOptions(QHBoxLayout& row) {
+    Frame& order = AddFrame("Frame3D1", g_.department.EmployeeNameSingle + " listing order in Main Editor ",
+                            row, OrderHint);
+    AddOptions(SSOption2, "SSOption2", 1,
+               {"Last name", "Employee ID", "Assignment", "Birth date", "Hire date", "First name"}, order, 2);
+    Frame& week = AddFrame("frmWeekoption", "The first week of the year is...  ", row, WeekHint);
+    AddOptions(SSOption1, "SSOption1", 0,
+               {"First week that has 4 days in the new year", " First full week in the new year ",
+                "First week that has a January date", "Do not show week numbers"},
+               week, 1);
+    row.setStretch(0, 1);
+    row.setStretch(1, 1);
 }
 
-TextBox& DepartmentForm::AddWord(Frame& frame, const char* name, const char* label) {
-    auto* line = static_cast<QGridLayout*>(frame.layout());
-    const int row = line->rowCount();
-    auto& caption = Add<Label>("", "", &frame);
-    caption.SetText(label);
-    auto& box = Add<TextBox>(name, FromQString(frame.title().trimmed()) + ", " + label, &frame);
-    box.SetTypingLimit(WordLength);
-    line->addWidget(&caption, row, 0);
-    line->addWidget(&box, row, 1);
-    return box;
+/// A frame for the two forms of a word.
+void DepartmentForm::BuildWord(QHBoxLayout& row, const WordFrame& word) {
+    Frame& frame = AddFrame(word.name, word.title, row, word.hint);
+    const std::string what = FromQString(frame.title().trimmed());
+    word.single = &AddField(word.singleName, "Single", frame, what + ", Single");
+    word.plural = &AddField(word.pluralName, "Plural", frame, what + ", Plural");
+    for (TextBox* box : {word.single, word.plural}) box->SetTypingLimit(WordLength);
+    row.setStretchFactor(&frame, 1);
 }
 
-void DepartmentForm::BuildWords(QVBoxLayout& column) {
-    auto* row = new QHBoxLayout;
-    Frame& people = AddTitled("Frame1", "Generic name for Employees", EmployeeHint);
-    new QGridLayout(&people);
-    txtGenEmployee = &AddWord(people, "txtGenEmployee", "Single");
-    txtGenEmployees = &AddWord(people, "txtGenEmployees", "Plural");
-    Frame& daysOff = AddTitled("Frame3", "Generic name for requested days off ", DayOffHint);
-    new QGridLayout(&daysOff);
-    txtDayOff = &AddWord(daysOff, "txtDayOff", "Single");
-    txtDaysOff = &AddWord(daysOff, "txtDaysOff", "Plural");
-    row->addWidget(&people, 1);
-    row->addWidget(&daysOff, 1);
-    column.addLayout(row);
+void DepartmentForm::BuildWords(QHBoxLayout& row) {
+    BuildWord(row, {"Frame1", "Generic name for Employees", EmployeeHint, "txtGenEmployee", txtGenEmployee,
+                    "txtGenEmployees", txtGenEmployees});
+    BuildWord(row, {"Frame3", "Generic name for requested days off ", DayOffHint, "txtDayOff", txtDayOff,
+                    "txtDaysOff", txtDaysOff});
 }
 
-void DepartmentForm::BuildButtons(QVBoxLayout& column) {
-    AddCommands(
-        column,
-        {{"Command3D3", "&Help", [this] { ports_.help.ShowTopic(help::DepartmentProfile); }, Role::Aside}},
-        {{"Command3D1", "&OK", [this] { Save(); }, Role::Default},
-         {"Command3D2", "&Cancel", [this] { Unload(); }, Role::Cancel}});
+void DepartmentForm::BuildHint(QVBoxLayout& column) {
+    Label4 = &Add<Label>("Label4", "Hint");
+    Label4->setWordWrap(true);
+    Label4->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    Label4->setMinimumHeight(3 * Label4->fontMetrics().height());
+    Label4->SetColours(QBColor(1), std::nullopt);
+    column.addWidget(Label4);
 }
 
 void DepartmentForm::ShowProfile(const DepartmentProfile& profile) {
@@ -178,8 +132,8 @@ void DepartmentForm::ShowProfile(const DepartmentProfile& profile) {
     Combo2->setCurrentIndex(profile.cutoffQuarters);
     ShowCutoff();
     if (!profile.weekKnown) Label1->SetText("and Midn.");
-    SSOption1[profile.weekMethod].setChecked(true);
-    SSOption2[profile.editorOrder].setChecked(true);
+    SSOption1.Choose(profile.weekMethod);
+    SSOption2.Choose(profile.editorOrder);
     ShowWords(profile);
 }
 
@@ -195,10 +149,8 @@ DepartmentProfile DepartmentForm::Profile() const {
     profile.name = Text1->Text();
     profile.firstWeekday = Combo1->currentIndex() + 1;
     profile.cutoffQuarters = Combo2->currentIndex();
-    for (const auto& [index, option] : SSOption1)
-        if (option->isChecked()) profile.weekMethod = index;
-    for (const auto& [index, option] : SSOption2)
-        if (option->isChecked()) profile.editorOrder = index;
+    profile.weekMethod = SSOption1.Chosen().value_or(profile.weekMethod);
+    profile.editorOrder = SSOption2.Chosen().value_or(profile.editorOrder);
     profile.employeeNameSingle = txtGenEmployee->Text();
     profile.employeeNamePlural = txtGenEmployees->Text();
     profile.dayOffNameSingle = txtDayOff->Text();

@@ -5,9 +5,6 @@
 #include "masterdata/Departments.h"
 
 #include <QComboBox>
-#include <QRadioButton>
-
-class QVBoxLayout;
 
 namespace tvx::qt {
 
@@ -25,13 +22,22 @@ class DepartmentForm : public Form {
     void ShowHint(const std::string& hint) override { Label4->SetText(hint); }
 
   private:
-    Frame& AddTitled(const char* name, const std::string& title, const std::string& hint);
+    struct WordFrame {
+        const char* name;
+        const char* title;
+        const char* hint;
+        const char* singleName;
+        TextBox*& single;
+        const char* pluralName;
+        TextBox*& plural;
+    };
+
     void BuildName(QVBoxLayout& column);
-    void BuildWeek(QVBoxLayout& column);
-    void BuildOrder(QVBoxLayout& column);
-    void BuildWords(QVBoxLayout& column);
-    void BuildButtons(QVBoxLayout& column);
-    TextBox& AddWord(Frame& frame, const char* name, const char* label);
+    void BuildWeek(QHBoxLayout& row);
+    void BuildOptions(QHBoxLayout& row);
+    void BuildWord(QHBoxLayout& row, const WordFrame& word);
+    void BuildWords(QHBoxLayout& row);
+    void BuildHint(QVBoxLayout& column);
     void ShowProfile(const DepartmentProfile& profile);
     void ShowWords(const DepartmentProfile& profile);
     DepartmentProfile Profile() const;
@@ -41,14 +47,14 @@ class DepartmentForm : public Form {
     GlobalState& g_;
     bool saved_ = false;
 
-    TextBox* Text1 = nullptr;             // name
-    QComboBox* Combo1 = nullptr;          // first day of the week
-    QComboBox* Combo2 = nullptr;          // cut-off
-    Label* Label1 = nullptr;              // "and " + the cut-off
-    Label* Label2 = nullptr;              // "the next day"
-    Label* Label4 = nullptr;              // hints
-    ControlArray<QRadioButton> SSOption1; // [0..3], the first week of the year
-    ControlArray<QRadioButton> SSOption2; // [1..6], listing order
+    TextBox* Text1 = nullptr;    // name
+    QComboBox* Combo1 = nullptr; // first day of the week
+    QComboBox* Combo2 = nullptr; // cut-off
+    Label* Label1 = nullptr;     // "and " + the cut-off
+    Label* Label2 = nullptr;     // "the next day"
+    Label* Label4 = nullptr;     // hints
+    Options<int> SSOption1;      // [0..3], the first week of the year
+    Options<int> SSOption2;      // [1..6], listing order
     TextBox* txtGenEmployee = nullptr;
     TextBox* txtGenEmployees = nullptr;
     TextBox* txtDayOff = nullptr;

@@ -1,10 +1,8 @@
 #include "masterdata/screens/EmployeeSearchForm.h"
 
 #include <QAbstractListModel>
-#include <QHBoxLayout>
 #include <QPainter>
 #include <QStyledItemDelegate>
-#include <QVBoxLayout>
 
 namespace tvx::qt {
 namespace {
@@ -82,42 +80,33 @@ EmployeeSearchForm::EmployeeSearchForm(GlobalState& g, Ports& ports, Form* owner
     : Form(ports, "Form5", owner), g_(g) {
     setWindowTitle(ToQString(SearchTitle(g_)));
     Build();
-    Fill();
-    setFixedSize(Pixels(5400), Pixels(6000));
-    CenterForm();
+    FixSize(5400, 6000);
     Text1->setFocus();
 }
 
+bool EmployeeSearchForm::Opened() {
+    Fill();
+    return true;
+}
+
 void EmployeeSearchForm::Build() {
-    auto* column = new QVBoxLayout(&Face());
-    column->setContentsMargins(Pixels(240), Pixels(180), Pixels(240), Pixels(180));
-    auto& caption = Add<Label>("Label1", "");
-    caption.SetText("Enter all or part of last name");
+    QVBoxLayout& column = Column();
+    column.setSpacing(-1); // the style's: a list stands close to what narrows it
+    AddLabel("Label1", "Enter all or part of last name", column);
     Text1 = &Add<TextBox>("Text1", "All or part of last name");
+    column.addWidget(Text1);
     List1 = &Add<QListView>("List1", g_.department.EmployeeNamePlural);
     List1->setUniformItemSizes(true);
     List1->setItemDelegate(new ColumnDelegate(List1));
     List1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    auto* buttons = new QHBoxLayout;
-    Command3D1 = &Add<QPushButton>("Command3D1", "OK");
-    Command3D1->setText(QStringLiteral("&OK"));
-    auto& cancel = Add<QPushButton>("Command3D2", "Cancel");
-    cancel.setText(QStringLiteral("&Cancel"));
-    buttons->addStretch();
-    buttons->addWidget(Command3D1);
-    buttons->addWidget(&cancel);
-    column->addWidget(&caption);
-    column->addWidget(Text1);
-    column->addWidget(List1, 1);
-    column->addLayout(buttons);
+    column.addWidget(List1, 1);
+    AddCommands(column, {},
+                {{"Command3D1", "&OK", [this] { Pick(); }, Role::Default},
+                 {"Command3D2", "&Cancel", [this] { Unload(); }, Role::Cancel}});
     On(*Text1, &QLineEdit::textChanged, [this](const QString&) { Search(); });
     Text1->onEnter = Guarded([this] { Pick(); });
     Text1->onVerticalArrow = [this](int direction) { Select(List1->currentIndex().row() + direction); };
     On(*List1, &QListView::doubleClicked, [this](const QModelIndex&) { Pick(); });
-    On(*Command3D1, &QPushButton::clicked, [this] { Pick(); });
-    On(cancel, &QPushButton::clicked, [this] { Unload(); });
-    SetCancelButton(cancel);
-    SetDefaultButton(*Command3D1);
 }
 
 void EmployeeSearchForm::Fill() {

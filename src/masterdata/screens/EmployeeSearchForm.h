@@ -21,6 +21,9 @@ class EmployeeSearchForm : public Form {
     /// True when somebody was picked; `SelectedEmployee` holds the key.
     bool Picked() const { return picked_; }
 
+  protected:
+    bool Opened() override;
+
   private:
     void Build();
     void Fill();
@@ -34,7 +37,6 @@ class EmployeeSearchForm : public Form {
 
     TextBox* Text1 = nullptr;   // all or part of the last name
     QListView* List1 = nullptr; // name, ID, assignment
-    QPushButton* Command3D1 = nullptr;
 };
 
 } // namespace tvx::qt

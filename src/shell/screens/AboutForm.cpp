@@ -2,9 +2,7 @@
 
 #include "shell/console/Console.h"
 
-#include <QHBoxLayout>
 #include <QSysInfo>
-#include <QVBoxLayout>
 
 namespace tvx::qt {
 namespace {
@@ -24,9 +22,8 @@ std::string SystemInformation(const GlobalState& g) {
 AboutForm::AboutForm(const GlobalState& g, Ports& ports, Form* owner)
     : Form(ports, "frmAbout", owner), g_(g) {
     setWindowTitle(QStringLiteral("About Tarvex"));
-    auto* column = new QVBoxLayout(&Face());
-    column->setContentsMargins(Pixels(360), Pixels(300), Pixels(360), Pixels(240));
-    column->setSpacing(Pixels(120));
+    QVBoxLayout& column = Column();
+    column.setContentsMargins(Pixels(360), Pixels(300), Pixels(360), Pixels(240));
     auto& title = Add<Label>("lblTitle", "Program");
     QFont font = title.font();
     font.setPointSizeF(16);
@@ -38,24 +35,14 @@ AboutForm::AboutForm(const GlobalState& g, Ports& ports, Form* owner)
                     std::to_string(ProgramRevision));
     auto& purpose = Add<Label>("lblDescription", "Purpose");
     purpose.SetText("Plans the working hours of hourly staff.");
-    auto& sysInfo = Add<QPushButton>("cmdSysInfo", "System information");
-    sysInfo.setText(QStringLiteral("&System Info..."));
-    auto& ok = Add<QPushButton>("cmdOK", "OK");
-    ok.setText(QStringLiteral("OK"));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(&sysInfo);
-    buttons->addWidget(&ok);
-    for (QWidget* line : std::initializer_list<QWidget*>{&title, &version, &purpose}) column->addWidget(line);
-    column->addSpacing(Pixels(240));
-    column->addLayout(buttons);
-    On(sysInfo, &QPushButton::clicked, [this] { StartSysInfo(); });
-    On(ok, &QPushButton::clicked, [this] { Unload(); });
-    SetDefaultButton(ok);
+    for (QWidget* line : std::initializer_list<QWidget*>{&title, &version, &purpose}) column.addWidget(line);
+    column.addSpacing(Pixels(240));
+    QHBoxLayout& buttons = Row(column);
+    buttons.addStretch();
+    AddCommand({"cmdSysInfo", "&System Info...", [this] { StartSysInfo(); }}, buttons);
+    QPushButton& ok = AddCommand({"cmdOK", "OK", [this] { Unload(); }, Role::Default}, buttons);
     SetCancelButton(ok);
-    adjustSize();
-    setFixedSize(size());
-    CenterForm();
+    FixSize();
     ok.setFocus();
 }
 

@@ -12,8 +12,7 @@ namespace tvx::qt {
 SplashForm::SplashForm(Ports& ports) : Form(ports, "frmSplash", nullptr) {
     setWindowFlags(Qt::SplashScreen | Qt::FramelessWindowHint);
     setWindowTitle(QStringLiteral("Tarvex"));
-    setFixedSize(Pixels(6600), Pixels(2700));
-    CenterForm();
+    FixSize(6600, 2700);
 }
 
 void SplashForm::ShowPainted() {

@@ -2,17 +2,15 @@
 
 #include "shell/console/Console.h"
 
-#include <QHBoxLayout>
 #include <QPainter>
-#include <QVBoxLayout>
 
 namespace tvx::qt {
 
 TipForm::TipForm(const Department& department, Ports& ports, Form* owner) : Form(ports, "frmTip", owner) {
     setWindowTitle(QStringLiteral("Examle department"));
-    auto* column = new QVBoxLayout(&Face());
-    column->setContentsMargins(Pixels(240), Pixels(240), Pixels(240), Pixels(240));
-    column->setSpacing(Pixels(180));
+    QVBoxLayout& column = Column();
+    column.setContentsMargins(Pixels(240), Pixels(240), Pixels(240), Pixels(240));
+    column.setSpacing(Pixels(180));
     auto& picture = Add<PictureBox>("Picture1", "Example department");
     picture.setFixedSize(Pixels(7200), Pixels(2100));
     const auto lines = ExampleNote(department);
@@ -29,19 +27,12 @@ TipForm::TipForm(const Department& department, Ports& ports, Form* owner) : Form
             y += step;
         }
     };
-    auto& ok = Add<QPushButton>("cmdOk", "OK");
-    ok.setText(QStringLiteral("&OK"));
-    auto* buttons = new QHBoxLayout;
-    buttons->addStretch();
-    buttons->addWidget(&ok);
-    column->addWidget(&picture);
-    column->addLayout(buttons);
-    On(ok, &QPushButton::clicked, [this] { Unload(); });
-    SetDefaultButton(ok);
+    column.addWidget(&picture);
+    QHBoxLayout& buttons = Row(column);
+    buttons.addStretch();
+    QPushButton& ok = AddCommand({"cmdOk", "&OK", [this] { Unload(); }, Role::Default}, buttons);
     SetCancelButton(ok);
-    adjustSize();
-    setFixedSize(size());
-    CenterForm();
+    FixSize();
     ok.setFocus();
 }
 
