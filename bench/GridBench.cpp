@@ -22,13 +22,6 @@ namespace {
 constexpr DaySerial Sunday = 45294;
 constexpr int People = 100;
 
-class NoScreens : public qt::EditorScreens {
-  public:
-    void OpenDaytypes(qt::Form&) override {}
-    void OpenShifts(qt::Form&) override {}
-    void OpenSchedules(qt::Form&) override {}
-};
-
 /// A store with a hundred people and the editor open on their week.
 struct Editor {
     Editor() {
@@ -50,7 +43,7 @@ struct Editor {
     MainLanes lanes{store.g.grid, store.g.roster, store.g.cursor};
     BarDrag drag{lanes, store.g};
     LaneView view{lanes, drag, store.g};
-    NoScreens screens;
+    qt::Screens screens; // none: nothing is opened over it
     std::unique_ptr<qt::MainEditorForm> form;
 };
 

@@ -214,7 +214,7 @@ void Save(const std::shared_ptr<People>& people) {
             record.comments = "Round " + std::to_string(++*turn);
             return Seconds([&] {
                 if (SaveEmployeeRecord(people->store.g, people->store.ports(), record) !=
-                    EmployeeResult::Saved)
+                    SaveResult::Saved)
                     Complain("not saved");
             });
         },

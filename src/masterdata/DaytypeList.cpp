@@ -24,18 +24,18 @@ int IndexOfSymbol(const Daytypes& daytypes, const std::string& symbol, int excep
 }
 
 /// Checks both texts. `gap` stands behind "for" in the box on a symbol in use.
-DaytypeResult Check(const GlobalState& g, Prompt& prompt, const std::string& symbol,
+SaveResult Check(const GlobalState& g, Prompt& prompt, const std::string& symbol,
                     const std::string& explanation, int except, const std::string& gap) {
     if (IsBlank(symbol) || IsBlank(explanation)) {
         prompt.Beep();
-        return DaytypeResult::Incomplete;
+        return SaveResult::Incomplete;
     }
     const int taken = IndexOfSymbol(g.daytypes, symbol, except);
-    if (taken == 0) return DaytypeResult::Done;
+    if (taken == 0) return SaveResult::Saved;
     prompt.Beep();
     prompt.MsgBox("DayType " + Trim(symbol) + "\r\n is in use for" + gap + g.daytypes.DayTypeNames[taken],
                   box::Ok, "DayType duplicate");
-    return DaytypeResult::InUse;
+    return SaveResult::InUse;
 }
 
 /// Runs a step on the store; what it refuses goes by without a word.
@@ -82,33 +82,33 @@ std::vector<std::pair<std::string, int>> DaytypeRows(const Daytypes& daytypes) {
     return rows;
 }
 
-DaytypeResult AddDaytype(GlobalState& g, Prompt& prompt, const std::string& symbol,
+SaveResult AddDaytype(GlobalState& g, Prompt& prompt, const std::string& symbol,
                          const std::string& explanation) {
     if (g.daytypes.DayTypeCount >= MostDayTypes) {
         prompt.Beep();
-        return DaytypeResult::Incomplete;
+        return SaveResult::Incomplete;
     }
-    const DaytypeResult result = Check(g, prompt, symbol, explanation, 0, " ");
-    if (result != DaytypeResult::Done) return result;
+    const SaveResult result = Check(g, prompt, symbol, explanation, 0, " ");
+    if (result != SaveResult::Saved) return result;
     const int index = ++g.daytypes.DayTypeCount;
     g.daytypes.DayTypeSymbols[index] = Trim(symbol);
     g.daytypes.DayTypeNames[index] = Trim(explanation);
     Quietly([&] { AddDayTypeRow(g.store.Open(), RowOf(g, symbol, Trim(explanation))); });
     ReadAgain(g);
-    return DaytypeResult::Done;
+    return SaveResult::Saved;
 }
 
-DaytypeResult ChangeDaytype(GlobalState& g, Prompt& prompt, int index, const std::string& symbol,
+SaveResult ChangeDaytype(GlobalState& g, Prompt& prompt, int index, const std::string& symbol,
                             const std::string& explanation) {
     const std::string name = NormalizedExplanation(explanation);
-    const DaytypeResult result = Check(g, prompt, symbol, name, index, "");
-    if (result != DaytypeResult::Done) return result;
+    const SaveResult result = Check(g, prompt, symbol, name, index, "");
+    if (result != SaveResult::Saved) return result;
     const std::string oldSymbol = g.daytypes.DayTypeSymbols[index];
     g.daytypes.DayTypeSymbols[index] = Trim(symbol);
     g.daytypes.DayTypeNames[index] = name;
     Quietly([&] { ChangeDayTypeRow(g.store.Open(), oldSymbol, RowOf(g, symbol, name)); });
     ReadAgain(g);
-    return DaytypeResult::Done;
+    return SaveResult::Saved;
 }
 
 void DeleteDaytype(GlobalState& g, int index) {
@@ -118,26 +118,20 @@ void DeleteDaytype(GlobalState& g, int index) {
     ReadAgain(g);
 }
 
-int DayOfDrop(const GlobalState& g) {
-    return g.listDialog.DayTypeCaller == "Week" ? g.listDialog.DayTypeColumn : g.cursor.CurrentDay;
-}
-
-std::string DropDateText(const GlobalState& g, const Region& region) {
-    const DaySerial date = g.week.WeekStartJulian + DayOfDrop(g) - 1;
+std::string DropDateText(const GlobalState& g, const Region& region, int day) {
+    const DaySerial date = g.week.WeekStartJulian + day - 1;
     return region.Names().weekdays[Weekday(date)] + ", " +
            DateText(date, g.application.DateFormatSetting, region);
 }
 
-std::string DropTitle(const GlobalState& g) {
-    const int e = g.cursor.CurrentEmployee;
-    return g.department.CurrentDepName + ": " + g.roster.RosterName1[e] + " " + g.roster.RosterName2[e];
+std::string DropTitle(const GlobalState& g, int employee) {
+    return g.department.CurrentDepName + ": " + g.roster.RosterName1[employee] + " " +
+           g.roster.RosterName2[employee];
 }
 
-void DropDaytype(GlobalState& g, int index) {
-    const int e = g.cursor.CurrentEmployee;
-    const int day = DayOfDrop(g);
+void DropDaytype(GlobalState& g, int employee, int day, int index) {
     const std::string symbol = Trim(g.daytypes.DayTypeSymbols[index]);
-    if (symbol != Trim(g.week.DayTypeText[day][e])) WeekEdit(g).SetDaytype(e, day, symbol);
+    if (symbol != Trim(g.week.DayTypeText[day][employee])) WeekEdit(g).SetDaytype(employee, day, symbol);
 }
 
 } // namespace tvx

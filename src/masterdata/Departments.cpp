@@ -141,9 +141,9 @@ bool CheckDepartmentNameInUse(const std::vector<DepartmentRow>& departments, con
     return Named(departments, name) != nullptr;
 }
 
-ProfileResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& profile) {
+SaveResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& profile) {
     TakeDefaults(profile);
-    if (Trim(profile.name).empty()) return ProfileResult::NameMissing;
+    if (Trim(profile.name).empty()) return SaveResult::Incomplete;
     Occasion occasion = Occasion::ReadingDepartments;
     try {
         ReadDepartmentRows(g.store.Open()); // a table that cannot be read is told apart from a lock
@@ -152,13 +152,13 @@ ProfileResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& 
         const bool adding = g.application.FormCommand == "Add";
         if (!WriteProfile(g, profile, adding)) {
             TellNameInUse(prompt, typed);
-            return ProfileResult::NameInUse;
+            return SaveResult::InUse;
         }
         PutInForce(g.department, profile, adding);
-        return ProfileResult::Saved;
+        return SaveResult::Saved;
     } catch (const dao::DaoError& trouble) {
         TellTrouble(prompt, TroubleOf(occasion, trouble, "Department"));
-        return ProfileResult::Refused;
+        return SaveResult::Refused;
     }
 }
 

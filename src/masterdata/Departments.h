@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/ports/Ports.h"
+#include "shell/common/SaveResult.h"
 #include "shell/state/TVXGLOB.h"
 #include "store/rows/DepartmentRow.h"
 
@@ -35,17 +36,10 @@ struct DepartmentProfile {
 /// Nothing, and its box is shown, when the table cannot be read or the department is gone.
 std::optional<DepartmentProfile> OpenProfile(const GlobalState& g, Prompt& prompt);
 
-enum class ProfileResult {
-    Saved,
-    NameMissing, // the name is empty: the focus belongs on it
-    NameInUse,   // told: the focus belongs on it
-    Refused,     // the store refused, told; what was typed is still there
-};
-
 /// Adds a department, or changes the current one, as `FormCommand` "Add" or "Change" says, and shows the box
 /// of any refusal. Empty words for people and days off become the defaults, in `profile` too. An added
 /// department gets no words of its own. After Saved the current department's settings are in force.
-ProfileResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& profile);
+SaveResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& profile);
 
 /// True when a department has this name but for case and outer blanks.
 bool CheckDepartmentNameInUse(const std::vector<DepartmentRow>& departments, const std::string& name);

@@ -153,19 +153,19 @@ std::vector<int> EmployeeKeys(const GlobalState& g) {
     return ReadEmployeeKeys(g.store.Open(), g.department.CurrentDepNumber);
 }
 
-EmployeeResult SaveEmployeeRecord(GlobalState& g, Ports& ports, const EmployeeRecord& record) {
+SaveResult SaveEmployeeRecord(GlobalState& g, Ports& ports, const EmployeeRecord& record) {
     if (Trim(record.Text2[box_of::LastName]).empty()) {
         ports.prompt.Beep();
         ports.prompt.MsgBox("Last name must be filled out.", box::Ok, "Last Name is blank");
-        return EmployeeResult::NameMissing;
+        return SaveResult::Incomplete;
     }
     try {
         WriteRecord(g, record, ports);
     } catch (const dao::DaoError& trouble) {
         TellTrouble(ports.prompt, TroubleOf(Occasion::Saving, trouble, g.department.EmployeeNameSingle));
-        return EmployeeResult::Refused;
+        return SaveResult::Refused;
     }
-    return EmployeeResult::Saved;
+    return SaveResult::Saved;
 }
 
 int FilterEmployeeKey(int index, int code, const std::string& text) {

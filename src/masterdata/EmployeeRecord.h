@@ -3,6 +3,7 @@
 
 #include "masterdata/AvailabilityGrid.h"
 #include "platform/ports/Ports.h"
+#include "shell/common/SaveResult.h"
 #include "shell/state/TVXGLOB.h"
 
 #include <array>
@@ -63,15 +64,9 @@ EmployeeRecord LoadEmployeeRecord(const GlobalState& g, const Region& region, in
 /// Keys of the whole department in the order of last names, inactive people included. Throws DaoError.
 std::vector<int> EmployeeKeys(const GlobalState& g);
 
-enum class EmployeeResult {
-    Saved,
-    NameMissing, // told: the focus belongs on the last name
-    Refused,     // the store refused, told; what was typed is still there
-};
-
 /// Adds the record to the current department ("Add"), or writes it to the stored record of its key ("Change",
 /// "Move"), in one transaction, with the boxes of any refusal.
-EmployeeResult SaveEmployeeRecord(GlobalState& g, Ports& ports, const EmployeeRecord& record);
+SaveResult SaveEmployeeRecord(GlobalState& g, Ports& ports, const EmployeeRecord& record);
 
 /// The key rule of a box: 0 drops the key. The double quote is dropped everywhere; pay takes digits, one
 /// point and backspace; the state's letters become capitals. `text` is what the box holds.

@@ -15,54 +15,54 @@ int IndexOfName(const Shifts& shifts, const std::string& name, int except) {
     return 0;
 }
 
-ShiftResult Check(const Shifts& shifts, Prompt& prompt, const std::string& name, int except,
+SaveResult Check(const Shifts& shifts, Prompt& prompt, const std::string& name, int except,
                   const char* what) {
     if (Trim(name).empty()) {
         prompt.Beep();
-        return ShiftResult::Incomplete;
+        return SaveResult::Incomplete;
     }
-    if (IndexOfName(shifts, name, except) == 0) return ShiftResult::Done;
+    if (IndexOfName(shifts, name, except) == 0) return SaveResult::Saved;
     prompt.Beep();
     prompt.MsgBox(std::string(what) + Trim(name) + "\r\n is in use...", box::Ok, "Shift name duplicate");
-    return ShiftResult::InUse;
+    return SaveResult::InUse;
 }
 
 /// Writes the changed list and reads it back. On trouble the list in memory is as it was before.
-ShiftResult Keep(GlobalState& g, Prompt& prompt, const Shifts& changed) {
+SaveResult Keep(GlobalState& g, Prompt& prompt, const Shifts& changed) {
     try {
         WriteStoredShifts(g.paths.ProgramPath, g.department.CurrentDepNumber, changed);
     } catch (const FileError& trouble) {
         prompt.MsgBox("Could not write the file of the shifts.\r\n\r\n" + std::string(trouble.what()),
                       box::Exclamation, "File error");
-        return ShiftResult::NotWritten;
+        return SaveResult::Refused;
     }
     LoadStoredShifts(g.paths.ProgramPath, g.department.CurrentDepNumber, g.shifts);
-    return ShiftResult::Done;
+    return SaveResult::Saved;
 }
 
 } // namespace
 
-ShiftResult AddShift(GlobalState& g, Prompt& prompt, const std::string& name) {
+SaveResult AddShift(GlobalState& g, Prompt& prompt, const std::string& name) {
     if (g.shifts.ShiftCount >= MostShiftsToAdd) {
         prompt.Beep();
-        return ShiftResult::Incomplete;
+        return SaveResult::Incomplete;
     }
-    const ShiftResult result = Check(g.shifts, prompt, name, 0, "Shift ");
-    if (result != ShiftResult::Done) return result;
+    const SaveResult result = Check(g.shifts, prompt, name, 0, "Shift ");
+    if (result != SaveResult::Saved) return result;
     Shifts changed = g.shifts;
     changed.ShiftNames[++changed.ShiftCount] = Trim(name);
     return Keep(g, prompt, changed);
 }
 
-ShiftResult RenameShift(GlobalState& g, Prompt& prompt, int index, const std::string& name) {
-    const ShiftResult result = Check(g.shifts, prompt, name, index, "Shift name ");
-    if (result != ShiftResult::Done) return result;
+SaveResult RenameShift(GlobalState& g, Prompt& prompt, int index, const std::string& name) {
+    const SaveResult result = Check(g.shifts, prompt, name, index, "Shift name ");
+    if (result != SaveResult::Saved) return result;
     Shifts changed = g.shifts;
     changed.ShiftNames[index] = Trim(name);
     return Keep(g, prompt, changed);
 }
 
-ShiftResult DeleteShift(GlobalState& g, Prompt& prompt, int index) {
+SaveResult DeleteShift(GlobalState& g, Prompt& prompt, int index) {
     Shifts changed = g.shifts;
     changed.ShiftNames[index].clear();
     return Keep(g, prompt, changed);

@@ -37,10 +37,10 @@ class DaytypeListTest : public testing::Test {
         rs.Update();
     }
     void Reload() { LoadDayTypes(g.store, g.department.CurrentDepNumber, g.daytypes); }
-    DaytypeResult Add(const std::string& symbol, const std::string& name) {
+    SaveResult Add(const std::string& symbol, const std::string& name) {
         return AddDaytype(g, store.prompt(), symbol, name);
     }
-    DaytypeResult Change(int index, const std::string& symbol, const std::string& name) {
+    SaveResult Change(int index, const std::string& symbol, const std::string& name) {
         return ChangeDaytype(g, store.prompt(), index, symbol, name);
     }
     std::vector<std::string> Rows() {
@@ -55,7 +55,7 @@ class DaytypeListTest : public testing::Test {
     void FillTo(int count) {
         for (int i = 1; g.daytypes.DayTypeCount < count; ++i) {
             const std::string symbol = std::to_string(100 + i).substr(1);
-            ASSERT_EQ(Add(symbol, "Number " + symbol), DaytypeResult::Done);
+            ASSERT_EQ(Add(symbol, "Number " + symbol), SaveResult::Saved);
         }
     }
 };
@@ -109,34 +109,34 @@ TEST(NormalizedExplanation, is_trimmed_and_begins_with_a_capital) {
 // ---- adding ----
 
 TEST_F(DaytypeListTest, an_added_one_is_stored_for_the_department_and_listed_in_its_place) {
-    EXPECT_EQ(Add("BX", "Boxing"), DaytypeResult::Done);
+    EXPECT_EQ(Add("BX", "Boxing"), SaveResult::Saved);
     EXPECT_EQ(Listed(), (std::vector<std::string>{"BK= Baker", "BX= Boxing", "CA= Cashier"}));
     EXPECT_EQ(Rows(),
               (std::vector<std::string>{"1|CA|Carrying", "2|BK|Baker", "2|BX|Boxing", "2|CA|Cashier"}));
 }
 
 TEST_F(DaytypeListTest, a_bracket_is_a_symbol) {
-    EXPECT_EQ(Add("[A", "Bracket"), DaytypeResult::Done);
+    EXPECT_EQ(Add("[A", "Bracket"), SaveResult::Saved);
     EXPECT_EQ(Listed(), (std::vector<std::string>{"[A= Bracket", "BK= Baker", "CA= Cashier"}));
 }
 
 TEST_F(DaytypeListTest, a_symbol_of_one_character_is_one) {
-    EXPECT_EQ(Add("C", "Cleaning"), DaytypeResult::Done);
+    EXPECT_EQ(Add("C", "Cleaning"), SaveResult::Saved);
     EXPECT_EQ(g.daytypes.DayTypeCount, 3);
 }
 
 TEST_F(DaytypeListTest, a_blank_box_brings_a_beep_and_nothing_else) {
-    EXPECT_EQ(Add("", "Name"), DaytypeResult::Incomplete);
-    EXPECT_EQ(Add("  ", "Name"), DaytypeResult::Incomplete);
-    EXPECT_EQ(Add("DL", ""), DaytypeResult::Incomplete);
-    EXPECT_EQ(Add("DL", "   "), DaytypeResult::Incomplete);
+    EXPECT_EQ(Add("", "Name"), SaveResult::Incomplete);
+    EXPECT_EQ(Add("  ", "Name"), SaveResult::Incomplete);
+    EXPECT_EQ(Add("DL", ""), SaveResult::Incomplete);
+    EXPECT_EQ(Add("DL", "   "), SaveResult::Incomplete);
     EXPECT_EQ(store.prompt().Beeps(), 4);
     EXPECT_EQ(Rows().size(), 3U);
 }
 
 TEST_F(DaytypeListTest, a_symbol_in_use_is_told_with_its_explanation) {
     store.prompt().Expect("DayType ca\n is in use for Cashier", 0, "DayType duplicate");
-    EXPECT_EQ(Add("ca ", "Carpentry"), DaytypeResult::InUse);
+    EXPECT_EQ(Add("ca ", "Carpentry"), SaveResult::InUse);
     EXPECT_EQ(store.prompt().Beeps(), 1);
     EXPECT_EQ(Rows().size(), 3U);
 }
@@ -144,7 +144,7 @@ TEST_F(DaytypeListTest, a_symbol_in_use_is_told_with_its_explanation) {
 TEST_F(DaytypeListTest, a_71st_is_taken_and_a_72nd_is_not) {
     FillTo(71);
     EXPECT_EQ(g.daytypes.DayTypeCount, 71);
-    EXPECT_EQ(Add("ZZ", "Too many"), DaytypeResult::Incomplete);
+    EXPECT_EQ(Add("ZZ", "Too many"), SaveResult::Incomplete);
     EXPECT_EQ(Rows().size(), 72U) << "one is of the other department";
 }
 
@@ -158,25 +158,25 @@ TEST_F(DaytypeListTest, a_file_with_more_gives_71) {
 // ---- changing ----
 
 TEST_F(DaytypeListTest, a_change_replaces_symbol_and_explanation) {
-    EXPECT_EQ(Change(2, "CH", " cash desk "), DaytypeResult::Done);
+    EXPECT_EQ(Change(2, "CH", " cash desk "), SaveResult::Saved);
     EXPECT_EQ(Rows(), (std::vector<std::string>{"1|CA|Carrying", "2|BK|Baker", "2|CH|Cash desk"}));
     EXPECT_EQ(Listed(), (std::vector<std::string>{"BK= Baker", "CH= Cash desk"}));
 }
 
 TEST_F(DaytypeListTest, a_change_of_the_explanation_alone_is_taken) {
-    EXPECT_EQ(Change(2, "CA", "Cash"), DaytypeResult::Done);
+    EXPECT_EQ(Change(2, "CA", "Cash"), SaveResult::Saved);
     EXPECT_EQ(Rows()[2], "2|CA|Cash");
 }
 
 TEST_F(DaytypeListTest, a_change_to_the_symbol_of_another_is_told) {
     store.prompt().Expect("DayType BK\n is in use forBaker", 0, "DayType duplicate");
-    EXPECT_EQ(Change(2, "BK", "Cash"), DaytypeResult::InUse);
+    EXPECT_EQ(Change(2, "BK", "Cash"), SaveResult::InUse);
     EXPECT_EQ(Rows()[2], "2|CA|Cashier");
 }
 
 TEST_F(DaytypeListTest, a_change_to_nothing_brings_a_beep) {
-    EXPECT_EQ(Change(2, "", "Cash"), DaytypeResult::Incomplete);
-    EXPECT_EQ(Change(2, "CA", " "), DaytypeResult::Incomplete);
+    EXPECT_EQ(Change(2, "", "Cash"), SaveResult::Incomplete);
+    EXPECT_EQ(Change(2, "CA", " "), SaveResult::Incomplete);
     EXPECT_EQ(store.prompt().Beeps(), 2);
 }
 
@@ -184,7 +184,7 @@ TEST_F(DaytypeListTest, stored_days_keep_the_symbol_that_they_were_saved_with) {
     store.AddEmployee({.lastName = "Adams"});
     store.PutDay(46082, 1, test::StartsStops({{36, 68}}), "CA");
     const auto before = store.Rows();
-    EXPECT_EQ(Change(2, "CH", "Cash"), DaytypeResult::Done);
+    EXPECT_EQ(Change(2, "CH", "Cash"), SaveResult::Saved);
     EXPECT_EQ(store.Rows(), before);
     DeleteDaytype(g, 2);
     EXPECT_EQ(store.Rows(), before);
@@ -203,26 +203,26 @@ TEST_F(DaytypeListTest, a_deleted_one_is_gone_from_file_and_list_without_a_quest
 
 TEST_F(DaytypeListTest, a_locked_file_is_no_word_worth_and_the_list_is_that_of_the_file) {
     other.Hold();
-    EXPECT_EQ(Add("DL", "Delivery"), DaytypeResult::Done);
-    EXPECT_EQ(Change(1, "BX", "Boxing"), DaytypeResult::Done);
+    EXPECT_EQ(Add("DL", "Delivery"), SaveResult::Saved);
+    EXPECT_EQ(Change(1, "BX", "Boxing"), SaveResult::Saved);
     DeleteDaytype(g, 1);
     EXPECT_EQ(Listed(), (std::vector<std::string>{"BK= Baker", "CA= Cashier"}));
     EXPECT_FALSE(store.db().InTransaction());
     other.LetGo();
-    EXPECT_EQ(Add("DL", "Delivery"), DaytypeResult::Done);
+    EXPECT_EQ(Add("DL", "Delivery"), SaveResult::Saved);
     EXPECT_EQ(Rows().size(), 4U);
 }
 
 TEST_F(DaytypeListTest, a_symbol_that_another_workstation_added_meanwhile_stays_that_of_the_other) {
     Put("DL", "Dealing", 2);
-    EXPECT_EQ(Add("DL", "Delivery"), DaytypeResult::Done);
+    EXPECT_EQ(Add("DL", "Delivery"), SaveResult::Saved);
     EXPECT_EQ(Rows().back(), "2|DL|Dealing");
     EXPECT_EQ(Listed().back(), "DL= Dealing");
 }
 
 TEST_F(DaytypeListTest, a_daytype_that_another_workstation_deleted_is_not_changed_into_a_new_one) {
     other.Delete("Day Types", "Explaination", "Cashier");
-    EXPECT_EQ(Change(2, "CH", "Cash"), DaytypeResult::Done);
+    EXPECT_EQ(Change(2, "CH", "Cash"), SaveResult::Saved);
     EXPECT_EQ(Rows(), (std::vector<std::string>{"1|CA|Carrying", "2|BK|Baker"}));
     EXPECT_EQ(Listed(), std::vector<std::string>{"BK= Baker"});
 }
@@ -236,38 +236,26 @@ class DropDaytypeTest : public DaytypeListTest {
         store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
         store.AddEmployee({.lastName = "Brown", .firstName = "Bob"});
         store.OpenWeek(46082);
-        g.cursor.CurrentEmployee = 2;
-        g.cursor.CurrentDay = 3;
     }
 };
 
-TEST_F(DropDaytypeTest, is_put_on_the_current_day_of_the_current_employee) {
-    g.listDialog.DayTypeCaller = "Main";
-    g.listDialog.DayTypeColumn = 6;
-    EXPECT_EQ(DropDateText(g, store.script.region), "Tuesday, 3-Mar-2026");
-    EXPECT_EQ(DropTitle(g), "Bakery: Brown Bob");
-    DropDaytype(g, 2);
+TEST_F(DropDaytypeTest, is_put_on_a_day_of_an_employee) {
+    EXPECT_EQ(DropDateText(g, store.script.region, 3), "Tuesday, 3-Mar-2026");
+    EXPECT_EQ(DropDateText(g, store.script.region, 6), "Friday, 6-Mar-2026");
+    EXPECT_EQ(DropTitle(g, 2), "Bakery: Brown Bob");
+    DropDaytype(g, 2, 3, 2);
     EXPECT_EQ(g.week.DayTypeText[3][2], "CA");
     EXPECT_TRUE(g.week.WeekChanged);
     EXPECT_EQ(g.week.DayTypeText[3][1], "");
     EXPECT_EQ(g.week.DayTypeText[6][2], "");
 }
 
-TEST_F(DropDaytypeTest, is_put_on_the_day_that_the_week_of_one_employee_names) {
-    g.listDialog.DayTypeCaller = "Week";
-    g.listDialog.DayTypeColumn = 6;
-    EXPECT_EQ(DropDateText(g, store.script.region), "Friday, 6-Mar-2026");
-    DropDaytype(g, 2);
-    EXPECT_EQ(g.week.DayTypeText[6][2], "CA");
-    EXPECT_EQ(g.week.DayTypeText[3][2], "");
-}
-
 TEST_F(DropDaytypeTest, is_no_change_of_the_week_when_the_day_has_it_already) {
     test::WritableWeek(g).DayTypeText[3][2] = "CA ";
     test::WritableWeek(g).WeekChanged = false;
-    DropDaytype(g, 2);
+    DropDaytype(g, 2, 3, 2);
     EXPECT_FALSE(g.week.WeekChanged);
-    DropDaytype(g, 1);
+    DropDaytype(g, 2, 3, 1);
     EXPECT_TRUE(g.week.WeekChanged);
     EXPECT_EQ(g.week.DayTypeText[3][2], "BK");
 }

@@ -36,7 +36,7 @@ class DepartmentsTest : public testing::Test {
         EXPECT_TRUE(profile.has_value());
         return profile.value_or(DepartmentProfile());
     }
-    ProfileResult Save(const std::string& command, DepartmentProfile profile) {
+    SaveResult Save(const std::string& command, DepartmentProfile profile) {
         Command(command);
         return SaveDepartment(g, store.prompt(), profile);
     }
@@ -158,7 +158,7 @@ TEST_F(DepartmentsTest, are_added_with_their_settings_and_without_words_of_their
     profile.editorOrder = 6;
     profile.weekMethod = 0;
     profile.employeeNamePlural = "Cooks";
-    EXPECT_EQ(Save("Add", profile), ProfileResult::Saved);
+    EXPECT_EQ(Save("Add", profile), SaveResult::Saved);
     EXPECT_EQ(Row(bakery + 1), "3|Kitchen|6|216|0|(null)|(null)|(null)|(null)");
     EXPECT_EQ(g.department.FirstWeekday, 2);
     EXPECT_EQ(g.department.DayCutoffQuarters, 16);
@@ -170,7 +170,7 @@ TEST_F(DepartmentsTest, need_a_name_and_say_nothing) {
     profile.employeeNameSingle = " ";
     for (const char* name : {"", "   "}) {
         profile.name = name;
-        EXPECT_EQ(Save("Add", profile), ProfileResult::NameMissing);
+        EXPECT_EQ(Save("Add", profile), SaveResult::Incomplete);
     }
     EXPECT_EQ(Names().size(), 2U);
 }
@@ -182,7 +182,7 @@ TEST_F(DepartmentsTest, take_the_usual_words_where_none_is_given_even_when_the_n
     profile.dayOffNameSingle = "";
     profile.dayOffNamePlural = "";
     Command("Change");
-    EXPECT_EQ(SaveDepartment(g, store.prompt(), profile), ProfileResult::NameMissing);
+    EXPECT_EQ(SaveDepartment(g, store.prompt(), profile), SaveResult::Incomplete);
     EXPECT_EQ(profile, DepartmentProfile());
 }
 
@@ -193,7 +193,7 @@ TEST_F(DepartmentsTest, are_refused_under_a_name_in_use_whatever_case_and_outer_
                                        {"  bakery", "  bakery"}}) {
         ExpectNameInUse(shown);
         profile.name = typed;
-        EXPECT_EQ(Save("Add", profile), ProfileResult::NameInUse) << typed;
+        EXPECT_EQ(Save("Add", profile), SaveResult::InUse) << typed;
         EXPECT_FALSE(store.db().InTransaction());
     }
     EXPECT_EQ(store.prompt().Beeps(), 3);
@@ -205,18 +205,18 @@ TEST_F(DepartmentsTest, can_be_the_first_of_an_empty_table) {
     empty.g.application.FormCommand = "Add";
     DepartmentProfile profile;
     profile.name = "First";
-    EXPECT_EQ(SaveDepartment(empty.g, empty.prompt(), profile), ProfileResult::Saved);
+    EXPECT_EQ(SaveDepartment(empty.g, empty.prompt(), profile), SaveResult::Saved);
     EXPECT_EQ(RowsOf(empty.db(), "Department", {"Department name"}), std::vector<std::string>{"First"});
 }
 
 TEST_F(DepartmentsTest, keep_names_in_any_script) {
     DepartmentProfile profile;
     profile.name = "Bäckerei 🥐 Пекарня";
-    EXPECT_EQ(Save("Add", profile), ProfileResult::Saved);
+    EXPECT_EQ(Save("Add", profile), SaveResult::Saved);
     EXPECT_EQ(Names().back(), profile.name);
     ExpectNameInUse("BÄCKEREI 🥐 ПЕКАРНЯ");
     profile.name = "BÄCKEREI 🥐 ПЕКАРНЯ";
-    EXPECT_EQ(Save("Add", profile), ProfileResult::NameInUse);
+    EXPECT_EQ(Save("Add", profile), SaveResult::InUse);
 }
 
 // ---- changing ----
@@ -232,7 +232,7 @@ TEST_F(DepartmentsTest, are_changed_with_their_words_and_the_change_is_in_force_
     profile.employeeNamePlural = "Associates";
     profile.dayOffNameSingle = "Day off";
     profile.dayOffNamePlural = "";
-    EXPECT_EQ(Save("Change", profile), ProfileResult::Saved);
+    EXPECT_EQ(Save("Change", profile), SaveResult::Saved);
     EXPECT_EQ(Row(bakery), "2|Patisserie|2|732|1|Associate|Associates|Day off|Vacation days");
     const Department& d = g.department;
     EXPECT_EQ(d.CurrentDepName, "Patisserie");
@@ -250,7 +250,7 @@ TEST_F(DepartmentsTest, keep_their_own_name_without_a_question) {
     DepartmentProfile profile = Opened("Change");
     profile.editorOrder = 4;
     profile.name = " Bakery ";
-    EXPECT_EQ(Save("Change", profile), ProfileResult::Saved);
+    EXPECT_EQ(Save("Change", profile), SaveResult::Saved);
     EXPECT_EQ(Row(bakery).substr(0, 11), "2|Bakery|4|");
 }
 
@@ -258,7 +258,7 @@ TEST_F(DepartmentsTest, find_themselves_as_a_duplicate_when_only_the_case_of_the
     DepartmentProfile profile = Opened("Change");
     profile.name = "BAKERY";
     ExpectNameInUse("BAKERY");
-    EXPECT_EQ(Save("Change", profile), ProfileResult::NameInUse);
+    EXPECT_EQ(Save("Change", profile), SaveResult::InUse);
     EXPECT_EQ(Names(), (std::vector<std::string>{"Stores", "Bakery"}));
 }
 
@@ -266,7 +266,7 @@ TEST_F(DepartmentsTest, cannot_take_the_name_of_another) {
     DepartmentProfile profile = Opened("Change");
     profile.name = "stores";
     ExpectNameInUse("stores");
-    EXPECT_EQ(Save("Change", profile), ProfileResult::NameInUse);
+    EXPECT_EQ(Save("Change", profile), SaveResult::InUse);
     EXPECT_EQ(g.department.CurrentDepName, "Bakery");
 }
 
@@ -279,7 +279,7 @@ TEST_F(DepartmentsTest, keep_longer_texts_of_another_program_while_nobody_touche
     DepartmentProfile profile = Opened("Change");
     EXPECT_EQ(profile.employeeNamePlural, wide);
     profile.editorOrder = 2;
-    EXPECT_EQ(Save("Change", profile), ProfileResult::Saved);
+    EXPECT_EQ(Save("Change", profile), SaveResult::Saved);
     EXPECT_EQ(Row(bakery), "2|" + wide + "|2|304|2|Employee|" + wide + "|Vacation day|Vacation days");
 }
 
@@ -287,9 +287,9 @@ TEST_F(DepartmentsTest, take_words_of_14_characters_and_refuse_longer_ones) {
     DepartmentProfile profile = Opened("Change");
     profile.employeeNameSingle = std::string(15, 'e');
     ExpectLocked(3163);
-    EXPECT_EQ(Save("Change", profile), ProfileResult::Refused);
+    EXPECT_EQ(Save("Change", profile), SaveResult::Refused);
     profile.employeeNameSingle = std::string(14, 'e');
-    EXPECT_EQ(Save("Change", profile), ProfileResult::Saved);
+    EXPECT_EQ(Save("Change", profile), SaveResult::Saved);
 }
 
 // ---- two workstations ----
@@ -301,13 +301,13 @@ TEST_F(DepartmentsTest, stay_as_they_are_while_another_workstation_saves_and_tak
     const DepartmentProfile typed = profile;
     other.Hold();
     ExpectLocked(3260);
-    EXPECT_EQ(SaveDepartment(g, store.prompt(), profile), ProfileResult::Refused);
+    EXPECT_EQ(SaveDepartment(g, store.prompt(), profile), SaveResult::Refused);
     EXPECT_EQ(profile, typed);
     EXPECT_EQ(g.department.CurrentDepName, "Bakery");
     EXPECT_EQ(store.script.prompt.Shape(), Pointer::Default);
     EXPECT_FALSE(store.db().InTransaction());
     other.LetGo();
-    EXPECT_EQ(SaveDepartment(g, store.prompt(), profile), ProfileResult::Saved);
+    EXPECT_EQ(SaveDepartment(g, store.prompt(), profile), SaveResult::Saved);
     EXPECT_EQ(Names().back(), "Patisserie");
 }
 
@@ -316,9 +316,9 @@ TEST_F(DepartmentsTest, are_added_once_when_the_first_try_found_the_file_locked)
     profile.name = "Kitchen";
     other.Hold();
     ExpectLocked(3260);
-    EXPECT_EQ(Save("Add", profile), ProfileResult::Refused);
+    EXPECT_EQ(Save("Add", profile), SaveResult::Refused);
     other.LetGo();
-    EXPECT_EQ(Save("Add", profile), ProfileResult::Saved);
+    EXPECT_EQ(Save("Add", profile), SaveResult::Saved);
     EXPECT_EQ(Names(), (std::vector<std::string>{"Stores", "Bakery", "Kitchen"}));
 }
 
@@ -327,7 +327,7 @@ TEST_F(DepartmentsTest, that_two_workstations_change_keep_what_was_saved_last) {
     other.Change("Department", "Department name", "Bakery", "EmployeeNamePlural", "Bakers");
     other.Change("Department", "Department name", "Bakery", "Editor order", "3");
     profile.dayOffNameSingle = "Free day";
-    EXPECT_EQ(Save("Change", profile), ProfileResult::Saved);
+    EXPECT_EQ(Save("Change", profile), SaveResult::Saved);
     EXPECT_EQ(Row(bakery), "2|Bakery|5|304|2|Employee|Employees|Free day|Vacation days");
 }
 
@@ -336,7 +336,7 @@ TEST_F(DepartmentsTest, that_another_workstation_renamed_are_not_saved_and_nothi
     other.Change("Department", "Department name", "Bakery", "Department name", "Patisserie");
     profile.editorOrder = 1;
     ExpectLocked(3021);
-    EXPECT_EQ(Save("Change", profile), ProfileResult::Refused);
+    EXPECT_EQ(Save("Change", profile), SaveResult::Refused);
     EXPECT_EQ(Row(bakery).substr(0, 15), "2|Patisserie|5|");
 }
 
@@ -345,7 +345,7 @@ TEST_F(DepartmentsTest, get_a_name_that_another_workstation_gave_meanwhile_refus
     profile.name = "Counter";
     other.Change("Department", "Department name", "Stores", "Department name", "Counter");
     ExpectNameInUse("Counter");
-    EXPECT_EQ(Save("Add", profile), ProfileResult::NameInUse);
+    EXPECT_EQ(Save("Add", profile), SaveResult::InUse);
 }
 
 // ---- deleting ----

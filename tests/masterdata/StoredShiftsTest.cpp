@@ -43,7 +43,7 @@ class StoredShiftsTest : public testing::Test {
         for (const auto& [start, stop] : bars) ofWeek.emplace_back(96 + start, 96 + stop);
         test::SetBars(g, 1, ofWeek);
         TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
-        ASSERT_EQ(AddShift(g, store.prompt(), name), ShiftResult::Done);
+        ASSERT_EQ(AddShift(g, store.prompt(), name), SaveResult::Saved);
         test::SetBars(g, 1, {});
         test::WritableWeek(g).WeekChanged = false;
     }
@@ -63,8 +63,8 @@ class StoredShiftsTest : public testing::Test {
         LoadStoredShifts(store.folder.Path(), g.department.CurrentDepNumber, read);
         return {read.ShiftNames.begin() + 1, read.ShiftNames.begin() + 1 + read.ShiftCount};
     }
-    ShiftResult Add(const std::string& name) { return AddShift(g, store.prompt(), name); }
-    ShiftResult Rename(int index, const std::string& name) {
+    SaveResult Add(const std::string& name) { return AddShift(g, store.prompt(), name); }
+    SaveResult Rename(int index, const std::string& name) {
         return RenameShift(g, store.prompt(), index, name);
     }
     void ExpectNameInUse(const std::string& text) {
@@ -86,8 +86,8 @@ TEST_F(StoredShiftsTest, a_named_shift_is_in_the_list_and_in_the_file) {
 TEST_F(StoredShiftsTest, a_shift_needs_a_name) {
     test::SetBars(g, 1, {{20, 30}});
     TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
-    EXPECT_EQ(Add(""), ShiftResult::Incomplete);
-    EXPECT_EQ(Add("   "), ShiftResult::Incomplete);
+    EXPECT_EQ(Add(""), SaveResult::Incomplete);
+    EXPECT_EQ(Add("   "), SaveResult::Incomplete);
     EXPECT_EQ(store.prompt().Beeps(), 2);
     EXPECT_FALSE(fs::exists(store.folder / "1.SFT"));
 }
@@ -96,7 +96,7 @@ TEST_F(StoredShiftsTest, names_that_differ_in_case_alone_are_the_same) {
     Keep("Early", {{16, 48}});
     TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
     ExpectNameInUse("Shift EARLY");
-    EXPECT_EQ(Add(" EARLY "), ShiftResult::InUse);
+    EXPECT_EQ(Add(" EARLY "), SaveResult::InUse);
     EXPECT_EQ(store.prompt().Beeps(), 1);
     EXPECT_EQ(Names(), std::vector<std::string>{"Early"});
 }
@@ -104,7 +104,7 @@ TEST_F(StoredShiftsTest, names_that_differ_in_case_alone_are_the_same) {
 TEST_F(StoredShiftsTest, twenty_can_be_added) {
     for (int n = 1; n <= 20; ++n) Keep("Shift " + std::to_string(100 + n), {{n, n + 8}});
     TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
-    EXPECT_EQ(Add("One more"), ShiftResult::Incomplete);
+    EXPECT_EQ(Add("One more"), SaveResult::Incomplete);
     EXPECT_EQ(Names().size(), 20U);
 }
 
@@ -113,7 +113,7 @@ TEST_F(StoredShiftsTest, twenty_can_be_added) {
 TEST_F(StoredShiftsTest, a_new_name_moves_a_shift_with_its_bars) {
     Keep("Early", {{16, 48}});
     Keep("Late", {{60, 92}});
-    EXPECT_EQ(Rename(1, " Zero "), ShiftResult::Done);
+    EXPECT_EQ(Rename(1, " Zero "), SaveResult::Saved);
     EXPECT_EQ(Names(), (std::vector<std::string>{"Late", "Zero"}));
     EXPECT_EQ(Stored(2), (BarList{{16, 48}}));
     EXPECT_EQ(NamesInFile(), Names());
@@ -121,7 +121,7 @@ TEST_F(StoredShiftsTest, a_new_name_moves_a_shift_with_its_bars) {
 
 TEST_F(StoredShiftsTest, a_shift_may_take_its_own_name_in_other_letters) {
     Keep("Early", {{16, 48}});
-    EXPECT_EQ(Rename(1, "EARLY"), ShiftResult::Done);
+    EXPECT_EQ(Rename(1, "EARLY"), SaveResult::Saved);
     EXPECT_EQ(Names(), std::vector<std::string>{"EARLY"});
 }
 
@@ -129,17 +129,17 @@ TEST_F(StoredShiftsTest, a_shift_cannot_take_the_name_of_another_or_none) {
     Keep("Early", {{16, 48}});
     Keep("Late", {{60, 92}});
     ExpectNameInUse("Shift name late");
-    EXPECT_EQ(Rename(1, "late"), ShiftResult::InUse);
-    EXPECT_EQ(Rename(1, " "), ShiftResult::Incomplete);
+    EXPECT_EQ(Rename(1, "late"), SaveResult::InUse);
+    EXPECT_EQ(Rename(1, " "), SaveResult::Incomplete);
     EXPECT_EQ(Names(), (std::vector<std::string>{"Early", "Late"}));
 }
 
 TEST_F(StoredShiftsTest, a_deleted_shift_is_gone_and_the_others_stay) {
     for (const char* name : {"A", "B", "C"}) Keep(name, {{16, 48}});
-    EXPECT_EQ(DeleteShift(g, store.prompt(), 2), ShiftResult::Done);
+    EXPECT_EQ(DeleteShift(g, store.prompt(), 2), SaveResult::Saved);
     EXPECT_EQ(Names(), (std::vector<std::string>{"A", "C"}));
-    EXPECT_EQ(DeleteShift(g, store.prompt(), 1), ShiftResult::Done);
-    EXPECT_EQ(DeleteShift(g, store.prompt(), 1), ShiftResult::Done);
+    EXPECT_EQ(DeleteShift(g, store.prompt(), 1), SaveResult::Saved);
+    EXPECT_EQ(DeleteShift(g, store.prompt(), 1), SaveResult::Saved);
     EXPECT_TRUE(Names().empty());
     EXPECT_EQ(test::ReadFile(store.folder / "1.SFT"), "");
     EXPECT_TRUE(fs::exists(store.folder / "1.SFT"));
@@ -150,11 +150,11 @@ TEST_F(StoredShiftsTest, a_file_that_cannot_be_written_is_told_and_nothing_chang
     fs::rename(store.folder / "1.SFT", store.folder / "old");
     fs::create_directory(store.folder / "1.SFT");
     fs::create_directory(store.folder / "1.SFT" / "full");
-    for (const auto& deed : std::vector<std::function<ShiftResult()>>{
+    for (const auto& deed : std::vector<std::function<SaveResult()>>{
              [&] { return Add("Late"); }, [&] { return Rename(1, "Late"); },
              [&] { return DeleteShift(g, store.prompt(), 1); }}) {
         store.prompt().WillAnswer(Answer::Ok);
-        EXPECT_EQ(deed(), ShiftResult::NotWritten);
+        EXPECT_EQ(deed(), SaveResult::Refused);
         EXPECT_EQ(store.prompt().Last().title, "File error");
         EXPECT_EQ(Names(), std::vector<std::string>{"Early"});
     }

@@ -7,8 +7,11 @@
 #include "editor/week/SaveWeek.h"
 #include "editor/week/WeekEdit.h"
 #include "masterdata/DaytypeList.h"
+#include "masterdata/DaytypesRequest.h"
+#include "masterdata/ShiftsRequest.h"
 #include "masterdata/files/ProductivityFile.h"
 #include "masterdata/files/ShiftFile.h"
+#include "reports/schedules/SchedulesRequest.h"
 #include "shell/common/TVXMOD1.h"
 
 #include <QApplication>
@@ -19,7 +22,7 @@
 
 namespace tvx::qt {
 
-MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, EditorScreens& screens, Form* owner)
+MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, Screens& screens, Form* owner)
     : Form(ports, "Form1", owner), g_(g), screens_(screens), lanes_(g.grid, g.roster, g.cursor),
       drag_(lanes_, g), view_(lanes_, drag_, g), daytypes_(Text1, lanes_, g, ports.prompt),
       commands_(EditorCommands(g, *this)) {
@@ -164,34 +167,27 @@ void MainEditorForm::ShowHelp(int topic) {
     ports_.help.ShowTopic(topic);
 }
 
-/// The row that had the focus last is the one that a list is opened for.
-void MainEditorForm::AskList(ListRequest request) {
-    g_.listDialog.DayTypeRequest = static_cast<int>(request);
-    g_.listDialog.DayTypeCaller = "Main";
-    g_.listDialog.SelectedDayType = 0;
-}
-
 void MainEditorForm::PickDaytype() {
     lanes_.MakeCurrent(lanes_.At(g_.cursor.LastFocusRow));
-    if (g_.week.DayOffFlag[g_.cursor.CurrentDay][g_.cursor.CurrentEmployee]) return ports_.prompt.Beep();
-    AskList(ListRequest::Drop);
-    screens_.OpenDaytypes(*this);
+    const int e = g_.cursor.CurrentEmployee;
+    const int day = g_.cursor.CurrentDay;
+    if (g_.week.DayOffFlag[day][e]) return ports_.prompt.Beep();
+    const auto answer = screens_.Open(DaytypesRequest{ListRequest::Drop, e, day}, *this);
+    if (answer.SelectedDayType > 0) DropDaytype(g_, e, day, answer.SelectedDayType);
     ShowRows();
     FocusRow(g_.cursor.LastFocusRow);
 }
 
 void MainEditorForm::PickShift() {
     lanes_.MakeCurrent(lanes_.At(g_.cursor.LastFocusRow));
-    AskList(ListRequest::Drop);
-    screens_.OpenShifts(*this);
-    const bool picked = g_.listDialog.DayTypeRequest == static_cast<int>(ListRequest::Drop);
-    if (picked && g_.listDialog.SelectedDayType > 0) PasteStoredShift(g_.listDialog.SelectedDayType);
+    const ShiftsRequest request{ListRequest::Drop, g_.cursor.CurrentEmployee, g_.cursor.CurrentDay};
+    const ShiftsAnswer answer = screens_.Open(request, *this);
+    if (answer.SelectedDayType > 0) PasteStoredShift(answer.SelectedDayType);
 }
 
 void MainEditorForm::StoreShift() {
     TakeShiftFromDay(g_.week, g_.cursor.CurrentEmployee, g_.cursor.CurrentDay, g_.shifts);
-    AskList(ListRequest::Add);
-    screens_.OpenShifts(*this);
+    screens_.Open(ShiftsRequest{ListRequest::Add, g_.cursor.CurrentEmployee, g_.cursor.CurrentDay}, *this);
     g_.clipboard.ClipFull = false;
     FocusRow(g_.cursor.CurrentRow);
 }
@@ -211,8 +207,7 @@ void MainEditorForm::PasteStoredShift(int index) {
 }
 
 void MainEditorForm::OpenSchedules(const char* kind) {
-    g_.application.FormCommand = kind;
-    screens_.OpenSchedules(*this);
+    screens_.Open(SchedulesRequest{kind}, *this);
     FocusRow(g_.cursor.LastFocusRow);
 }
 

@@ -3,12 +3,12 @@
 
 #include "desktop/Form.h"
 #include "desktop/MenuRenderer.h"
+#include "desktop/Screens.h"
 #include "editor/EditorCommands.h"
 #include "editor/lanes/LaneView.h"
 #include "editor/lanes/screens/DaytypeBoxes.h"
 #include "editor/lanes/screens/TimeGrid.h"
 #include "editor/screens/DayHeader.h"
-#include "editor/screens/EditorScreens.h"
 #include "editor/week/SaveWeek.h"
 #include "platform/ports/Gauge.h"
 
@@ -28,7 +28,7 @@ class MainEditorForm : public Form, private EditorActions {
     Q_OBJECT
   public:
     /// Needs the roster of the current department.
-    MainEditorForm(GlobalState& g, Ports& ports, EditorScreens& screens, Form* owner);
+    MainEditorForm(GlobalState& g, Ports& ports, Screens& screens, Form* owner);
     ~MainEditorForm() override;
 
     /// Redraws header, ruler and lanes after the day or the week has changed, and sums the day.
@@ -77,7 +77,6 @@ class MainEditorForm : public Form, private EditorActions {
     void PickShift() override;
     void StoreShift() override;
     void PasteStoredShift(int index) override;
-    void AskList(ListRequest request);
     bool MayLeave();
     void ChooseDay(int day);
     void ChooseOption(int option);
@@ -110,7 +109,7 @@ class MainEditorForm : public Form, private EditorActions {
     void FocusRow(int row);
 
     GlobalState& g_;
-    EditorScreens& screens_;
+    Screens& screens_;
     ControlArray<TextBox> Text1; // [row], daytypes
     MainLanes lanes_;
     BarDrag drag_;

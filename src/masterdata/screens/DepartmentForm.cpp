@@ -165,18 +165,18 @@ void DepartmentForm::ShowCutoff() {
 
 void DepartmentForm::Save() {
     DepartmentProfile profile = Profile();
-    const ProfileResult result = SaveDepartment(g_, ports_.prompt, profile);
+    const SaveResult result = SaveDepartment(g_, ports_.prompt, profile);
     ShowWords(profile); // an empty one has become the usual one
     switch (result) {
-    case ProfileResult::Saved:
+    case SaveResult::Saved:
         saved_ = true;
         Unload();
         break;
-    case ProfileResult::NameMissing:
-    case ProfileResult::NameInUse:
+    case SaveResult::Incomplete:
+    case SaveResult::InUse:
         Text1->setFocus();
         break;
-    case ProfileResult::Refused:
+    case SaveResult::Refused:
         break;
     }
 }

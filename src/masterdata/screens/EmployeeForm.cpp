@@ -98,9 +98,9 @@ EmployeeRecord EmployeeForm::Record() const {
 
 bool EmployeeForm::Save() {
     if (grid_.Settle()) Picture1->update();
-    const EmployeeResult result = SaveEmployeeRecord(g_, ports_, Record());
-    if (result == EmployeeResult::NameMissing) FocusBox(box_of::LastName);
-    if (result != EmployeeResult::Saved) return false;
+    const SaveResult result = SaveEmployeeRecord(g_, ports_, Record());
+    if (result == SaveResult::Incomplete) FocusBox(box_of::LastName);
+    if (result != SaveResult::Saved) return false;
     // Before the flood lets events run: what is typed meanwhile is a change again.
     WeekChanged = false;
     if (g_.application.FormCommand == "Add") MakeReadyForNext();

@@ -1,8 +1,5 @@
 #include "masterdata/screens/ShiftsForm.h"
 
-#include <QHBoxLayout>
-#include <QVBoxLayout>
-
 namespace tvx::qt {
 namespace {
 
@@ -12,187 +9,98 @@ constexpr int FirstIndexNotPicked = 21;
 
 } // namespace
 
-ShiftsForm::ShiftsForm(GlobalState& g, Ports& ports, Form* owner) : Form(ports, "Form23", owner), g_(g) {
-    auto* column = new QVBoxLayout(&Face());
-    column->setContentsMargins(Pixels(240), Pixels(180), Pixels(240), Pixels(180));
-    column->setSpacing(Pixels(120));
-    Label1 = &Add<Label>("Label1", "");
-    column->addWidget(Label1);
-    List1 = &Add<ListBox>("List1", "Stored shifts");
-    List1->onChoose = Guarded([this](int index) { TakeRow(index); });
-    column->addWidget(List1, 1000); // all the room while it shows
-    BuildNameFrame(*column);
-    BuildOtherFrame(*column);
-    column->addStretch();
-    BuildButtons(*column);
-    setFixedSize(Pixels(5400), Pixels(5100));
-    CenterForm();
+ShiftsForm::ShiftsForm(GlobalState& g, Ports& ports, const ShiftsRequest& request, Form* owner)
+    : ListForm(ports, "Form23", owner), g_(g), request_(request) {
+    QVBoxLayout& column = Column();
+    BuildList(column, "Label1", "Stored shifts");
+    BuildName(column);
+    BuildMenu(column);
+    column.addStretch();
+    BuildCommands(column, {"OptionsCMD", "SaveCMD", "ExitCMD"});
+    pages_.ShowIn({Page::List, Page::Taken, Page::Drop}, {task_, List1});
+    pages_.ShowIn({Page::Add, Page::Menu, Page::Taken}, {Frame1, save_});
+    pages_.ShowIn({Page::Menu}, {OtherActFRAME}); // beside the name of the one to add
+    pages_.ShowIn({Page::Add}, {other_});
+    FixSize(5400, 5100);
 }
 
-void ShiftsForm::BuildNameFrame(QVBoxLayout& column) {
-    Frame1 = &Add<Frame>("Frame1", "Store this shift for later use ");
-    auto* lines = new QVBoxLayout(Frame1);
-    Label2 = &Add<Label>("Label2", "", Frame1);
-    lines->addWidget(Label2);
+void ShiftsForm::BuildName(QVBoxLayout& column) {
+    Frame1 = &AddFrame("Frame1", "Store this shift for later use ", column);
+    auto& lines = *new QVBoxLayout(Frame1);
+    Label2 = &AddLabel("Label2", "", lines, Frame1);
     Text1 = &Add<TextBox>("Text1", "Name of the shift", Frame1);
     Text1->SetTypingLimit(NameLength);
     Text1->rule = [](int code) { return code == DoubleQuote ? 0 : code; };
     Text1->onEnter = Guarded([this] { SaveOrDelete(); });
-    lines->addWidget(Text1);
-    column.addWidget(Frame1);
+    lines.addWidget(Text1);
+    SetBoxes({Text1});
 }
 
-void ShiftsForm::BuildOtherFrame(QVBoxLayout& column) {
-    OtherActFRAME = &Add<Frame>("OtherActFRAME", "Other Shift activity");
-    OtherActFRAME->SetTitle("Other Shift activity");
-    auto* lines = new QVBoxLayout(OtherActFRAME);
-    Label3 = &Add<Label>("Label3", "", OtherActFRAME);
-    lines->addWidget(Label3);
-    auto* row = new QHBoxLayout;
-    const auto add = [&](const char* name, const char* text, Mode mode) {
-        return &AddCommand({name, text, [=, this] { Enter(mode); }}, *row, OtherActFRAME);
-    };
-    cmdChange = add("cmdChange", "C&hange name", Mode::Change);
-    cmdDelete = add("cmdDelete", "&Delete", Mode::Delete);
-    lines->addLayout(row);
-    column.addWidget(OtherActFRAME);
-}
-
-void ShiftsForm::BuildButtons(QVBoxLayout& column) {
-    QHBoxLayout& row = Row(column);
-    OptionsCMD = &AddCommand({"OptionsCMD", "&Other activity...", [this] { ShowOther(); }}, row);
-    row.addStretch();
-    SaveCMD = &AddCommand({"SaveCMD", "&Save", [this] { SaveOrDelete(); }}, row);
-    ExitCMD = &AddCommand({"ExitCMD", "&Close", [this] { Leave(); }, Role::Cancel}, row);
+void ShiftsForm::BuildMenu(QVBoxLayout& column) {
+    OtherActFRAME = &AddFrame("OtherActFRAME", "Other Shift activity", column);
+    auto& lines = *new QVBoxLayout(OtherActFRAME);
+    Label3 = &AddLabel("Label3", "", lines, OtherActFRAME);
+    QHBoxLayout& row = Row(lines);
+    cmdChange = &AddTask("cmdChange", "C&hange name", ListRequest::Change, row, *OtherActFRAME);
+    cmdDelete = &AddTask("cmdDelete", "&Delete", ListRequest::Delete, row, *OtherActFRAME);
 }
 
 bool ShiftsForm::Opened() {
-    switch (static_cast<ListRequest>(g_.listDialog.DayTypeRequest)) {
-    case ListRequest::Change:
-        Enter(Mode::Change);
-        break;
-    case ListRequest::Delete:
-        Enter(Mode::Delete);
-        break;
-    case ListRequest::Drop:
-        Enter(Mode::Drop);
-        break;
-    default:
-        Enter(Mode::Add);
-        break;
-    }
+    const ListRequest asked = request_.DayTypeRequest;
+    Enter(asked == ListRequest::None ? ListRequest::Add : asked);
     return true;
 }
 
-void ShiftsForm::Enter(Mode mode) {
-    mode_ = mode;
-    Text1->clear();
-    Text1->setReadOnly(false);
-    OtherActFRAME->hide();
+void ShiftsForm::Announce(ListRequest task) {
     // What is changed or deleted has been stored long ago.
-    Frame1->SetTitle(mode == Mode::Add ? "Store this shift for later use " : "");
-    SaveCMD->setText(mode == Mode::Delete ? QStringLiteral("&Delete") : QStringLiteral("&Save"));
-    switch (mode) {
-    case Mode::Add:
-        return EnterAdd();
-    case Mode::Change:
-        return EnterList("Select the shift to change", "Select the shift to change");
-    case Mode::Delete:
-        return EnterList("Select the shift to delete", "Select the Shift name you wish to delete");
-    case Mode::Drop:
-        break;
+    Frame1->SetTitle(task == ListRequest::Add ? "Store this shift for later use " : "");
+    switch (task) {
+    case ListRequest::Change:
+        return AnnounceList("Select the shift to change", "Select the shift to change");
+    case ListRequest::Delete:
+        return AnnounceList("Select the shift to delete", "Select the Shift name you wish to delete");
+    case ListRequest::Drop:
+        AnnounceList("Select the shift to enter",
+                     "Select Shift name for " + DropDateText(g_, ports_.region, request_.day));
+        return setWindowTitle(ToQString(DropTitle(g_, request_.employee)));
+    default:
+        setWindowTitle(QStringLiteral("Put a shift in storage for later copy"));
+        Label2->SetText("Name of the shift");
     }
-    EnterList("Select the shift to enter", "Select Shift name for " + DropDateText(g_, ports_.region));
-    setWindowTitle(ToQString(DropTitle(g_)));
 }
 
-void ShiftsForm::EnterAdd() {
-    setWindowTitle(QStringLiteral("Put a shift in storage for later copy"));
-    Label1->hide();
-    List1->hide();
-    Frame1->show();
-    Label2->SetText("Name of the shift");
-    OptionsCMD->show();
-    SaveCMD->show();
-    Text1->setFocus();
-}
-
-void ShiftsForm::EnterList(const char* title, const std::string& label) {
+void ShiftsForm::AnnounceList(const char* title, const std::string& task) {
     setWindowTitle(QLatin1String(title));
     List1->setAccessibleName(QLatin1String(title));
-    Label1->SetText(label);
-    Label1->show();
-    Frame1->hide();
-    SaveCMD->hide();
-    OptionsCMD->hide();
-    List1->Fill(ShiftRows(g_.shifts));
-    List1->show();
-    if (List1->count() > 0) List1->setCurrentRow(0);
-    List1->setFocus();
+    task_->SetText(task);
 }
 
-void ShiftsForm::ShowOther() {
-    OtherActFRAME->show();
+void ShiftsForm::AnnounceTaken(bool deleting) {
+    task_->SetText(deleting ? "Shift to be deleted " : " Change the  Shift name and Save");
+    Label2->SetText(deleting ? "Shift to be deleted " : "Change the Shift name and Save");
+}
+
+void ShiftsForm::ShowMenu() {
+    pages_.Show(Page::Menu);
     cmdChange->setEnabled(g_.shifts.ShiftCount != 0);
     cmdDelete->setEnabled(g_.shifts.ShiftCount != 0);
     cmdChange->isEnabled() ? cmdChange->setFocus() : Text1->setFocus();
-    OptionsCMD->hide();
     Label3->SetText("The current number of Shifts to copy is:" + std::to_string(g_.shifts.ShiftCount));
 }
 
-void ShiftsForm::TakeRow(int index) {
-    if (mode_ == Mode::Drop) {
-        if (index >= FirstIndexNotPicked) return;
-        g_.listDialog.SelectedDayType = index;
-        Unload();
-        return;
+bool ShiftsForm::MayPick(int index) const {
+    return index < FirstIndexNotPicked;
+}
+
+SaveResult ShiftsForm::Save(ListRequest task, int index) {
+    switch (task) {
+    case ListRequest::Change:
+        return RenameShift(g_, ports_.prompt, index, Text1->Text());
+    case ListRequest::Delete:
+        return DeleteShift(g_, ports_.prompt, index);
+    default:
+        return AddShift(g_, ports_.prompt, Text1->Text());
     }
-    g_.listDialog.SelectedDayType = index;
-    Text1->SetText(g_.shifts.ShiftNames[index]);
-    Frame1->show();
-    SaveCMD->show();
-    const bool deleting = mode_ == Mode::Delete;
-    Text1->setReadOnly(deleting);
-    Label1->SetText(deleting ? "Shift to be deleted " : " Change the  Shift name and Save");
-    Label2->SetText(deleting ? "Shift to be deleted " : "Change the Shift name and Save");
-    if (deleting)
-        SaveCMD->setFocus();
-    else
-        Text1->setFocus();
-}
-
-void ShiftsForm::SaveOrDelete() {
-    const int index = g_.listDialog.SelectedDayType;
-    switch (mode_) {
-    case Mode::Add:
-        return Follow(AddShift(g_, ports_.prompt, Text1->Text()));
-    case Mode::Change:
-        return Follow(RenameShift(g_, ports_.prompt, index, Text1->Text()));
-    case Mode::Delete:
-        return Follow(DeleteShift(g_, ports_.prompt, index));
-    case Mode::Drop:
-        return;
-    }
-}
-
-void ShiftsForm::Follow(ShiftResult result) {
-    if (result == ShiftResult::InUse) {
-        Text1->clear();
-        Text1->setFocus();
-    }
-    if (result != ShiftResult::Done) return;
-    g_.listDialog.DayTypeRequest = 0;
-    Unload();
-}
-
-void ShiftsForm::Leave() {
-    g_.listDialog.DayTypeRequest = 0; // tells the editor that nothing was picked
-    Unload();
-}
-
-bool ShiftsForm::MayUnload() {
-    g_.listDialog.DayTypeRequest = 0;
-    return true;
 }
 
 } // namespace tvx::qt

@@ -1,52 +1,42 @@
 // Stored shifts: names the bars of a day for later, and picks, renames and deletes what was stored.
 #pragma once
 
-#include "desktop/Form.h"
+#include "masterdata/ShiftsRequest.h"
 #include "masterdata/StoredShifts.h"
-
-class QVBoxLayout;
+#include "masterdata/screens/ListForm.h"
 
 namespace tvx::qt {
 
-class ShiftsForm : public Form {
+class ShiftsForm : public ListForm {
     Q_OBJECT
   public:
-    /// `DayTypeRequest` says what for. After a pick it is still 33 and `SelectedDayType` holds the index; 0
-    /// tells that nothing was picked.
-    ShiftsForm(GlobalState& g, Ports& ports, Form* owner);
+    ShiftsForm(GlobalState& g, Ports& ports, const ShiftsRequest& request, Form* owner);
+
+    ShiftsAnswer Answer() const { return {picked_}; }
 
   protected:
     bool Opened() override;
-    bool MayUnload() override;
+    std::vector<std::pair<std::string, int>> Rows() const override { return ShiftRows(g_.shifts); }
+    void Announce(ListRequest task) override;
+    void AnnounceTaken(bool deleting) override;
+    void FillBoxes(int index) override { Text1->SetText(g_.shifts.ShiftNames[index]); }
+    SaveResult Save(ListRequest task, int index) override;
+    bool MayPick(int index) const override;
+    void ShowMenu() override;
 
   private:
-    enum class Mode { Add, Change, Delete, Drop };
-
-    void BuildNameFrame(QVBoxLayout& column);
-    void BuildOtherFrame(QVBoxLayout& column);
-    void BuildButtons(QVBoxLayout& column);
-    void Enter(Mode mode);
-    void EnterAdd();
-    void EnterList(const char* title, const std::string& label);
-    void ShowOther();
-    void TakeRow(int index);
-    void SaveOrDelete();
-    void Follow(ShiftResult result);
-    void Leave();
+    void BuildName(QVBoxLayout& column);
+    void BuildMenu(QVBoxLayout& column);
+    void AnnounceList(const char* title, const std::string& task);
 
     GlobalState& g_;
-    Mode mode_ = Mode::Add;
+    ShiftsRequest request_;
 
-    ListBox* List1 = nullptr;
     Frame* Frame1 = nullptr; // the name
     TextBox* Text1 = nullptr;
-    Label* Label1 = nullptr; // over the list
     Label* Label2 = nullptr; // beside the name
     Frame* OtherActFRAME = nullptr;
     Label* Label3 = nullptr; // number of shifts
-    QPushButton* SaveCMD = nullptr;
-    QPushButton* ExitCMD = nullptr;
-    QPushButton* OptionsCMD = nullptr;
     QPushButton* cmdChange = nullptr;
     QPushButton* cmdDelete = nullptr;
 };

@@ -1,18 +1,15 @@
 #include "shell/screens/ConsoleForm.h"
 
 #include "editor/screens/MainEditorForm.h"
-#include "masterdata/screens/DaytypesForm.h"
 #include "masterdata/screens/DepartmentForm.h"
 #include "masterdata/screens/EmployeeForm.h"
 #include "masterdata/screens/EmployeeSearchForm.h"
-#include "masterdata/screens/ShiftsForm.h"
 #include "platform/dao/DaoError.h"
-#include "reports/page/screens/QtPrinter.h"
-#include "reports/screens/ScheduleForm.h"
 #include "shell/common/TVXMOD1.h"
 #include "shell/console/Passwords.h"
 #include "shell/screens/AboutForm.h"
 #include "shell/screens/Banner.h"
+#include "shell/screens/RegisterScreens.h"
 #include "shell/screens/SplashForm.h"
 #include "shell/screens/TipForm.h"
 
@@ -33,24 +30,10 @@ constexpr Twips PrintedTop = 3000;
 
 } // namespace
 
-/// Opens the screens of the rooms above the editor over it.
-class ConsoleForm::OpenedScreens : public EditorScreens {
-  public:
-    OpenedScreens(GlobalState& g, Ports& ports) : g_(g), ports_(ports) {}
-    void OpenDaytypes(Form& owner) override { DaytypesForm(g_, ports_, &owner).ShowModal(); }
-    void OpenShifts(Form& owner) override { ShiftsForm(g_, ports_, &owner).ShowModal(); }
-    void OpenSchedules(Form& owner) override { ScheduleForm(g_, ports_, printer_, &owner).ShowModal(); }
-
-  private:
-    GlobalState& g_;
-    Ports& ports_;
-    QtPrinter printer_;
-};
-
-ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports)
-    : Form(ports, "Form2", nullptr), g_(g), editorScreens_(std::make_unique<OpenedScreens>(g, ports)) {
+ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports) : Form(ports, "Form2", nullptr), g_(g) {
     menus_ = std::make_unique<MenuRenderer>(Menus(), model_.menus.Entries(),
                                             Guarded([this](const std::string& entry) { Choose(entry); }));
+    RegisterScreens(screens_, g_, ports_);
     PlaceControls();
     Connect();
 }
@@ -234,7 +217,7 @@ void ConsoleForm::Schedule() {
         g_.roster.AllDepartmentsMode = all; // the console came to the front in between
     }
     if (!PrepareSchedule(g_, ports_)) return;
-    MainEditorForm(g_, ports_, *editorScreens_, this).ShowModal();
+    MainEditorForm(g_, ports_, screens_, this).ShowModal();
 }
 
 void ConsoleForm::LogIn() {

@@ -3,7 +3,7 @@
 
 #include "desktop/Form.h"
 #include "desktop/MenuRenderer.h"
-#include "editor/screens/EditorScreens.h"
+#include "desktop/Screens.h"
 #include "shell/console/Console.h"
 
 #include <QComboBox>
@@ -27,8 +27,6 @@ class ConsoleForm : public Form {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    class OpenedScreens;
-
     void PlaceControls();
     void Connect();
     void ShowFace();
@@ -46,7 +44,7 @@ class ConsoleForm : public Form {
     void EndRun();
 
     GlobalState& g_;
-    std::unique_ptr<EditorScreens> editorScreens_;
+    Screens screens_;
     ConsoleFace model_;
     std::unique_ptr<MenuRenderer> menus_;
     QWidget* Frame1 = nullptr;   // holds the choice of the department

@@ -17,15 +17,6 @@ struct Daytypes {
     std::array<std::string, MostDayTypes + 1> DayTypeNames;   // [1..DayTypeCount]
 };
 
-/// What the screens of daytypes and shifts were opened for, and what was picked there.
-struct ListDialog {
-    int DayTypeRequest = 0;    // 30 add, 31 change, 32 delete, 33 drop; 0 nothing was picked
-    std::string DayTypeCaller; // "Main" or "Week"
-    int DayTypeColumn = 0;     // the day, 1 to 7, for the week of one employee
-    int DayTypeRow = 0;
-    int SelectedDayType = 0; // index of the picked daytype or shift
-};
-
 struct Shifts {
     int ShiftCount = 0;
     std::array<std::string, MostShifts + 1> ShiftNames; // [shift 1..21]

@@ -4,6 +4,9 @@
 
 #include "editor/lanes/screens/TimeGrid.h"
 #include "editor/screens/MainEditorForm.h"
+#include "masterdata/DaytypesRequest.h"
+#include "masterdata/ShiftsRequest.h"
+#include "reports/schedules/SchedulesRequest.h"
 #include "support/Screens.h"
 #include "support/TestStore.h"
 #include "support/Usability.h"
@@ -17,18 +20,24 @@
 namespace tvx {
 
 /// Notes what was opened over the editor, and does there what the test says.
-class ScriptedScreens : public qt::EditorScreens {
+class ScriptedScreens : public qt::Screens {
   public:
+    ScriptedScreens() {
+        Script<DaytypesRequest>("Daytypes");
+        Script<ShiftsRequest>("Shifts");
+        Script<SchedulesRequest>("Schedules");
+    }
     std::vector<std::string> opened;
     std::function<void()> deed;
-    void OpenDaytypes(qt::Form&) override { Open("Daytypes"); }
-    void OpenShifts(qt::Form&) override { Open("Shifts"); }
-    void OpenSchedules(qt::Form&) override { Open("Schedules"); }
 
   private:
-    void Open(const char* screen) {
-        opened.emplace_back(screen);
-        if (deed) deed();
+    template <typename Request>
+    void Script(const char* screen) {
+        Register<Request>([this, screen](const Request&, qt::Form&) {
+            opened.emplace_back(screen);
+            if (deed) deed();
+            return typename Request::Answer{};
+        });
     }
 };
 

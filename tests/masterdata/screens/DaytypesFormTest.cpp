@@ -33,15 +33,12 @@ class DaytypesFormTest : public testing::Test {
         for (const auto& [symbol, name] : {std::pair("CA", "Cashier"), {"BK", "Baker"}, {"D", "Driver"}})
             AddDaytype(g, store.prompt(), symbol, name);
         store.OpenWeek(Sunday);
-        g.cursor.CurrentEmployee = 2;
-        g.cursor.CurrentDay = 3;
         test::WritableWeek(g).WeekChanged = false;
-        g.listDialog.DayTypeCaller = "Main";
         other.Open(store.folder / "TVX.MDB");
     }
-    qt::DaytypesForm& Open(int request) {
-        g.listDialog.DayTypeRequest = request;
-        form = std::make_unique<qt::DaytypesForm>(g, store.ports(), nullptr);
+    qt::DaytypesForm& Open(int task, int employee = 2, int day = 3) {
+        const DaytypesRequest request{static_cast<ListRequest>(task), employee, day};
+        form = std::make_unique<qt::DaytypesForm>(g, store.ports(), request, nullptr);
         form->ShowModeless();
         QApplication::processEvents(); // it becomes the active window
         return *form;
@@ -87,6 +84,16 @@ class DaytypesFormTest : public testing::Test {
         ASSERT_EQ(g.daytypes.DayTypeCount, count);
     }
 };
+
+TEST_F(DaytypesFormTest, text_that_comes_in_by_whatever_way_is_a_change_of_the_week) {
+    Open(30);
+    for (const auto& way : {test::TypeAny, test::Paste, test::Drop, test::Compose}) {
+        test::WritableWeek(g).WeekChanged = false;
+        Symbol().clear();
+        way(Symbol(), "c");
+        EXPECT_TRUE(g.week.WeekChanged);
+    }
+}
 
 // ---- the menu page ----
 
@@ -312,40 +319,33 @@ TEST_F(DaytypesFormTest, every_activity_leads_to_every_other) {
 
 // ---- putting one on a day ----
 
-TEST_F(DaytypesFormTest, puts_the_one_that_is_clicked_on_the_day_of_the_main_editor) {
+TEST_F(DaytypesFormTest, answers_with_the_one_that_is_clicked_and_leaves_the_week_alone) {
     Open(33);
     EXPECT_EQ(form->windowTitle().toStdString(), "Bakery: Brown Bob");
     EXPECT_EQ(TextOf("Label4"), "Select Daytype for Tuesday, 3-Mar-2026");
     EXPECT_FALSE(Shown("Frame3D1"));
     ClickRow(1);
     EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(g.week.DayTypeText[3][2], "CA");
-    EXPECT_EQ(g.listDialog.SelectedDayType, 2);
-    EXPECT_TRUE(g.week.WeekChanged);
+    EXPECT_EQ(form->Answer().SelectedDayType, 2);
+    EXPECT_EQ(g.week.DayTypeText[3][2], "");
+    EXPECT_FALSE(g.week.WeekChanged);
     EXPECT_TRUE(store.Rows().empty());
 }
 
-TEST_F(DaytypesFormTest, puts_one_on_the_day_that_the_week_of_one_employee_names) {
-    g.listDialog.DayTypeCaller = "Week";
-    g.listDialog.DayTypeColumn = 6;
-    Open(33);
+TEST_F(DaytypesFormTest, picks_for_the_day_that_it_is_asked_for) {
+    Open(33, 1, 6);
+    EXPECT_EQ(form->windowTitle().toStdString(), "Bakery: Adams Anna");
     EXPECT_EQ(TextOf("Label4"), "Select Daytype for Friday, 6-Mar-2026");
     test::Press(*form, Qt::Key_Down);
     test::Press(*form, Qt::Key_Return);
-    EXPECT_EQ(g.week.DayTypeText[6][2], "CA");
-    EXPECT_EQ(g.week.DayTypeText[3][2], "");
+    EXPECT_EQ(form->Answer().SelectedDayType, 2);
 }
 
-TEST_F(DaytypesFormTest, the_same_one_again_is_no_change_and_leaving_is_none) {
-    test::WritableWeek(g).DayTypeText[3][2] = "BK";
-    Open(33);
-    ClickRow(0);
-    EXPECT_FALSE(g.week.WeekChanged);
+TEST_F(DaytypesFormTest, leaving_answers_that_none_was_picked) {
     Open(33);
     test::Press(*form, Qt::Key_Escape);
     EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(g.week.DayTypeText[3][2], "BK");
-    EXPECT_FALSE(g.week.WeekChanged);
+    EXPECT_EQ(form->Answer().SelectedDayType, 0);
 }
 
 // ---- two workstations ----

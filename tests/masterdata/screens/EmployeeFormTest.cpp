@@ -388,6 +388,26 @@ TEST_F(EmployeeFormTest, no_command_gets_past_what_is_no_date) {
     EXPECT_EQ(Stored(1, "Hire Date"), "(null)");
 }
 
+TEST_F(EmployeeFormTest, a_click_on_ok_after_a_wrong_date_brings_one_box_and_the_next_click_stores) {
+    Add();
+    Enter(1, "Dale");
+    Enter(10, "soon");
+    ExpectDateHelp();
+    auto& ok = Find<QPushButton>(*form, "Command3D1");
+    QTest::mousePress(&ok, Qt::LeftButton);
+    QTest::qWait(60); // a hand is slower than the program
+    EXPECT_TRUE(store.prompt().Boxes().empty());
+    QTest::mouseRelease(&ok, Qt::LeftButton);
+    QTest::qWait(60);
+    EXPECT_EQ(store.prompt().Boxes().size(), 1u);
+    EXPECT_EQ(Box(10).Text(), "");
+    EXPECT_EQ(test::FocusOf(*form), Name(10));
+    EXPECT_FALSE(ok.isDown());
+    EXPECT_EQ(LastNames().size(), 3u);
+    test::Click(*form, "Command3D1");
+    EXPECT_EQ(LastNames().size(), 4u);
+}
+
 TEST_F(EmployeeFormTest, a_date_is_stored_as_its_day_and_none_as_null) {
     Add();
     Enter(1, "Dale");

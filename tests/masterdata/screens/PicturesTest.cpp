@@ -44,8 +44,7 @@ TEST_F(Pictures, of_every_screen) {
     test::Drag(test::Find<QWidget>(employee, "Picture1"), {900, 300}, {2700, 300});
     test::TakePicture(employee, "Form4");
 
-    store.g.listDialog.DayTypeRequest = 33;
-    qt::DaytypesForm daytypes(store.g, store.ports(), nullptr);
+    qt::DaytypesForm daytypes(store.g, store.ports(), {ListRequest::Drop, 1, 2}, nullptr);
     daytypes.ShowModeless();
     test::TakePicture(daytypes, "Form22-drop");
     test::Click(daytypes, "Command3D4");
@@ -58,10 +57,9 @@ TEST_F(Pictures, of_every_screen) {
     test::TakePicture(daytypes, "Form22-change");
 
     test::SetBars(store.g, 1, {{96 + 36, 96 + 68}});
-    TakeShiftFromDay(store.g.week, store.g.cursor.CurrentEmployee, store.g.cursor.CurrentDay, store.g.shifts);
-    EXPECT_EQ(AddShift(store.g, store.prompt(), "Morning, long"), ShiftResult::Done);
-    store.g.listDialog.DayTypeRequest = 30;
-    qt::ShiftsForm shifts(store.g, store.ports(), nullptr);
+    TakeShiftFromDay(store.g.week, 1, store.g.cursor.CurrentDay, store.g.shifts);
+    EXPECT_EQ(AddShift(store.g, store.prompt(), "Morning, long"), SaveResult::Saved);
+    qt::ShiftsForm shifts(store.g, store.ports(), {ListRequest::Add, 1, 1}, nullptr);
     shifts.ShowModeless();
     test::TakePicture(shifts, "Form23-add");
     test::Click(shifts, "OptionsCMD");

@@ -37,9 +37,9 @@ class ShiftsFormTest : public testing::Test {
         g.cursor.CurrentDay = 3;
         test::WritableWeek(g).WeekChanged = false;
     }
-    qt::ShiftsForm& Open(int request) {
-        g.listDialog.DayTypeRequest = request;
-        form = std::make_unique<qt::ShiftsForm>(g, store.ports(), nullptr);
+    qt::ShiftsForm& Open(int task) {
+        const ShiftsRequest request{static_cast<ListRequest>(task), 1, 3};
+        form = std::make_unique<qt::ShiftsForm>(g, store.ports(), request, nullptr);
         form->ShowModeless();
         QApplication::processEvents(); // it becomes the active window
         return *form;
@@ -102,7 +102,7 @@ TEST_F(ShiftsFormTest, a_day_is_stored_under_a_name_from_the_keyboard) {
     test::Type(*form, " Early, long ");
     test::Press(*form, Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(g.listDialog.DayTypeRequest, 0);
+    EXPECT_EQ(form->Answer().SelectedDayType, 0);
     EXPECT_EQ(Names(), std::vector<std::string>{"Early, long"});
     EXPECT_EQ(File(), "\"Early, long\"\r\n2\r\n36\r\n52\r\n92\r\n100\r\n");
 }
@@ -152,7 +152,7 @@ TEST_F(ShiftsFormTest, leaving_stores_nothing_and_the_next_day_starts_anew) {
     test::Press(*form, Qt::Key_Escape);
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(g.shifts.ShiftCount, 0);
-    EXPECT_EQ(g.listDialog.DayTypeRequest, 0);
+    EXPECT_EQ(form->Answer().SelectedDayType, 0);
     Store("Late", {{70, 80}});
     EXPECT_EQ(File(), "\"Late\"\r\n1\r\n70\r\n80\r\n");
 }
@@ -259,12 +259,10 @@ TEST_F(ShiftsFormTest, a_click_picks_a_shift_for_the_day) {
     EXPECT_FALSE(Shown("Frame1") || Shown("SaveCMD") || Shown("OptionsCMD"));
     ClickRow(1);
     EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(g.listDialog.SelectedDayType, 2);
-    EXPECT_EQ(g.listDialog.DayTypeRequest, 33);
+    EXPECT_EQ(form->Answer().SelectedDayType, 2);
     Open(33);
     test::Press(*form, Qt::Key_Return);
-    EXPECT_EQ(g.listDialog.SelectedDayType, 1);
-    EXPECT_EQ(g.listDialog.DayTypeRequest, 33);
+    EXPECT_EQ(form->Answer().SelectedDayType, 1);
 }
 
 TEST_F(ShiftsFormTest, leaving_by_every_way_tells_that_nothing_was_picked) {
@@ -275,7 +273,7 @@ TEST_F(ShiftsFormTest, leaving_by_every_way_tells_that_nothing_was_picked) {
         if (way == 2) test::Press(*form, Qt::Key_Escape);
         if (way == 3) form->close();
         EXPECT_FALSE(form->isVisible());
-        EXPECT_EQ(g.listDialog.DayTypeRequest, 0) << way;
+        EXPECT_EQ(form->Answer().SelectedDayType, 0) << way;
     }
 }
 
@@ -291,7 +289,7 @@ TEST_F(ShiftsFormTest, a_21st_shift_of_a_file_is_listed_and_not_picked) {
     EXPECT_TRUE(form->isVisible());
     ClickRow(19);
     EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(g.listDialog.SelectedDayType, 20);
+    EXPECT_EQ(form->Answer().SelectedDayType, 20);
 }
 
 // ---- for everybody ----

@@ -1,0 +1,35 @@
+#include "shell/screens/RegisterScreens.h"
+
+#include "masterdata/screens/DaytypesForm.h"
+#include "masterdata/screens/ShiftsForm.h"
+#include "reports/page/screens/QtPrinter.h"
+#include "reports/schedules/SchedulesRequest.h"
+#include "reports/screens/ScheduleForm.h"
+
+namespace tvx::qt {
+namespace {
+
+/// A form that is made from its request and keeps the answer.
+template <typename Request, typename Made>
+void RegisterForm(Screens& screens, GlobalState& g, Ports& ports) {
+    screens.Register<Request>([&g, &ports](const Request& request, Form& owner) {
+        Made form(g, ports, request, &owner);
+        form.ShowModal();
+        return form.Answer();
+    });
+}
+
+} // namespace
+
+void RegisterScreens(Screens& screens, GlobalState& g, Ports& ports) {
+    RegisterForm<DaytypesRequest, DaytypesForm>(screens, g, ports);
+    RegisterForm<ShiftsRequest, ShiftsForm>(screens, g, ports);
+    screens.Register<SchedulesRequest>([&g, &ports](const SchedulesRequest& request, Form& owner) {
+        QtPrinter printer;
+        g.application.FormCommand = request.kind;
+        ScheduleForm(g, ports, printer, &owner).ShowModal();
+        return SchedulesAnswer{};
+    });
+}
+
+} // namespace tvx::qt
