@@ -142,11 +142,11 @@ struct People {
     People() {
         store.AddDepartment("Bench");
         store.AddPeople(Smoke() ? 30 : 1000);
-        store.g.application.FormCommand = "Change";
         bare = std::make_unique<Bare>(store.folder / "TVX.MDB");
     }
     std::unique_ptr<qt::EmployeeSearchForm> Search() {
-        auto form = std::make_unique<qt::EmployeeSearchForm>(store.g, store.ports(), nullptr);
+        auto form =
+            std::make_unique<qt::EmployeeSearchForm>(store.g, store.ports(), SearchRequest{}, nullptr);
         form->ShowModeless();
         QApplication::processEvents();
         return form;
@@ -213,8 +213,7 @@ void Save(const std::shared_ptr<People>& people) {
             EmployeeRecord record = load();
             record.comments = "Round " + std::to_string(++*turn);
             return Seconds([&] {
-                if (SaveEmployeeRecord(people->store.g, people->store.ports(), record) !=
-                    SaveResult::Saved)
+                if (SaveEmployeeRecord(people->store.g, people->store.ports(), record) != SaveResult::Saved)
                     Complain("not saved");
             });
         },

@@ -127,10 +127,10 @@ void DeleteByName(dao::Database& database, const std::string& name) {
 
 } // namespace
 
-std::optional<DepartmentProfile> OpenProfile(const GlobalState& g, Prompt& prompt) {
+std::optional<DepartmentProfile> OpenProfile(const GlobalState& g, Prompt& prompt, FormCommand command) {
     try {
         const std::vector<DepartmentRow> rows = ReadDepartmentRows(g.store.Open());
-        return g.application.FormCommand == "Add" ? DepartmentProfile() : ReadProfile(g, rows);
+        return command == FormCommand::Add ? DepartmentProfile() : ReadProfile(g, rows);
     } catch (const dao::DaoError& trouble) {
         TellTrouble(prompt, TroubleOf(Occasion::ReadingDepartments, trouble));
         return std::nullopt;
@@ -141,7 +141,7 @@ bool CheckDepartmentNameInUse(const std::vector<DepartmentRow>& departments, con
     return Named(departments, name) != nullptr;
 }
 
-SaveResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& profile) {
+SaveResult SaveDepartment(GlobalState& g, Prompt& prompt, FormCommand command, DepartmentProfile& profile) {
     TakeDefaults(profile);
     if (Trim(profile.name).empty()) return SaveResult::Incomplete;
     Occasion occasion = Occasion::ReadingDepartments;
@@ -149,7 +149,7 @@ SaveResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& pro
         ReadDepartmentRows(g.store.Open()); // a table that cannot be read is told apart from a lock
         occasion = Occasion::Saving;
         const std::string typed = std::exchange(profile.name, Trim(profile.name));
-        const bool adding = g.application.FormCommand == "Add";
+        const bool adding = command == FormCommand::Add;
         if (!WriteProfile(g, profile, adding)) {
             TellNameInUse(prompt, typed);
             return SaveResult::InUse;
@@ -180,7 +180,7 @@ bool AskAndDeleteDepartment(GlobalState& g, Prompt& prompt) {
                       box::YesNo + box::Stop, "Delete " + name);
     if (answer != Answer::Yes) return false;
     const Hourglass hourglass(prompt);
-    g.application.FormCommand = "Delete";
+    g.application.FormCommand = FormCommand::Delete;
     DeleteDepartment(g);
     return true;
 }

@@ -31,15 +31,15 @@ struct DepartmentProfile {
     friend bool operator==(const DepartmentProfile&, const DepartmentProfile&) = default;
 };
 
-/// The profile to begin with, as `FormCommand` "Add" or "Change" says: the usual one, or that of the current
+/// The profile to begin with, as Add or Change says: the usual one, or that of the current
 /// department, found by its name. A cut-off that the list of times does not offer shows as the last one.
 /// Nothing, and its box is shown, when the table cannot be read or the department is gone.
-std::optional<DepartmentProfile> OpenProfile(const GlobalState& g, Prompt& prompt);
+std::optional<DepartmentProfile> OpenProfile(const GlobalState& g, Prompt& prompt, FormCommand command);
 
-/// Adds a department, or changes the current one, as `FormCommand` "Add" or "Change" says, and shows the box
+/// Adds a department, or changes the current one, as Add or Change says, and shows the box
 /// of any refusal. Empty words for people and days off become the defaults, in `profile` too. An added
 /// department gets no words of its own. After Saved the current department's settings are in force.
-SaveResult SaveDepartment(GlobalState& g, Prompt& prompt, DepartmentProfile& profile);
+SaveResult SaveDepartment(GlobalState& g, Prompt& prompt, FormCommand command, DepartmentProfile& profile);
 
 /// True when a department has this name but for case and outer blanks.
 bool CheckDepartmentNameInUse(const std::vector<DepartmentRow>& departments, const std::string& name);

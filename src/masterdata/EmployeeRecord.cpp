@@ -96,7 +96,7 @@ EmployeeRow RowOf(const EmployeeRecord& record, const GlobalState& g, const Port
 void WriteRecord(GlobalState& g, const EmployeeRecord& record, const Ports& ports) {
     const EmployeeRow row = RowOf(record, g, ports);
     dao::Transaction transaction(g.store.Open());
-    if (g.application.FormCommand == "Add")
+    if (record.key == 0)
         AddEmployeeRow(g.store.Open(), row);
     else
         ChangeEmployeeRow(g.store.Open(), row);
@@ -226,9 +226,8 @@ std::string DateHint(const GlobalState& g, const Ports& ports) {
     return "Use format like 2-" + january + "-" + whole + " or " + april + "-12-" + two;
 }
 
-std::string EmployeeTitle(const GlobalState& g) {
-    const Department& d = g.department;
-    if (g.application.FormCommand == "Add") return d.CurrentDepName + ": Add new " + d.EmployeeNameSingle;
+std::string EmployeeTitle(const Department& d, bool adding) {
+    if (adding) return d.CurrentDepName + ": Add new " + d.EmployeeNameSingle;
     return d.CurrentDepName + ": Change " + d.EmployeeNameSingle + " record";
 }
 

@@ -64,8 +64,8 @@ EmployeeRecord LoadEmployeeRecord(const GlobalState& g, const Region& region, in
 /// Keys of the whole department in the order of last names, inactive people included. Throws DaoError.
 std::vector<int> EmployeeKeys(const GlobalState& g);
 
-/// Adds the record to the current department ("Add"), or writes it to the stored record of its key ("Change",
-/// "Move"), in one transaction, with the boxes of any refusal.
+/// Adds the record to the current department, or writes it to the stored record of its key, in one
+/// transaction, with the boxes of any refusal.
 SaveResult SaveEmployeeRecord(GlobalState& g, Ports& ports, const EmployeeRecord& record);
 
 /// The key rule of a box: 0 drops the key. The double quote is dropped everywhere; pay takes digits, one
@@ -89,7 +89,7 @@ std::string UnderAgeNotice(const std::string& birthDate, const GlobalState& g, c
 /// What can be typed as a date, for the hint line: "Use format like 2-Jan-2026 or Apr-12-26".
 std::string DateHint(const GlobalState& g, const Ports& ports);
 
-/// Title of the screen by `FormCommand`.
-std::string EmployeeTitle(const GlobalState& g);
+/// Title of the screen.
+std::string EmployeeTitle(const Department& department, bool adding);
 
 } // namespace tvx

@@ -62,10 +62,8 @@ int FirstMatch(const std::vector<FoundEmployee>& rows, const std::string& typed)
     return -1;
 }
 
-std::string SearchTitle(const GlobalState& g) {
-    const std::string& command = g.application.FormCommand;
-    const std::string verb = command == "Delete" || command == "Transfer" ? command : "Change";
-    return verb + " " + g.department.EmployeeNameSingle;
+std::string SearchTitle(const Department& department, FormCommand command) {
+    return TextOf(command) + " " + department.EmployeeNameSingle;
 }
 
 bool AskAndDeleteEmployee(const GlobalState& g, Prompt& prompt, int employeeKey) {

@@ -34,8 +34,8 @@ std::string FitToNameColumn(const std::string& name, const std::function<Twips(c
 /// Index of the first row that begins with the typed text, without regard to case; -1 when none does.
 int FirstMatch(const std::vector<FoundEmployee>& rows, const std::string& typed);
 
-/// Title of the search by `FormCommand`: "Delete Employee".
-std::string SearchTitle(const GlobalState& g);
+/// Title of the search: "Delete Employee".
+std::string SearchTitle(const Department& department, FormCommand command);
 
 /// Asks, and deletes the employee's record. The schedule rows stay, and no report sees them any more. True
 /// when it was deleted. Throws DaoError.

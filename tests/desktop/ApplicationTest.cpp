@@ -39,7 +39,7 @@ class Brittle : public QWidget {
 class ApplicationTest : public testing::Test {
   protected:
     test::ScriptedPrompt prompt;
-    PlainTeller teller{prompt};
+    StoreTeller teller{prompt};
     Brittle window;
 
     static Application& Net() { return dynamic_cast<Application&>(*qApp); }

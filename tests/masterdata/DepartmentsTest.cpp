@@ -29,16 +29,13 @@ class DepartmentsTest : public testing::Test {
         bakery = store.AddDepartment("Bakery", 304, 5, 2);
         other.Open(store.folder / "TVX.MDB");
     }
-    void Command(const std::string& command) { g.application.FormCommand = command; }
-    DepartmentProfile Opened(const std::string& command) {
-        Command(command);
-        const auto profile = OpenProfile(g, store.prompt());
+    DepartmentProfile Opened(FormCommand command) {
+        const auto profile = OpenProfile(g, store.prompt(), command);
         EXPECT_TRUE(profile.has_value());
         return profile.value_or(DepartmentProfile());
     }
-    SaveResult Save(const std::string& command, DepartmentProfile profile) {
-        Command(command);
-        return SaveDepartment(g, store.prompt(), profile);
+    SaveResult Save(FormCommand command, DepartmentProfile profile) {
+        return SaveDepartment(g, store.prompt(), command, profile);
     }
     std::vector<std::string> Names() { return RowsOf(store.db(), "Department", {"Department name"}); }
     std::string Row(int number) {
@@ -64,7 +61,7 @@ class DepartmentsTest : public testing::Test {
 // ---- opening ----
 
 TEST_F(DepartmentsTest, a_new_one_begins_with_the_usual_settings) {
-    const DepartmentProfile profile = Opened("Add");
+    const DepartmentProfile profile = Opened(FormCommand::Add);
     EXPECT_EQ(profile.name, "");
     EXPECT_EQ(profile.firstWeekday, 1);
     EXPECT_EQ(profile.cutoffQuarters, 0);
@@ -79,7 +76,7 @@ TEST_F(DepartmentsTest, a_new_one_begins_with_the_usual_settings) {
 TEST_F(DepartmentsTest, a_stored_one_shows_its_settings_and_the_usual_words_for_missing_ones) {
     test::PutField(store.db(), "Department", "Dep number", bakery, "EmployeeNamePlural",
                    std::string("Bakers"));
-    const DepartmentProfile profile = Opened("Change");
+    const DepartmentProfile profile = Opened(FormCommand::Change);
     EXPECT_EQ(profile.name, "Bakery");
     EXPECT_EQ(profile.firstWeekday, 3);
     EXPECT_EQ(profile.cutoffQuarters, 4);
@@ -94,7 +91,7 @@ TEST_F(DepartmentsTest, are_found_by_name_whatever_case_and_outer_blanks) {
     test::PutField(store.db(), "Department", "Dep number", bakery, "Department name",
                    std::string("  baKERY "));
     g.department.CurrentDepName = "Bakery ";
-    const DepartmentProfile profile = Opened("Change");
+    const DepartmentProfile profile = Opened(FormCommand::Change);
     EXPECT_EQ(profile.name, "Bakery");
     EXPECT_EQ(profile.firstWeekday, 3);
 }
@@ -117,7 +114,7 @@ TEST_F(DepartmentsTest, unpack_the_first_weekday_with_the_rule_of_the_older_form
     };
     for (const Packed& row : table) {
         test::PutField(store.db(), "Department", "Dep number", bakery, "First weekday", row.stored);
-        const DepartmentProfile profile = Opened("Change");
+        const DepartmentProfile profile = Opened(FormCommand::Change);
         EXPECT_EQ(profile.firstWeekday, row.weekday) << dao::ToText(row.stored, "Null");
         EXPECT_EQ(profile.cutoffQuarters, row.cutoff) << dao::ToText(row.stored, "Null");
         EXPECT_EQ(profile.weekKnown, row.known) << dao::ToText(row.stored, "Null");
@@ -127,15 +124,14 @@ TEST_F(DepartmentsTest, unpack_the_first_weekday_with_the_rule_of_the_older_form
 TEST_F(DepartmentsTest, take_a_listing_order_of_0_or_none_for_1) {
     for (const dao::Value& order : {dao::Value(), dao::Value(std::int64_t{0})}) {
         test::PutField(store.db(), "Department", "Dep number", bakery, "Editor order", order);
-        EXPECT_EQ(Opened("Change").editorOrder, 1);
+        EXPECT_EQ(Opened(FormCommand::Change).editorOrder, 1);
     }
 }
 
 TEST_F(DepartmentsTest, that_another_workstation_deleted_say_so_when_they_are_opened) {
     other.Delete("Department", "Department name", "Bakery");
     store.prompt().Expect("Database error, try again..3021 No current record.", 0, "Database error...");
-    Command("Change");
-    EXPECT_FALSE(OpenProfile(g, store.prompt()).has_value());
+    EXPECT_FALSE(OpenProfile(g, store.prompt(), FormCommand::Change).has_value());
 }
 
 TEST_F(DepartmentsTest, offer_33_times_from_midnight_to_8_for_the_cut_off) {
@@ -158,7 +154,7 @@ TEST_F(DepartmentsTest, are_added_with_their_settings_and_without_words_of_their
     profile.editorOrder = 6;
     profile.weekMethod = 0;
     profile.employeeNamePlural = "Cooks";
-    EXPECT_EQ(Save("Add", profile), SaveResult::Saved);
+    EXPECT_EQ(Save(FormCommand::Add, profile), SaveResult::Saved);
     EXPECT_EQ(Row(bakery + 1), "3|Kitchen|6|216|0|(null)|(null)|(null)|(null)");
     EXPECT_EQ(g.department.FirstWeekday, 2);
     EXPECT_EQ(g.department.DayCutoffQuarters, 16);
@@ -170,7 +166,7 @@ TEST_F(DepartmentsTest, need_a_name_and_say_nothing) {
     profile.employeeNameSingle = " ";
     for (const char* name : {"", "   "}) {
         profile.name = name;
-        EXPECT_EQ(Save("Add", profile), SaveResult::Incomplete);
+        EXPECT_EQ(Save(FormCommand::Add, profile), SaveResult::Incomplete);
     }
     EXPECT_EQ(Names().size(), 2U);
 }
@@ -181,8 +177,7 @@ TEST_F(DepartmentsTest, take_the_usual_words_where_none_is_given_even_when_the_n
     profile.employeeNamePlural = "  ";
     profile.dayOffNameSingle = "";
     profile.dayOffNamePlural = "";
-    Command("Change");
-    EXPECT_EQ(SaveDepartment(g, store.prompt(), profile), SaveResult::Incomplete);
+    EXPECT_EQ(SaveDepartment(g, store.prompt(), FormCommand::Change, profile), SaveResult::Incomplete);
     EXPECT_EQ(profile, DepartmentProfile());
 }
 
@@ -193,7 +188,7 @@ TEST_F(DepartmentsTest, are_refused_under_a_name_in_use_whatever_case_and_outer_
                                        {"  bakery", "  bakery"}}) {
         ExpectNameInUse(shown);
         profile.name = typed;
-        EXPECT_EQ(Save("Add", profile), SaveResult::InUse) << typed;
+        EXPECT_EQ(Save(FormCommand::Add, profile), SaveResult::InUse) << typed;
         EXPECT_FALSE(store.db().InTransaction());
     }
     EXPECT_EQ(store.prompt().Beeps(), 3);
@@ -202,27 +197,26 @@ TEST_F(DepartmentsTest, are_refused_under_a_name_in_use_whatever_case_and_outer_
 
 TEST_F(DepartmentsTest, can_be_the_first_of_an_empty_table) {
     test::TestStore empty;
-    empty.g.application.FormCommand = "Add";
     DepartmentProfile profile;
     profile.name = "First";
-    EXPECT_EQ(SaveDepartment(empty.g, empty.prompt(), profile), SaveResult::Saved);
+    EXPECT_EQ(SaveDepartment(empty.g, empty.prompt(), FormCommand::Add, profile), SaveResult::Saved);
     EXPECT_EQ(RowsOf(empty.db(), "Department", {"Department name"}), std::vector<std::string>{"First"});
 }
 
 TEST_F(DepartmentsTest, keep_names_in_any_script) {
     DepartmentProfile profile;
     profile.name = "Bäckerei 🥐 Пекарня";
-    EXPECT_EQ(Save("Add", profile), SaveResult::Saved);
+    EXPECT_EQ(Save(FormCommand::Add, profile), SaveResult::Saved);
     EXPECT_EQ(Names().back(), profile.name);
     ExpectNameInUse("BÄCKEREI 🥐 ПЕКАРНЯ");
     profile.name = "BÄCKEREI 🥐 ПЕКАРНЯ";
-    EXPECT_EQ(Save("Add", profile), SaveResult::InUse);
+    EXPECT_EQ(Save(FormCommand::Add, profile), SaveResult::InUse);
 }
 
 // ---- changing ----
 
 TEST_F(DepartmentsTest, are_changed_with_their_words_and_the_change_is_in_force_at_once) {
-    DepartmentProfile profile = Opened("Change");
+    DepartmentProfile profile = Opened(FormCommand::Change);
     profile.name = "Patisserie";
     profile.firstWeekday = 7;
     profile.cutoffQuarters = 32;
@@ -232,7 +226,7 @@ TEST_F(DepartmentsTest, are_changed_with_their_words_and_the_change_is_in_force_
     profile.employeeNamePlural = "Associates";
     profile.dayOffNameSingle = "Day off";
     profile.dayOffNamePlural = "";
-    EXPECT_EQ(Save("Change", profile), SaveResult::Saved);
+    EXPECT_EQ(Save(FormCommand::Change, profile), SaveResult::Saved);
     EXPECT_EQ(Row(bakery), "2|Patisserie|2|732|1|Associate|Associates|Day off|Vacation days");
     const Department& d = g.department;
     EXPECT_EQ(d.CurrentDepName, "Patisserie");
@@ -247,26 +241,26 @@ TEST_F(DepartmentsTest, are_changed_with_their_words_and_the_change_is_in_force_
 }
 
 TEST_F(DepartmentsTest, keep_their_own_name_without_a_question) {
-    DepartmentProfile profile = Opened("Change");
+    DepartmentProfile profile = Opened(FormCommand::Change);
     profile.editorOrder = 4;
     profile.name = " Bakery ";
-    EXPECT_EQ(Save("Change", profile), SaveResult::Saved);
+    EXPECT_EQ(Save(FormCommand::Change, profile), SaveResult::Saved);
     EXPECT_EQ(Row(bakery).substr(0, 11), "2|Bakery|4|");
 }
 
 TEST_F(DepartmentsTest, find_themselves_as_a_duplicate_when_only_the_case_of_the_name_changes) {
-    DepartmentProfile profile = Opened("Change");
+    DepartmentProfile profile = Opened(FormCommand::Change);
     profile.name = "BAKERY";
     ExpectNameInUse("BAKERY");
-    EXPECT_EQ(Save("Change", profile), SaveResult::InUse);
+    EXPECT_EQ(Save(FormCommand::Change, profile), SaveResult::InUse);
     EXPECT_EQ(Names(), (std::vector<std::string>{"Stores", "Bakery"}));
 }
 
 TEST_F(DepartmentsTest, cannot_take_the_name_of_another) {
-    DepartmentProfile profile = Opened("Change");
+    DepartmentProfile profile = Opened(FormCommand::Change);
     profile.name = "stores";
     ExpectNameInUse("stores");
-    EXPECT_EQ(Save("Change", profile), SaveResult::InUse);
+    EXPECT_EQ(Save(FormCommand::Change, profile), SaveResult::InUse);
     EXPECT_EQ(g.department.CurrentDepName, "Bakery");
 }
 
@@ -276,38 +270,38 @@ TEST_F(DepartmentsTest, keep_longer_texts_of_another_program_while_nobody_touche
                                               "', EmployeeNamePlural = '" + wide +
                                               "' WHERE [Dep number] = 2");
     g.department.CurrentDepName = wide;
-    DepartmentProfile profile = Opened("Change");
+    DepartmentProfile profile = Opened(FormCommand::Change);
     EXPECT_EQ(profile.employeeNamePlural, wide);
     profile.editorOrder = 2;
-    EXPECT_EQ(Save("Change", profile), SaveResult::Saved);
+    EXPECT_EQ(Save(FormCommand::Change, profile), SaveResult::Saved);
     EXPECT_EQ(Row(bakery), "2|" + wide + "|2|304|2|Employee|" + wide + "|Vacation day|Vacation days");
 }
 
 TEST_F(DepartmentsTest, take_words_of_14_characters_and_refuse_longer_ones) {
-    DepartmentProfile profile = Opened("Change");
+    DepartmentProfile profile = Opened(FormCommand::Change);
     profile.employeeNameSingle = std::string(15, 'e');
     ExpectLocked(3163);
-    EXPECT_EQ(Save("Change", profile), SaveResult::Refused);
+    EXPECT_EQ(Save(FormCommand::Change, profile), SaveResult::Refused);
     profile.employeeNameSingle = std::string(14, 'e');
-    EXPECT_EQ(Save("Change", profile), SaveResult::Saved);
+    EXPECT_EQ(Save(FormCommand::Change, profile), SaveResult::Saved);
 }
 
 // ---- two workstations ----
 
 TEST_F(DepartmentsTest, stay_as_they_are_while_another_workstation_saves_and_take_the_second_try) {
-    DepartmentProfile profile = Opened("Change");
+    DepartmentProfile profile = Opened(FormCommand::Change);
     profile.name = "Patisserie";
     profile.employeeNamePlural = "Bakers";
     const DepartmentProfile typed = profile;
     other.Hold();
     ExpectLocked(3260);
-    EXPECT_EQ(SaveDepartment(g, store.prompt(), profile), SaveResult::Refused);
+    EXPECT_EQ(SaveDepartment(g, store.prompt(), FormCommand::Change, profile), SaveResult::Refused);
     EXPECT_EQ(profile, typed);
     EXPECT_EQ(g.department.CurrentDepName, "Bakery");
     EXPECT_EQ(store.script.prompt.Shape(), Pointer::Default);
     EXPECT_FALSE(store.db().InTransaction());
     other.LetGo();
-    EXPECT_EQ(SaveDepartment(g, store.prompt(), profile), SaveResult::Saved);
+    EXPECT_EQ(SaveDepartment(g, store.prompt(), FormCommand::Change, profile), SaveResult::Saved);
     EXPECT_EQ(Names().back(), "Patisserie");
 }
 
@@ -316,27 +310,27 @@ TEST_F(DepartmentsTest, are_added_once_when_the_first_try_found_the_file_locked)
     profile.name = "Kitchen";
     other.Hold();
     ExpectLocked(3260);
-    EXPECT_EQ(Save("Add", profile), SaveResult::Refused);
+    EXPECT_EQ(Save(FormCommand::Add, profile), SaveResult::Refused);
     other.LetGo();
-    EXPECT_EQ(Save("Add", profile), SaveResult::Saved);
+    EXPECT_EQ(Save(FormCommand::Add, profile), SaveResult::Saved);
     EXPECT_EQ(Names(), (std::vector<std::string>{"Stores", "Bakery", "Kitchen"}));
 }
 
 TEST_F(DepartmentsTest, that_two_workstations_change_keep_what_was_saved_last) {
-    DepartmentProfile profile = Opened("Change");
+    DepartmentProfile profile = Opened(FormCommand::Change);
     other.Change("Department", "Department name", "Bakery", "EmployeeNamePlural", "Bakers");
     other.Change("Department", "Department name", "Bakery", "Editor order", "3");
     profile.dayOffNameSingle = "Free day";
-    EXPECT_EQ(Save("Change", profile), SaveResult::Saved);
+    EXPECT_EQ(Save(FormCommand::Change, profile), SaveResult::Saved);
     EXPECT_EQ(Row(bakery), "2|Bakery|5|304|2|Employee|Employees|Free day|Vacation days");
 }
 
 TEST_F(DepartmentsTest, that_another_workstation_renamed_are_not_saved_and_nothing_is_lost) {
-    DepartmentProfile profile = Opened("Change");
+    DepartmentProfile profile = Opened(FormCommand::Change);
     other.Change("Department", "Department name", "Bakery", "Department name", "Patisserie");
     profile.editorOrder = 1;
     ExpectLocked(3021);
-    EXPECT_EQ(Save("Change", profile), SaveResult::Refused);
+    EXPECT_EQ(Save(FormCommand::Change, profile), SaveResult::Refused);
     EXPECT_EQ(Row(bakery).substr(0, 15), "2|Patisserie|5|");
 }
 
@@ -345,7 +339,7 @@ TEST_F(DepartmentsTest, get_a_name_that_another_workstation_gave_meanwhile_refus
     profile.name = "Counter";
     other.Change("Department", "Department name", "Stores", "Department name", "Counter");
     ExpectNameInUse("Counter");
-    EXPECT_EQ(Save("Add", profile), SaveResult::InUse);
+    EXPECT_EQ(Save(FormCommand::Add, profile), SaveResult::InUse);
 }
 
 // ---- deleting ----
@@ -400,17 +394,17 @@ TEST_F(DeleteDepartmentTest, takes_its_people_daytypes_and_days_and_the_schedule
     EXPECT_EQ(All(), (std::vector<std::string>{"Department Stores", "Employee 1", "Employee 2", "Day Types 1",
                                                "Department day 1", "Day 46082|1", "Day 46082|2",
                                                "Day 46082|4", "Day 46083|1", "Day 46083|2", "Day 46083|4"}));
-    EXPECT_EQ(g.application.FormCommand, "Delete");
+    EXPECT_EQ(g.application.FormCommand, FormCommand::Delete);
     EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
 }
 
 TEST_F(DeleteDepartmentTest, does_nothing_on_a_no) {
     const auto before = All();
-    g.application.FormCommand = "";
+    g.application.FormCommand = FormCommand::None;
     ExpectQuestion(Answer::No);
     EXPECT_FALSE(AskAndDeleteDepartment(g, store.prompt()));
     EXPECT_EQ(All(), before);
-    EXPECT_EQ(g.application.FormCommand, "");
+    EXPECT_EQ(g.application.FormCommand, FormCommand::None);
 }
 
 TEST_F(DeleteDepartmentTest, of_nobody_leaves_every_schedule) {

@@ -31,8 +31,12 @@ class EmployeeRecordTest : public testing::Test {
         other.Open(store.folder / "TVX.MDB");
     }
     EmployeeRecord Load(int key) { return LoadEmployeeRecord(g, store.script.region, key); }
-    SaveResult Save(const std::string& command, const EmployeeRecord& record) {
-        g.application.FormCommand = command;
+    SaveResult Add(EmployeeRecord record) {
+        record.key = 0;
+        return SaveEmployeeRecord(g, store.ports(), record);
+    }
+    SaveResult Change(const EmployeeRecord& record) {
+        EXPECT_NE(record.key, 0);
         return SaveEmployeeRecord(g, store.ports(), record);
     }
     EmployeeRecord Named(const std::string& lastName) {
@@ -276,7 +280,7 @@ TEST_F(EmployeeRecordTest, a_new_one_is_hourly_active_and_of_the_options_colour)
 
 TEST_F(EmployeeRecordTest, every_field_is_stored_and_comes_back) {
     EmployeeRecord record = FullRecord();
-    ASSERT_EQ(Save("Add", record), SaveResult::Saved);
+    ASSERT_EQ(Add(record), SaveResult::Saved);
     record.key = 3;
     EXPECT_EQ(Load(3), record);
     EXPECT_EQ(RowsOf(store.db(), "Employee",
@@ -308,7 +312,7 @@ TEST_F(EmployeeRecordTest, every_field_is_stored_and_comes_back) {
 }
 
 TEST_F(EmployeeRecordTest, empty_boxes_are_stored_by_their_rules) {
-    ASSERT_EQ(Save("Add", Named("Clark")), SaveResult::Saved);
+    ASSERT_EQ(Add(Named("Clark")), SaveResult::Saved);
     EXPECT_EQ(StoredText(3, "Pay"), "0") << "the box never had the focus";
     EXPECT_EQ(StoredText(3, "Email"), " ");
     EXPECT_EQ(StoredText(3, "Hire Date"), "(null)");
@@ -325,7 +329,7 @@ TEST_F(EmployeeRecordTest, pay_is_stored_as_its_box_shows_it) {
     EmployeeRecord record = Named("Clark");
     for (const char* pay : {".00", "7.00", "7", "7.5", "1234567"}) {
         record.Text2[box_of::Pay] = pay;
-        ASSERT_EQ(Save("Add", record), SaveResult::Saved);
+        ASSERT_EQ(Add(record), SaveResult::Saved);
         EXPECT_EQ(RowsOf(store.db(), "Employee", {"Pay"}).back(), pay);
     }
 }
@@ -333,7 +337,7 @@ TEST_F(EmployeeRecordTest, pay_is_stored_as_its_box_shows_it) {
 TEST_F(EmployeeRecordTest, a_last_name_is_needed) {
     for (const char* name : {"", "   "}) {
         store.prompt().Expect("Last name must be filled out.", 0, "Last Name is blank");
-        EXPECT_EQ(Save("Add", Named(name)), SaveResult::Incomplete);
+        EXPECT_EQ(Add(Named(name)), SaveResult::Incomplete);
     }
     EXPECT_EQ(store.prompt().Beeps(), 2);
     EXPECT_EQ(RowsOf(store.db(), "Employee", {"Employee"}).size(), 2U);
@@ -342,15 +346,15 @@ TEST_F(EmployeeRecordTest, a_last_name_is_needed) {
 TEST_F(EmployeeRecordTest, equal_ids_are_taken) {
     EmployeeRecord record = Named("Clark");
     record.Text2[box_of::Id] = "7";
-    EXPECT_EQ(Save("Add", record), SaveResult::Saved);
-    EXPECT_EQ(Save("Add", record), SaveResult::Saved);
+    EXPECT_EQ(Add(record), SaveResult::Saved);
+    EXPECT_EQ(Add(record), SaveResult::Saved);
 }
 
 TEST_F(EmployeeRecordTest, each_labor_type_has_its_code) {
     EmployeeRecord record = Named("Clark");
     for (const auto& [option, code] : {std::pair{0, 0}, {1, 1}, {2, 2}, {3, 4}, {-1, 0}}) {
         record.laborOption = option;
-        ASSERT_EQ(Save("Add", record), SaveResult::Saved);
+        ASSERT_EQ(Add(record), SaveResult::Saved);
         EXPECT_EQ(RowsOf(store.db(), "Employee", {"Labor type"}).back(), std::to_string(code));
     }
 }
@@ -434,21 +438,21 @@ TEST_F(EmployeeRecordTest, keys_come_in_the_order_of_the_last_names_with_inactiv
 // ---- changing ----
 
 TEST_F(EmployeeRecordTest, a_change_is_written_to_the_record_that_was_loaded) {
-    for (const char* command : {"Change", "Move"}) {
+    for (const char* phone : {"555-1", "555-2"}) {
         EmployeeRecord record = Load(adams);
-        record.Text2[box_of::Phone] = command;
-        EXPECT_EQ(Save(command, record), SaveResult::Saved);
-        EXPECT_EQ(StoredText(adams, "Phone"), command);
+        record.Text2[box_of::Phone] = phone;
+        EXPECT_EQ(Change(record), SaveResult::Saved);
+        EXPECT_EQ(StoredText(adams, "Phone"), phone);
     }
     EXPECT_EQ(RowsOf(store.db(), "Employee", {"Last name"}), (std::vector<std::string>{"Adams", "Brown"}));
 }
 
 TEST_F(EmployeeRecordTest, an_untouched_one_is_stored_as_it_was) {
-    ASSERT_EQ(Save("Add", FullRecord()), SaveResult::Saved);
+    ASSERT_EQ(Add(FullRecord()), SaveResult::Saved);
     const auto before =
         RowsOf(store.db(), "Employee", {"Last name", "Pay", "Hire Date", "Avail stop", "Email"});
     const EmployeeRecord record = Load(3);
-    EXPECT_EQ(Save("Change", record), SaveResult::Saved);
+    EXPECT_EQ(Change(record), SaveResult::Saved);
     EXPECT_EQ(RowsOf(store.db(), "Employee", {"Last name", "Pay", "Hire Date", "Avail stop", "Email"}),
               before);
 }
@@ -461,7 +465,7 @@ TEST_F(EmployeeRecordTest, longer_texts_of_another_program_stay_while_nobody_tou
         test::RunAsAnotherProgram(store.db(), "UPDATE Employee SET [" + field + "] = '" + wide + "'");
     EmployeeRecord record = Load(adams);
     record.comments = "only this";
-    EXPECT_EQ(Save("Change", record), SaveResult::Saved);
+    EXPECT_EQ(Change(record), SaveResult::Saved);
     EXPECT_EQ(StoredText(adams, "Comments"), "only this");
     EXPECT_EQ(StoredText(adams, "Last name"), wide);
     EXPECT_EQ(StoredText(adams, "Email"), wide);
@@ -474,11 +478,11 @@ TEST_F(EmployeeRecordTest, the_last_quarter_of_a_day_survives_byte_for_byte) {
     record.absence = DecodeAbsence(start, stop);
     record.absence.AvailStart[7][4] = 48;
     record.absence.AvailStop[7][4] = 96;
-    ASSERT_EQ(Save("Add", record), SaveResult::Saved);
+    ASSERT_EQ(Add(record), SaveResult::Saved);
     for (int round = 0; round < 3; ++round) {
         EXPECT_EQ(StoredText(3, "Avail stop"), stop);
         EXPECT_EQ(StoredText(3, "Avail start"), start);
-        ASSERT_EQ(Save("Change", Load(3)), SaveResult::Saved);
+        ASSERT_EQ(Change(Load(3)), SaveResult::Saved);
     }
 }
 
@@ -488,7 +492,7 @@ TEST_F(EmployeeRecordTest, texts_in_any_script_come_back) {
     record.Text2[box_of::City] = "北京";
     record.Text2[box_of::Street] = "O'Brien's [Lane]; DROP TABLE";
     record.comments = "👩‍🍳 bakes";
-    ASSERT_EQ(Save("Add", record), SaveResult::Saved);
+    ASSERT_EQ(Add(record), SaveResult::Saved);
     const EmployeeRecord again = Load(3);
     EXPECT_EQ(again.Text2[box_of::LastName], "Łukasiewicz 🥐");
     EXPECT_EQ(again.Text2[box_of::FirstName], "𝒜𝓃𝓃𝒶");
@@ -504,8 +508,8 @@ TEST_F(EmployeeRecordTest, its_loading_and_saving_leaves_the_people_of_the_roste
     g.department.CurrentDepNumber = 1;
     g.department.EditorOrder = 0; // of no meaning: the people of the last roster stay
     EXPECT_EQ(EmployeeKeys(g).size(), 2U);
-    ASSERT_EQ(Save("Change", Load(adams)), SaveResult::Saved);
-    ASSERT_EQ(Save("Add", Named("Clark")), SaveResult::Saved);
+    ASSERT_EQ(Change(Load(adams)), SaveResult::Saved);
+    ASSERT_EQ(Add(Named("Clark")), SaveResult::Saved);
     ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
     EXPECT_EQ(g.roster.RosterName1, (std::vector<std::string>{"", "Adams", "Brown"}));
 }
@@ -518,20 +522,20 @@ TEST_F(EmployeeRecordTest, a_save_beside_another_one_tells_the_lock_and_the_seco
     other.Hold();
     g.department.EmployeeNameSingle = "Associate";
     ExpectLocked(3260, "Associate");
-    EXPECT_EQ(Save("Change", record), SaveResult::Refused);
+    EXPECT_EQ(Change(record), SaveResult::Refused);
     EXPECT_FALSE(store.db().InTransaction());
     EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
     other.LetGo();
-    EXPECT_EQ(Save("Change", record), SaveResult::Saved);
+    EXPECT_EQ(Change(record), SaveResult::Saved);
     EXPECT_EQ(StoredText(adams, "Phone"), "555-0101");
 }
 
 TEST_F(EmployeeRecordTest, an_addition_beside_another_save_is_made_once) {
     other.Hold();
     ExpectLocked(3260);
-    EXPECT_EQ(Save("Add", Named("Clark")), SaveResult::Refused);
+    EXPECT_EQ(Add(Named("Clark")), SaveResult::Refused);
     other.LetGo();
-    EXPECT_EQ(Save("Add", Named("Clark")), SaveResult::Saved);
+    EXPECT_EQ(Add(Named("Clark")), SaveResult::Saved);
     EXPECT_EQ(RowsOf(store.db(), "Employee", {"Last name"}),
               (std::vector<std::string>{"Adams", "Brown", "Clark"}));
 }
@@ -540,7 +544,7 @@ TEST_F(EmployeeRecordTest, of_two_workstations_the_last_save_wins) {
     EmployeeRecord record = Load(adams);
     other.Change("Employee", "Employee", "1", "Phone", "555-9999");
     record.Text2[box_of::Street] = "Mill Lane";
-    EXPECT_EQ(Save("Change", record), SaveResult::Saved);
+    EXPECT_EQ(Change(record), SaveResult::Saved);
     EXPECT_EQ(StoredText(adams, "Phone"), "");
     EXPECT_EQ(StoredText(adams, "Street"), "Mill Lane");
 }
@@ -549,7 +553,7 @@ TEST_F(EmployeeRecordTest, one_that_another_workstation_deleted_is_not_saved) {
     const EmployeeRecord record = Load(adams);
     other.Delete("Employee", "Employee", "1");
     ExpectLocked(3167);
-    EXPECT_EQ(Save("Change", record), SaveResult::Refused);
+    EXPECT_EQ(Change(record), SaveResult::Refused);
     EXPECT_FALSE(store.db().InTransaction());
 }
 
@@ -558,7 +562,7 @@ TEST_F(EmployeeRecordTest, a_text_that_does_not_fit_is_refused_whole) {
     record.Text2[box_of::FirstName] = std::string(10, 'x');
     record.Text2[box_of::Phone] = "555";
     ExpectLocked(3163);
-    EXPECT_EQ(Save("Change", record), SaveResult::Refused);
+    EXPECT_EQ(Change(record), SaveResult::Refused);
     EXPECT_EQ(StoredText(adams, "Phone"), "(null)");
     EXPECT_EQ(StoredText(adams, "First name"), "Anna");
 }
@@ -606,12 +610,8 @@ TEST_F(EmployeeRecordTest, the_hint_of_the_dates_follows_the_country) {
 
 TEST_F(EmployeeRecordTest, the_title_tells_department_and_task) {
     g.department.EmployeeNameSingle = "Associate";
-    g.application.FormCommand = "Add";
-    EXPECT_EQ(EmployeeTitle(g), "Bakery: Add new Associate");
-    for (const char* command : {"Change", "Move"}) {
-        g.application.FormCommand = command;
-        EXPECT_EQ(EmployeeTitle(g), "Bakery: Change Associate record");
-    }
+    EXPECT_EQ(EmployeeTitle(g.department, true), "Bakery: Add new Associate");
+    EXPECT_EQ(EmployeeTitle(g.department, false), "Bakery: Change Associate record");
 }
 
 } // namespace

@@ -141,11 +141,10 @@ TEST_F(EmployeeSearchTest, knows_capitals_of_other_alphabets) {
 
 TEST_F(EmployeeSearchTest, is_titled_by_what_the_pick_is_for) {
     g.department.EmployeeNameSingle = "Associate";
-    for (const auto& [command, title] : {std::pair<const char*, const char*>{"Delete", "Delete Associate"},
-                                         {"Change", "Change Associate"},
-                                         {"Transfer", "Transfer Associate"}}) {
-        g.application.FormCommand = command;
-        EXPECT_EQ(SearchTitle(g), title);
+    for (const auto& [command, title] : {std::pair{FormCommand::Delete, "Delete Associate"},
+                                         {FormCommand::Change, "Change Associate"},
+                                         {FormCommand::Transfer, "Transfer Associate"}}) {
+        EXPECT_EQ(SearchTitle(g.department, command), title);
     }
 }
 

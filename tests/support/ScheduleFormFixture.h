@@ -77,8 +77,7 @@ class ScheduleFormFixture : public testing::Test {
     }
 
     qt::ScheduleForm& Open(const std::string& kind) {
-        g.application.FormCommand = kind;
-        form = std::make_unique<qt::ScheduleForm>(g, store.ports(), printer, nullptr);
+        form = std::make_unique<qt::ScheduleForm>(g, store.ports(), printer, SchedulesRequest{kind}, nullptr);
         form->ShowModeless();
         return *form;
     }

@@ -4,6 +4,7 @@
 
 #include "platform/ports/Gauge.h"
 #include "platform/ports/Ports.h"
+#include "store/StoreTeller.h"
 
 #include <deque>
 #include <functional>
@@ -143,7 +144,7 @@ struct ScriptedPorts {
     ScriptedHelp help;
     ScriptedScreen screen;
     ScriptedInstance instance;
-    PlainTeller teller{prompt};
+    StoreTeller teller{prompt};
     Ports ports{prompt, clock, region, help, screen, instance, teller};
 };
 

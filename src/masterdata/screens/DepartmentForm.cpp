@@ -27,9 +27,9 @@ constexpr const char* CutoffHint = "Daily totals will be calculated and displaye
 
 } // namespace
 
-DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, Form* owner)
-    : Form(ports, "Form13", owner), g_(g) {
-    const bool adding = g_.application.FormCommand == "Add";
+DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, const DepartmentRequest& request, Form* owner)
+    : Form(ports, "Form13", owner), g_(g), request_(request) {
+    const bool adding = request_.command == FormCommand::Add;
     setWindowTitle(adding ? QStringLiteral("Add a new Department")
                           : QStringLiteral("Change Department information"));
     QVBoxLayout& column = Column();
@@ -49,7 +49,7 @@ DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, Form* owner)
 }
 
 bool DepartmentForm::Opened() {
-    const auto profile = OpenProfile(g_, ports_.prompt);
+    const auto profile = OpenProfile(g_, ports_.prompt, request_.command);
     ports_.prompt.MousePointer(Pointer::Default);
     if (!profile) return false;
     ShowProfile(*profile);
@@ -165,7 +165,7 @@ void DepartmentForm::ShowCutoff() {
 
 void DepartmentForm::Save() {
     DepartmentProfile profile = Profile();
-    const SaveResult result = SaveDepartment(g_, ports_.prompt, profile);
+    const SaveResult result = SaveDepartment(g_, ports_.prompt, request_.command, profile);
     ShowWords(profile); // an empty one has become the usual one
     switch (result) {
     case SaveResult::Saved:

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "desktop/Form.h"
+#include "masterdata/DepartmentRequest.h"
 #include "masterdata/Departments.h"
 
 #include <QComboBox>
@@ -11,11 +12,9 @@ namespace tvx::qt {
 class DepartmentForm : public Form {
     Q_OBJECT
   public:
-    /// `FormCommand` "Add" or "Change" says what for.
-    DepartmentForm(GlobalState& g, Ports& ports, Form* owner);
+    DepartmentForm(GlobalState& g, Ports& ports, const DepartmentRequest& request, Form* owner);
 
-    /// True when the profile was stored.
-    bool Saved() const { return saved_; }
+    DepartmentAnswer Answer() const { return {saved_}; }
 
   protected:
     bool Opened() override;
@@ -45,6 +44,7 @@ class DepartmentForm : public Form {
     void Save();
 
     GlobalState& g_;
+    DepartmentRequest request_;
     bool saved_ = false;
 
     TextBox* Text1 = nullptr;    // name

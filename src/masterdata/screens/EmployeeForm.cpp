@@ -13,7 +13,9 @@
 
 namespace tvx::qt {
 
-EmployeeForm::EmployeeForm(GlobalState& g, Ports& ports, Form* owner) : Form(ports, "Form4", owner), g_(g) {
+EmployeeForm::EmployeeForm(GlobalState& g, Ports& ports, const EmployeeRequest& request, Form* owner)
+    : Form(ports, "Form4", owner), g_(g), adding_(request.SelectedEmployee == 0),
+      selectedEmployee_(request.SelectedEmployee) {
     BuildBoxes();
     BuildGrid();
     BuildFrames();
@@ -29,7 +31,7 @@ EmployeeForm::EmployeeForm(GlobalState& g, Ports& ports, Form* owner) : Form(por
 EmployeeForm::~EmployeeForm() = default;
 
 bool EmployeeForm::Opened() {
-    if (g_.application.FormCommand != "Add") ReadKeys();
+    if (!adding_) ReadKeys();
     LoadRecord();
     const std::string& one = g_.department.EmployeeNameSingle;
     Label2->SetText("Editor time bar color for this " + one);
@@ -42,17 +44,16 @@ bool EmployeeForm::Opened() {
 
 void EmployeeForm::ReadKeys() {
     employeeKeys_ = EmployeeKeys(g_);
-    const auto found = std::find(employeeKeys_.begin(), employeeKeys_.end(), g_.SelectedEmployee);
+    const auto found = std::find(employeeKeys_.begin(), employeeKeys_.end(), selectedEmployee_);
     position_ = found == employeeKeys_.end() ? 0 : static_cast<int>(found - employeeKeys_.begin());
 }
 
 void EmployeeForm::LoadRecord() {
-    const bool adding = g_.application.FormCommand == "Add";
-    const EmployeeRecord record = adding ? NewEmployeeRecord(g_.application)
-                                         : LoadEmployeeRecord(g_, ports_.region, g_.SelectedEmployee);
-    setWindowTitle(ToQString(EmployeeTitle(g_)));
-    Command2->setVisible(!adding);
-    Command3->setVisible(!adding);
+    const EmployeeRecord record = adding_ ? NewEmployeeRecord(g_.application)
+                                          : LoadEmployeeRecord(g_, ports_.region, selectedEmployee_);
+    setWindowTitle(ToQString(EmployeeTitle(g_.department, adding_)));
+    Command2->setVisible(!adding_);
+    Command3->setVisible(!adding_);
     Command2->setEnabled(position_ > 0);
     Command3->setEnabled(position_ + 1 < static_cast<int>(employeeKeys_.size()));
     ShowRecord(record);
@@ -103,7 +104,7 @@ bool EmployeeForm::Save() {
     if (result != SaveResult::Saved) return false;
     // Before the flood lets events run: what is typed meanwhile is a change again.
     WeekChanged = false;
-    if (g_.application.FormCommand == "Add") MakeReadyForNext();
+    if (adding_) MakeReadyForNext();
     ShowSaved();
     return true;
 }
@@ -139,23 +140,22 @@ bool EmployeeForm::MayLeaveRecord() {
 }
 
 void EmployeeForm::MoveTo(int direction) {
-    if (direction < 0) g_.application.FormCommand = "Move";
     Label6->hide();
     if (MayLeaveRecord()) LoadNeighbour(direction);
 }
 
 void EmployeeForm::LoadNeighbour(int direction) {
     const int next = position_ + direction;
-    const int before = g_.SelectedEmployee;
+    const int before = selectedEmployee_;
     if (next >= 0 && next < static_cast<int>(employeeKeys_.size())) {
         position_ = next;
-        g_.SelectedEmployee = employeeKeys_[static_cast<std::size_t>(next)];
+        selectedEmployee_ = employeeKeys_[static_cast<std::size_t>(next)];
     }
     try {
         LoadRecord();
     } catch (const dao::DaoError&) {
         // Another workstation deleted that one: stay, and go by the people who are there now.
-        g_.SelectedEmployee = before;
+        selectedEmployee_ = before;
         ReadKeys();
         LoadRecord();
         throw;
@@ -164,7 +164,7 @@ void EmployeeForm::LoadNeighbour(int direction) {
 
 bool EmployeeForm::MayUnload() {
     // What is typed while adding goes without a word.
-    return g_.application.FormCommand == "Add" || (Settle() && MayLeaveRecord());
+    return adding_ || (Settle() && MayLeaveRecord());
 }
 
 void EmployeeForm::Leave() {

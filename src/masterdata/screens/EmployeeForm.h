@@ -4,6 +4,7 @@
 #include "desktop/Form.h"
 #include "masterdata/AvailabilityGrid.h"
 #include "masterdata/EmployeeRecord.h"
+#include "masterdata/EmployeeRequest.h"
 #include "masterdata/screens/ColourSwatch.h"
 #include "platform/ports/Gauge.h"
 
@@ -18,9 +19,10 @@ namespace tvx::qt {
 class EmployeeForm : public Form {
     Q_OBJECT
   public:
-    /// `FormCommand` "Add", or "Change" with `SelectedEmployee` set, says what for.
-    EmployeeForm(GlobalState& g, Ports& ports, Form* owner);
+    EmployeeForm(GlobalState& g, Ports& ports, const EmployeeRequest& request, Form* owner);
     ~EmployeeForm() override;
+
+    EmployeeAnswer Answer() const { return {}; }
 
     bool WeekChanged = false; // something was typed or chosen since the record was shown or saved
 
@@ -80,6 +82,8 @@ class EmployeeForm : public Form {
 
     GlobalState& g_;
     AvailabilityGrid grid_;
+    const bool adding_;
+    int selectedEmployee_;          // key of the one who is changed
     std::vector<int> employeeKeys_; // of the whole department, by last name
     int position_ = 0;              // index into employeeKeys_
     int key_ = 0;                   // of the record shown; 0 for a new one

@@ -76,9 +76,10 @@ class ColumnDelegate : public QStyledItemDelegate {
 
 } // namespace
 
-EmployeeSearchForm::EmployeeSearchForm(GlobalState& g, Ports& ports, Form* owner)
+EmployeeSearchForm::EmployeeSearchForm(const GlobalState& g, Ports& ports, const SearchRequest& request,
+                                       Form* owner)
     : Form(ports, "Form5", owner), g_(g) {
-    setWindowTitle(ToQString(SearchTitle(g_)));
+    setWindowTitle(ToQString(SearchTitle(g_.department, request.command)));
     Build();
     FixSize(5400, 6000);
     Text1->setFocus();
@@ -132,8 +133,7 @@ void EmployeeSearchForm::Pick() {
         ports_.prompt.MsgBox("Department has no " + many + " entered!", box::Ok, "No " + many);
     } else {
         const int row = std::max(0, List1->currentIndex().row());
-        g_.SelectedEmployee = rows_[static_cast<std::size_t>(row)].key;
-        picked_ = true;
+        picked_ = rows_[static_cast<std::size_t>(row)].key;
     }
     Unload();
 }

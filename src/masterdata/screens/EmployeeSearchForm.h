@@ -3,6 +3,7 @@
 
 #include "desktop/Form.h"
 #include "masterdata/EmployeeSearch.h"
+#include "masterdata/SearchRequest.h"
 
 #include <QListView>
 
@@ -15,11 +16,9 @@ namespace tvx::qt {
 class EmployeeSearchForm : public Form {
     Q_OBJECT
   public:
-    /// `FormCommand` "Change", "Delete" or "Transfer" says what the pick is for.
-    EmployeeSearchForm(GlobalState& g, Ports& ports, Form* owner);
+    EmployeeSearchForm(const GlobalState& g, Ports& ports, const SearchRequest& request, Form* owner);
 
-    /// True when somebody was picked; `SelectedEmployee` holds the key.
-    bool Picked() const { return picked_; }
+    SearchAnswer Answer() const { return {picked_}; }
 
   protected:
     bool Opened() override;
@@ -31,9 +30,9 @@ class EmployeeSearchForm : public Form {
     void Select(int row);
     void Pick();
 
-    GlobalState& g_;
+    const GlobalState& g_;
     std::vector<FoundEmployee> rows_;
-    bool picked_ = false;
+    int picked_ = 0; // key
 
     TextBox* Text1 = nullptr;   // all or part of the last name
     QListView* List1 = nullptr; // name, ID, assignment

@@ -29,16 +29,17 @@ bool HasFigures(const DepartmentFigures& figures) {
            std::any_of(figures.DailyTransactions.begin(), figures.DailyTransactions.end(), above);
 }
 
-DeskSettings SettingsOf(GlobalState& g) {
-    return {g.reports.settings, ReportSettingsPath(g.paths, g.department.CurrentDepNumber,
-                                                   ExtensionOf(g.application.FormCommand))};
+DeskSettings SettingsOf(GlobalState& g, const std::string& kind) {
+    return {g.reports.settings,
+            ReportSettingsPath(g.paths, g.department.CurrentDepNumber, ExtensionOf(kind))};
 }
 
 } // namespace
 
-ScheduleForm::ScheduleForm(GlobalState& g, Ports& ports, Printer& printer, Form* owner)
-    : OptionFrames(g.reports.options, ports, printer, SettingsOf(g), "Form8", owner), g_(g),
-      kind_(g.application.FormCommand) {
+ScheduleForm::ScheduleForm(GlobalState& g, Ports& ports, Printer& printer, const SchedulesRequest& request,
+                           Form* owner)
+    : OptionFrames(g.reports.options, ports, printer, SettingsOf(g, request.kind), "Form8", owner), g_(g),
+      kind_(request.kind) {
     options_.WhoToPrint = 0;
     options_.BreakThreshold = 0;
     options_.NameOption = std::min(options_.NameOption, 4);

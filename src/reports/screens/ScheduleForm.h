@@ -3,6 +3,7 @@
 #pragma once
 
 #include "reports/schedules/ScheduleLoader.h"
+#include "reports/schedules/SchedulesRequest.h"
 #include "reports/screens/OptionFrames.h"
 
 #include <string>
@@ -14,8 +15,8 @@ namespace tvx::qt {
 class ScheduleForm : public OptionFrames {
     Q_OBJECT
   public:
-    /// `FormCommand` "7DayLong", "7DayShort" or "SelectedEmployees" says which kind.
-    ScheduleForm(GlobalState& g, Ports& ports, Printer& printer, Form* owner);
+    ScheduleForm(GlobalState& g, Ports& ports, Printer& printer, const SchedulesRequest& request,
+                 Form* owner);
 
   protected:
     void Run(Vp& vp) override;

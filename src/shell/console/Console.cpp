@@ -89,12 +89,21 @@ int Index(const DepartmentList& list, int number) {
 }
 
 int IndexByCommand(const GlobalState& g) {
-    const std::string& command = g.application.FormCommand;
     const DepartmentList& list = g.departments;
-    if (command.empty() || command == "Delete" || command == "Convert" || command == "Restore") return 0;
-    if (command == "Add") return list.DepartmentCount - 1;
-    const bool back = command == "Options" || command == "Change";
-    return Index(list, back ? list.PreviousDepNumber : g.department.CurrentDepNumber);
+    switch (g.application.FormCommand) {
+    case FormCommand::None:
+    case FormCommand::Delete:
+    case FormCommand::Convert:
+    case FormCommand::Restore:
+        return 0;
+    case FormCommand::Add:
+        return list.DepartmentCount - 1;
+    case FormCommand::Options:
+    case FormCommand::Change:
+        return Index(list, list.PreviousDepNumber);
+    default:
+        return Index(list, g.department.CurrentDepNumber);
+    }
 }
 
 void TakeDepartment(Department& d, const DepartmentRow& row) {

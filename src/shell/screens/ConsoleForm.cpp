@@ -1,9 +1,11 @@
 #include "shell/screens/ConsoleForm.h"
 
 #include "editor/screens/MainEditorForm.h"
-#include "masterdata/screens/DepartmentForm.h"
-#include "masterdata/screens/EmployeeForm.h"
-#include "masterdata/screens/EmployeeSearchForm.h"
+#include "masterdata/DepartmentRequest.h"
+#include "masterdata/Departments.h"
+#include "masterdata/EmployeeRequest.h"
+#include "masterdata/EmployeeSearch.h"
+#include "masterdata/SearchRequest.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/TVXMOD1.h"
 #include "shell/console/Passwords.h"
@@ -146,8 +148,8 @@ void ConsoleForm::Choose(const std::string& entry) {
              g_.roster.AllDepartmentsMode = true;
              Schedule();
          }},
-        {"AddDep", [this] { EditDepartment("Add"); }},
-        {"ChangeName", [this] { EditDepartment("Change"); }},
+        {"AddDep", [this] { EditDepartment(FormCommand::Add); }},
+        {"ChangeName", [this] { EditDepartment(FormCommand::Change); }},
         {"DeleteDep", [this] { DeleteDepartment(); }},
         {"NewEmployee", [this] { AddEmployee(); }},
         {"ChangeEmplRec", [this] { ChangeEmployee(); }},
@@ -156,14 +158,13 @@ void ConsoleForm::Choose(const std::string& entry) {
     if (const auto command = commands.find(entry); command != commands.end()) command->second();
 }
 
-void ConsoleForm::EditDepartment(const char* command) {
+void ConsoleForm::EditDepartment(FormCommand command) {
     g_.application.FormCommand = command;
     g_.departments.PreviousDepNumber = g_.department.CurrentDepNumber;
     ports_.prompt.MousePointer(Pointer::Hourglass); // until the form has come to the front
-    DepartmentForm form(g_, ports_, this);
-    form.ShowModal();
+    const DepartmentAnswer answer = screens_.Open(DepartmentRequest{command}, *this);
     // Without a new department the one that was current stays so.
-    if (!form.Saved()) g_.application.FormCommand = "Change";
+    if (!answer.saved) g_.application.FormCommand = FormCommand::Change;
     ShowDepartments();
 }
 
@@ -172,7 +173,7 @@ void ConsoleForm::DeleteDepartment() {
     try {
         if (!AskAndDeleteDepartment(g_, ports_.prompt)) return;
     } catch (const dao::DaoError&) {
-        g_.application.FormCommand = "Change";
+        g_.application.FormCommand = FormCommand::Change;
         ShowDepartments(); // as they stand now: another workstation may have been faster
         throw;
     }
@@ -185,22 +186,20 @@ void ConsoleForm::ShowDepartments() {
 }
 
 void ConsoleForm::AddEmployee() {
-    g_.application.FormCommand = "Add";
-    EmployeeForm(g_, ports_, this).ShowModal();
+    g_.application.FormCommand = FormCommand::Add;
+    screens_.Open(EmployeeRequest{}, *this);
 }
 
 void ConsoleForm::ChangeEmployee() {
-    g_.application.FormCommand = "Change";
-    EmployeeSearchForm search(g_, ports_, this);
-    search.ShowModal();
-    if (search.Picked()) EmployeeForm(g_, ports_, this).ShowModal();
+    g_.application.FormCommand = FormCommand::Change;
+    const SearchAnswer found = screens_.Open(SearchRequest{FormCommand::Change}, *this);
+    if (found.SelectedEmployee != 0) screens_.Open(EmployeeRequest{found.SelectedEmployee}, *this);
 }
 
 void ConsoleForm::DeleteEmployee() {
-    g_.application.FormCommand = "Delete";
-    EmployeeSearchForm search(g_, ports_, this);
-    search.ShowModal();
-    if (search.Picked()) AskAndDeleteEmployee(g_, ports_.prompt, g_.SelectedEmployee);
+    g_.application.FormCommand = FormCommand::Delete;
+    const SearchAnswer found = screens_.Open(SearchRequest{FormCommand::Delete}, *this);
+    if (found.SelectedEmployee != 0) AskAndDeleteEmployee(g_, ports_.prompt, found.SelectedEmployee);
 }
 
 void ConsoleForm::ChooseFromCombo(int index) {
@@ -210,7 +209,7 @@ void ConsoleForm::ChooseFromCombo(int index) {
 
 void ConsoleForm::Schedule() {
     if (ExampleNoteIsDue(g_)) {
-        g_.application.FormCommand = "Example";
+        g_.application.FormCommand = FormCommand::Example;
         g_.application.ExampleNoteShown = true;
         const bool all = g_.roster.AllDepartmentsMode;
         TipForm(g_.department, ports_, this).ShowModal();

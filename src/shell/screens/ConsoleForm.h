@@ -34,7 +34,7 @@ class ConsoleForm : public Form {
     void Choose(const std::string& entry);
     void ChooseFromCombo(int index);
     void Schedule();
-    void EditDepartment(const char* command);
+    void EditDepartment(FormCommand command);
     void DeleteDepartment();
     void ShowDepartments();
     void AddEmployee();

@@ -1,6 +1,9 @@
 #include "shell/screens/RegisterScreens.h"
 
 #include "masterdata/screens/DaytypesForm.h"
+#include "masterdata/screens/DepartmentForm.h"
+#include "masterdata/screens/EmployeeForm.h"
+#include "masterdata/screens/EmployeeSearchForm.h"
 #include "masterdata/screens/ShiftsForm.h"
 #include "reports/page/screens/QtPrinter.h"
 #include "reports/schedules/SchedulesRequest.h"
@@ -23,11 +26,13 @@ void RegisterForm(Screens& screens, GlobalState& g, Ports& ports) {
 
 void RegisterScreens(Screens& screens, GlobalState& g, Ports& ports) {
     RegisterForm<DaytypesRequest, DaytypesForm>(screens, g, ports);
+    RegisterForm<DepartmentRequest, DepartmentForm>(screens, g, ports);
+    RegisterForm<EmployeeRequest, EmployeeForm>(screens, g, ports);
+    RegisterForm<SearchRequest, EmployeeSearchForm>(screens, g, ports);
     RegisterForm<ShiftsRequest, ShiftsForm>(screens, g, ports);
     screens.Register<SchedulesRequest>([&g, &ports](const SchedulesRequest& request, Form& owner) {
         QtPrinter printer;
-        g.application.FormCommand = request.kind;
-        ScheduleForm(g, ports, printer, &owner).ShowModal();
+        ScheduleForm(g, ports, printer, request, &owner).ShowModal();
         return SchedulesAnswer{};
     });
 }

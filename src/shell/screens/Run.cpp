@@ -5,6 +5,7 @@
 #include "editor/lanes/screens/TimeGrid.h"
 #include "platform/files/Folder.h"
 #include "shell/screens/ConsoleForm.h"
+#include "store/StoreTeller.h"
 
 #include <QApplication>
 #include <QStandardPaths>
@@ -55,7 +56,7 @@ int RunTarvex(int count, char** arguments, const RunOptions& options) {
     QtScreen screen;
     QtInstance instance(g.paths.ProgramPath);
     QtHelp help(FolderOfProgram() / "help");
-    PlainTeller teller(prompt);
+    StoreTeller teller(prompt);
     Ports ports{prompt, options.clock != nullptr ? *options.clock : clock, region, help, screen, instance,
                 teller};
 

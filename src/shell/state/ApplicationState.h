@@ -3,6 +3,7 @@
 
 #include "platform/basic/Palette.h"
 #include "platform/basic/Twips.h"
+#include "shell/state/FormCommand.h"
 
 #include <array>
 #include <filesystem>
@@ -25,12 +26,12 @@ struct ApplicationState {
     std::array<std::string, 10> Settings;
     int StartHour = 0;
     Colour DefaultBarColor = QBColor(2);
-    bool OpenShared = true;                               // stored and shown, without other effect
-    std::string DateFormatSetting = std::string(10, ' '); // "MM-DD-YYYY", "DD-MM-YYYY" or "YYYY-MM-DD"
-    std::string CrLf;                                     // set by the console's load
-    std::string GeneralManagerPassword;                   // in clear; "" is no protection
-    std::string FormCommand;                              // by which one screen tells the next what to do
-    bool ExampleNoteShown = false;                        // in this run
+    bool OpenShared = true;                                // stored and shown, without other effect
+    std::string DateFormatSetting = std::string(10, ' ');  // "MM-DD-YYYY", "DD-MM-YYYY" or "YYYY-MM-DD"
+    std::string CrLf;                                      // set by the console's load
+    std::string GeneralManagerPassword;                    // in clear; "" is no protection
+    tvx::FormCommand FormCommand = tvx::FormCommand::None; // what the console did last
+    bool ExampleNoteShown = false;                         // in this run
 };
 
 struct ScreenState {

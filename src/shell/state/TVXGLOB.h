@@ -34,7 +34,6 @@ struct GlobalState {
     Productivity productivity;
     Daytypes daytypes;
     Shifts shifts;
-    int SelectedEmployee = 0; // key of the employee picked in the search; 0 none
     Grid grid;
     LineClipboard clipboard;
     Reports reports;

@@ -250,8 +250,8 @@ TEST_F(WeekLanesTest, take_a_daytype_for_the_day_of_the_row) {
     EXPECT_EQ(boxes.TextOf(4), "V");
     EXPECT_EQ(boxes.TextOf(3), "");
     test::WritableWeek(g).DayOffFlag[6][2] = true;
-    EXPECT_EQ(boxes.Type(6, 'a').code, 0);
-    EXPECT_EQ(boxes.Type(5, 'a').code, 'A');
+    EXPECT_EQ(boxes.MayType(6), DaytypeKey::Refusal::Silent);
+    EXPECT_EQ(boxes.MayType(5), DaytypeKey::Refusal::None);
 }
 
 TEST_F(WeekLanesTest, say_in_words_what_each_day_holds) {

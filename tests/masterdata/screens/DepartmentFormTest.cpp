@@ -27,9 +27,8 @@ class DepartmentFormTest : public testing::Test {
         store.AddDepartment("Bakery", 304, 5, 2);
         other.Open(store.folder / "TVX.MDB");
     }
-    qt::DepartmentForm& Open(const char* command) {
-        g.application.FormCommand = command;
-        form = std::make_unique<qt::DepartmentForm>(g, store.ports(), nullptr);
+    qt::DepartmentForm& Open(FormCommand command) {
+        form = std::make_unique<qt::DepartmentForm>(g, store.ports(), DepartmentRequest{command}, nullptr);
         form->ShowModeless();
         QApplication::processEvents(); // it becomes the active window
         return *form;
@@ -73,7 +72,7 @@ const std::string Untouched = "(null)|(null)|(null)|(null)";
 // ---- opening ----
 
 TEST_F(DepartmentFormTest, opens_for_a_new_department_with_the_usual_settings) {
-    Open("Add");
+    Open(FormCommand::Add);
     EXPECT_EQ(form->windowTitle().toStdString(), "Add a new Department");
     EXPECT_EQ(test::FocusOf(*form), "Text1");
     EXPECT_EQ(Box("Text1").Text(), "");
@@ -86,7 +85,7 @@ TEST_F(DepartmentFormTest, opens_for_a_new_department_with_the_usual_settings) {
 }
 
 TEST_F(DepartmentFormTest, opens_for_a_change_with_what_is_stored) {
-    Open("Change");
+    Open(FormCommand::Change);
     EXPECT_EQ(form->windowTitle().toStdString(), "Change Department information");
     EXPECT_EQ(Box("Text1").Text(), "Bakery");
     EXPECT_EQ(Find<QComboBox>(*form, "Combo1").currentText().toStdString(), "Tuesday");
@@ -98,7 +97,7 @@ TEST_F(DepartmentFormTest, opens_for_a_change_with_what_is_stored) {
 }
 
 TEST_F(DepartmentFormTest, tells_that_the_business_day_ends_on_the_next_day_unless_it_begins_at_midnight) {
-    Open("Add");
+    Open(FormCommand::Add);
     EXPECT_FALSE(Find<qt::Label>(*form, "Label2").isVisible());
     EXPECT_EQ(TextOf("Label1"), "and  Midn. ");
     Pick("Combo2", 12);
@@ -111,7 +110,7 @@ TEST_F(DepartmentFormTest, tells_that_the_business_day_ends_on_the_next_day_unle
 
 TEST_F(DepartmentFormTest, a_department_without_a_first_weekday_opens_on_sunday_and_midnight) {
     test::PutField(store.db(), "Department", "Dep number", 2, "First weekday", dao::Value());
-    Open("Change");
+    Open(FormCommand::Change);
     EXPECT_EQ(Find<QComboBox>(*form, "Combo1").currentIndex(), 0);
     EXPECT_EQ(Find<QComboBox>(*form, "Combo2").currentIndex(), 0);
     EXPECT_EQ(TextOf("Label1"), "and Midn.");
@@ -120,7 +119,7 @@ TEST_F(DepartmentFormTest, a_department_without_a_first_weekday_opens_on_sunday_
 TEST_F(DepartmentFormTest, closes_at_once_with_a_box_when_the_department_is_gone) {
     other.Delete("Department", "Department name", "Bakery");
     store.prompt().WillAnswer(Answer::Ok);
-    Open("Change");
+    Open(FormCommand::Change);
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(store.prompt().Last().title, "Database error...");
 }
@@ -128,7 +127,7 @@ TEST_F(DepartmentFormTest, closes_at_once_with_a_box_when_the_department_is_gone
 // ---- saving ----
 
 TEST_F(DepartmentFormTest, a_department_is_added_from_the_keyboard_alone) {
-    Open("Add");
+    Open(FormCommand::Add);
     test::Type(*form, "  Kitchen ");
     test::Press(*form, Qt::Key_Tab);
     test::Type(*form, "m"); // Monday
@@ -140,25 +139,25 @@ TEST_F(DepartmentFormTest, a_department_is_added_from_the_keyboard_alone) {
     test::Press(*form, Qt::Key_Up); // January date
     test::Press(*form, Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
-    EXPECT_TRUE(form->Saved());
+    EXPECT_TRUE(form->Answer().saved);
     EXPECT_EQ(Rows().back(), "Kitchen|2|208|2|" + Untouched);
     EXPECT_EQ(g.department.FirstWeekday, 2);
     EXPECT_EQ(g.department.DayCutoffQuarters, 8);
 }
 
 TEST_F(DepartmentFormTest, words_typed_while_adding_are_not_stored) {
-    Open("Add");
+    Open(FormCommand::Add);
     Enter("Text1", "Kitchen");
     Enter("txtGenEmployee", "Cook");
     test::Click(*form, "Command3D1");
     EXPECT_EQ(Rows().back(), "Kitchen|1|100|3|" + Untouched);
     g.department.CurrentDepName = "Kitchen";
-    Open("Change");
+    Open(FormCommand::Change);
     EXPECT_EQ(Box("txtGenEmployee").Text(), "Employee");
 }
 
 TEST_F(DepartmentFormTest, a_change_stores_everything_and_is_in_force_at_once) {
-    Open("Change");
+    Open(FormCommand::Change);
     Enter("Text1", "Patisserie");
     Pick("Combo1", 6);
     Pick("Combo2", 32);
@@ -169,7 +168,7 @@ TEST_F(DepartmentFormTest, a_change_stores_everything_and_is_in_force_at_once) {
     Enter("txtDayOff", "Free day");
     Enter("txtDaysOff", "Free days");
     test::Press(*form, Qt::Key_Return);
-    EXPECT_TRUE(form->Saved());
+    EXPECT_TRUE(form->Answer().saved);
     EXPECT_EQ(Rows().back(), "Patisserie|3|732|0|Associate|Associates|Free day|Free days");
     EXPECT_EQ(g.department.EmployeeNamePlural, "Associates");
     EXPECT_EQ(g.department.DayOffNameSingle, "Free day");
@@ -180,7 +179,7 @@ TEST_F(DepartmentFormTest, a_change_stores_everything_and_is_in_force_at_once) {
 }
 
 TEST_F(DepartmentFormTest, an_empty_word_becomes_the_usual_one) {
-    Open("Change");
+    Open(FormCommand::Change);
     Enter("txtGenEmployee", "");
     Enter("txtDaysOff", "   ");
     test::Click(*form, "Command3D1");
@@ -188,7 +187,7 @@ TEST_F(DepartmentFormTest, an_empty_word_becomes_the_usual_one) {
 }
 
 TEST_F(DepartmentFormTest, without_a_name_the_focus_goes_there_and_nothing_is_said) {
-    Open("Add");
+    Open(FormCommand::Add);
     Enter("txtGenEmployee", "");
     test::Click(*form, "Command3D1");
     EXPECT_TRUE(form->isVisible());
@@ -199,13 +198,13 @@ TEST_F(DepartmentFormTest, without_a_name_the_focus_goes_there_and_nothing_is_sa
 }
 
 TEST_F(DepartmentFormTest, a_name_in_use_is_told_and_everything_typed_stays) {
-    Open("Add");
+    Open(FormCommand::Add);
     Enter("Text1", " sTORES ");
     Pick("Combo2", 4);
     ExpectNameInUse(" sTORES");
     test::Click(*form, "Command3D1");
     EXPECT_TRUE(form->isVisible());
-    EXPECT_FALSE(form->Saved());
+    EXPECT_FALSE(form->Answer().saved);
     EXPECT_EQ(test::FocusOf(*form), "Text1");
     EXPECT_EQ(Box("Text1").Text(), " sTORES ");
     EXPECT_EQ(Find<QComboBox>(*form, "Combo2").currentIndex(), 4);
@@ -215,7 +214,7 @@ TEST_F(DepartmentFormTest, a_name_in_use_is_told_and_everything_typed_stays) {
 }
 
 TEST_F(DepartmentFormTest, its_own_name_in_other_letters_is_in_use) {
-    Open("Change");
+    Open(FormCommand::Change);
     Enter("Text1", "BAKERY");
     ExpectNameInUse("BAKERY");
     test::Click(*form, "Command3D1");
@@ -227,7 +226,7 @@ TEST_F(DepartmentFormTest, its_own_name_in_other_letters_is_in_use) {
 
 TEST_F(DepartmentFormTest, cancel_and_escape_leave_the_department_alone) {
     for (const bool byKey : {false, true}) {
-        Open("Change");
+        Open(FormCommand::Change);
         Enter("Text1", "Patisserie");
         Enter("txtGenEmployee", "Baker");
         if (byKey)
@@ -235,14 +234,14 @@ TEST_F(DepartmentFormTest, cancel_and_escape_leave_the_department_alone) {
         else
             test::Click(*form, "Command3D2");
         EXPECT_FALSE(form->isVisible());
-        EXPECT_FALSE(form->Saved());
+        EXPECT_FALSE(form->Answer().saved);
         EXPECT_EQ(Rows().back(), "Bakery|5|304|2|" + Untouched);
         EXPECT_EQ(g.department.EmployeeNameSingle, "Employee");
     }
 }
 
 TEST_F(DepartmentFormTest, help_opens_its_topic) {
-    Open("Add");
+    Open(FormCommand::Add);
     test::Click(*form, "Command3D3");
     EXPECT_EQ(store.script.help.topics, std::vector<int>{370});
 }
@@ -250,7 +249,7 @@ TEST_F(DepartmentFormTest, help_opens_its_topic) {
 // ---- two workstations ----
 
 TEST_F(DepartmentFormTest, nothing_typed_is_lost_while_another_workstation_saves) {
-    Open("Change");
+    Open(FormCommand::Change);
     Enter("Text1", "Patisserie");
     Enter("txtGenEmployees", "Bakers");
     other.Hold();
@@ -269,7 +268,7 @@ TEST_F(DepartmentFormTest, nothing_typed_is_lost_while_another_workstation_saves
 }
 
 TEST_F(DepartmentFormTest, of_two_workstations_that_change_it_the_last_save_wins) {
-    Open("Change");
+    Open(FormCommand::Change);
     other.Change("Department", "Department name", "Bakery", "EmployeeNamePlural", "Bakers");
     Enter("txtDayOff", "Free day");
     test::Click(*form, "Command3D1");
@@ -285,7 +284,7 @@ TEST_F(DepartmentFormTest, boxes_take_so_many_characters_however_they_come) {
                                                     {"txtDayOff", 14},
                                                     {"txtDaysOff", 14}};
     const std::string many(50, 'm');
-    Open("Add");
+    Open(FormCommand::Add);
     for (const auto& [name, limit] : limits) {
         for (const auto& way : {test::TypeAny, test::Paste, test::Drop, test::Compose}) {
             Box(name).clear();
@@ -300,7 +299,7 @@ TEST_F(DepartmentFormTest, boxes_take_so_many_characters_however_they_come) {
 }
 
 TEST_F(DepartmentFormTest, names_in_any_script_are_kept_whole) {
-    Open("Change");
+    Open(FormCommand::Change);
     Enter("Text1", "O'Brien's \"Café\" 🥐 パン屋");
     Enter("txtGenEmployee", "👩‍🍳 Bäcker");
     test::Click(*form, "Command3D1");
@@ -311,7 +310,7 @@ TEST_F(DepartmentFormTest, names_in_any_script_are_kept_whole) {
 }
 
 TEST_F(DepartmentFormTest, no_character_is_cut_in_two_at_the_end_of_a_box) {
-    Open("Change");
+    Open(FormCommand::Change);
     Enter("txtGenEmployee", "");
     test::Paste(Box("txtGenEmployee"), "thirteen char🥐");
     EXPECT_EQ(Box("txtGenEmployee").Text(), "thirteen char");
@@ -320,7 +319,7 @@ TEST_F(DepartmentFormTest, no_character_is_cut_in_two_at_the_end_of_a_box) {
 // ---- hints ----
 
 TEST_F(DepartmentFormTest, each_frame_has_its_hint_under_the_mouse) {
-    Open("Add");
+    Open(FormCommand::Add);
     EXPECT_EQ(HintOver("Frame1"),
               "The default name on an employee is: Employee.  Some organizations refer to employees as "
               "Associates or any local name that is appropriate");
@@ -341,7 +340,7 @@ TEST_F(DepartmentFormTest, each_frame_has_its_hint_under_the_mouse) {
 }
 
 TEST_F(DepartmentFormTest, the_hint_follows_the_focus_too) {
-    Open("Add");
+    Open(FormCommand::Add);
     Box("txtDayOff").setFocus();
     EXPECT_EQ(TextOf("Label4").substr(0, 15), "A requested day");
     Find<QWidget>(*form, "Combo1").setFocus();
@@ -353,7 +352,7 @@ TEST_F(DepartmentFormTest, the_hint_follows_the_focus_too) {
 // ---- for everybody ----
 
 TEST_F(DepartmentFormTest, can_be_used_without_mouse_and_without_eyes) {
-    Open("Change");
+    Open(FormCommand::Change);
     EXPECT_EQ(test::Obstacles(*form), "");
     EXPECT_EQ(test::TabOrder(*form),
               (std::vector<std::string>{"Text1", "Combo1", "Combo2", "SSOption2(5)", "SSOption1(2)",
@@ -367,7 +366,7 @@ TEST_F(DepartmentFormTest, can_be_used_without_mouse_and_without_eyes) {
 TEST_F(DepartmentFormTest, shows_every_text_whole_with_the_longest_words_and_times) {
     g.department.EmployeeNameSingle = "WWWWWWWWWWWWWW";
     g.application.Settings[setting::ClockStyle] = "12";
-    Open("Change");
+    Open(FormCommand::Change);
     Pick("Combo2", 32);
     for (const char* frame : {"Frame1", "Frame3", "frmWeekoption", "Frame3D4"}) {
         HintOver(frame);

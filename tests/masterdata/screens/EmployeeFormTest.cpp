@@ -33,18 +33,14 @@ class EmployeeFormTest : public testing::Test {
         store.AddEmployee({.lastName = "Clark", .firstName = "Cleo", .pay = "10"});
         other.Open(store.folder / "TVX.MDB");
     }
-    qt::EmployeeForm& Show(const char* command) {
-        g.application.FormCommand = command;
-        form = std::make_unique<qt::EmployeeForm>(g, store.ports(), nullptr);
+    qt::EmployeeForm& Show(int key) {
+        form = std::make_unique<qt::EmployeeForm>(g, store.ports(), EmployeeRequest{key}, nullptr);
         form->ShowModeless();
         QApplication::processEvents(); // it becomes the active window
         return *form;
     }
-    qt::EmployeeForm& Add() { return Show("Add"); }
-    qt::EmployeeForm& Change(int key) {
-        g.SelectedEmployee = key;
-        return Show("Change");
-    }
+    qt::EmployeeForm& Add() { return Show(0); }
+    qt::EmployeeForm& Change(int key) { return Show(key); }
 
     static std::string Name(int index) { return "Text2(" + std::to_string(index) + ")"; }
     qt::TextBox& Box(int index) { return Find<qt::TextBox>(*form, Name(index)); }
@@ -543,7 +539,6 @@ TEST_F(EmployeeFormTest, goes_through_the_department_by_last_name_and_stops_at_i
     EXPECT_TRUE(enabled("Command2"));
     test::Click(*form, "Command2");
     EXPECT_EQ(Box(1).Text(), "Abel");
-    EXPECT_EQ(g.application.FormCommand, "Move");
     EXPECT_FALSE(enabled("Command2"));
     for (const char* name : {"Adams", "Brown", "Clark"}) {
         test::Click(*form, "Command3");
@@ -552,7 +547,6 @@ TEST_F(EmployeeFormTest, goes_through_the_department_by_last_name_and_stops_at_i
         EXPECT_FALSE(form->WeekChanged);
     }
     EXPECT_FALSE(enabled("Command3"));
-    EXPECT_EQ(g.SelectedEmployee, 3);
     EXPECT_TRUE(store.prompt().Boxes().empty());
 }
 

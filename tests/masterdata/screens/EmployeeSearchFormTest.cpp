@@ -26,9 +26,8 @@ class EmployeeSearchFormTest : public testing::Test {
         store.AddEmployee({.lastName = "Carter", .firstName = "Carl", .active = false});
         store.AddEmployee({.lastName = "Østby", .firstName = "Åse"});
     }
-    qt::EmployeeSearchForm& Open(const char* command = "Change") {
-        g.application.FormCommand = command;
-        form = std::make_unique<qt::EmployeeSearchForm>(g, store.ports(), nullptr);
+    qt::EmployeeSearchForm& Open(FormCommand command = FormCommand::Change) {
+        form = std::make_unique<qt::EmployeeSearchForm>(g, store.ports(), SearchRequest{command}, nullptr);
         form->ShowModeless();
         QApplication::processEvents(); // it becomes the active window
         return *form;
@@ -63,8 +62,8 @@ TEST_F(EmployeeSearchFormTest, lists_the_department_by_last_name_and_selects_the
 
 TEST_F(EmployeeSearchFormTest, is_titled_for_what_the_pick_is_for) {
     g.department.EmployeeNameSingle = "Associate";
-    for (const char* command : {"Change", "Delete", "Transfer"})
-        EXPECT_EQ(Open(command).windowTitle().toStdString(), std::string(command) + " Associate");
+    for (const FormCommand command : {FormCommand::Change, FormCommand::Delete, FormCommand::Transfer})
+        EXPECT_EQ(Open(command).windowTitle().toStdString(), TextOf(command) + " Associate");
 }
 
 TEST_F(EmployeeSearchFormTest, follows_what_is_typed) {
@@ -101,9 +100,7 @@ TEST_F(EmployeeSearchFormTest, is_chosen_by_enter_double_click_and_ok) {
     AddUsual();
     const auto expectClark = [&] {
         EXPECT_FALSE(form->isVisible());
-        EXPECT_TRUE(form->Picked());
-        EXPECT_EQ(g.SelectedEmployee, 1);
-        g.SelectedEmployee = 0;
+        EXPECT_EQ(form->Answer().SelectedEmployee, 1);
     };
     Open();
     Search("cl");
@@ -127,16 +124,14 @@ TEST_F(EmployeeSearchFormTest, is_chosen_by_enter_double_click_and_ok) {
 
 TEST_F(EmployeeSearchFormTest, cancel_and_escape_choose_nobody) {
     AddUsual();
-    g.SelectedEmployee = 77;
     for (const bool byKey : {true, false}) {
-        Open("Delete");
+        Open(FormCommand::Delete);
         if (byKey)
             test::Press(*form, Qt::Key_Escape);
         else
             test::Click(*form, "Command3D2");
         EXPECT_FALSE(form->isVisible());
-        EXPECT_FALSE(form->Picked());
-        EXPECT_EQ(g.SelectedEmployee, 77);
+        EXPECT_EQ(form->Answer().SelectedEmployee, 0);
     }
 }
 
@@ -148,7 +143,7 @@ TEST_F(EmployeeSearchFormTest, says_so_when_nobody_is_there) {
     store.prompt().Expect("Department has no Associates entered!", 0, "No Associates");
     test::Press(*form, Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
-    EXPECT_FALSE(form->Picked());
+    EXPECT_EQ(form->Answer().SelectedEmployee, 0);
     EXPECT_EQ(store.prompt().Beeps(), 1);
 }
 

@@ -28,17 +28,15 @@ class Pictures : public testing::Test {
 };
 
 TEST_F(Pictures, of_every_screen) {
-    store.g.application.FormCommand = "Change";
-    qt::DepartmentForm department(store.g, store.ports(), nullptr);
+    qt::DepartmentForm department(store.g, store.ports(), {FormCommand::Change}, nullptr);
     department.ShowModeless();
     test::TakePicture(department, "Form13");
 
-    qt::EmployeeSearchForm search(store.g, store.ports(), nullptr);
+    qt::EmployeeSearchForm search(store.g, store.ports(), {FormCommand::Change}, nullptr);
     search.ShowModeless();
     test::TakePicture(search, "Form5");
 
-    store.g.SelectedEmployee = 3;
-    qt::EmployeeForm employee(store.g, store.ports(), nullptr);
+    qt::EmployeeForm employee(store.g, store.ports(), {3}, nullptr);
     employee.ShowModeless();
     test::Find<QLineEdit>(employee, "Text2(11)").setText("2-Jan-2015");
     test::Drag(test::Find<QWidget>(employee, "Picture1"), {900, 300}, {2700, 300});

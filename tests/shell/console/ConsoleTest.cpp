@@ -372,7 +372,7 @@ class DepartmentListTest : public ConsoleTest {
         dairy = made.AddDepartment("dairy");
         cheese = made.AddDepartment("Cheese");
     }
-    std::string After(const std::string& command, int present, int previous) {
+    std::string After(FormCommand command, int present, int previous) {
         g.application.FormCommand = command;
         g.department.CurrentDepNumber = present;
         g.departments.PreviousDepNumber = previous;
@@ -409,16 +409,18 @@ TEST_F(DepartmentListTest, is_read_anew_and_not_added_to) {
 TEST_F(DepartmentListTest, chooses_by_what_was_done_last) {
     AddThree();
     StartReady();
-    for (const char* command : {"", "Delete", "Convert", "Restore"})
-        EXPECT_EQ(After(command, cheese, dairy), "Bakery") << command;
-    EXPECT_EQ(After("Add", bakery, bakery), "Cheese");
-    for (const char* command : {"Options", "Change"}) {
-        EXPECT_EQ(After(command, bakery, dairy), "dairy") << command;
-        EXPECT_EQ(After(command, cheese, 999), "Bakery") << command;
+    for (const FormCommand command :
+         {FormCommand::None, FormCommand::Delete, FormCommand::Convert, FormCommand::Restore})
+        EXPECT_EQ(After(command, cheese, dairy), "Bakery") << TextOf(command);
+    EXPECT_EQ(After(FormCommand::Add, bakery, bakery), "Cheese");
+    for (const FormCommand command : {FormCommand::Options, FormCommand::Change}) {
+        EXPECT_EQ(After(command, bakery, dairy), "dairy") << TextOf(command);
+        EXPECT_EQ(After(command, cheese, 999), "Bakery") << TextOf(command);
     }
-    for (const char* command : {"Backup", "Prior to date", "Network", "EmplStats", "Transfer", "Example"}) {
-        EXPECT_EQ(After(command, dairy, cheese), "dairy") << command;
-        EXPECT_EQ(After(command, 999, cheese), "Bakery") << command;
+    for (const FormCommand command : {FormCommand::Backup, FormCommand::PriorToDate, FormCommand::Network,
+                                      FormCommand::EmplStats, FormCommand::Transfer, FormCommand::Example}) {
+        EXPECT_EQ(After(command, dairy, cheese), "dairy") << TextOf(command);
+        EXPECT_EQ(After(command, 999, cheese), "Bakery") << TextOf(command);
     }
 }
 
@@ -519,7 +521,7 @@ TEST_F(DepartmentListTest, that_shrinks_to_one_takes_away_what_needs_several) {
     rs.Index("Dept Nbr");
     rs.Seek({std::int64_t{second}});
     rs.Delete();
-    EXPECT_EQ(After("Delete", second, second), "Bakery");
+    EXPECT_EQ(After(FormCommand::Delete, second, second), "Bakery");
     EXPECT_FALSE(face.Combo1Visible);
     EXPECT_TRUE(face.Label2Visible);
     EXPECT_FALSE(AnyVisible({"FixConflics", "Niks", "Trans", "Niets", "mnu7days"}));
