@@ -189,7 +189,8 @@ void Form::CenterForm() {
 /// Loads and shows the form; false when it stays away.
 bool Form::Open() {
     unloading_ = false;
-    if (!Guarded([this] { return Opened(); })()) return false;
+    if (!opened_) opened_ = Guarded([this] { return Opened(); })();
+    if (!opened_) return false;
     show();
     raise();
     activateWindow();
@@ -220,6 +221,7 @@ void Form::Unload() {
 
 void Form::closeEvent(QCloseEvent* event) {
     const bool leave = unloading_ || Guarded([this] { return MayUnload(); })();
+    if (leave) opened_ = false;
     event->setAccepted(leave);
 }
 

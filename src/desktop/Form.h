@@ -54,8 +54,8 @@ class Form : public QWidget {
     }
 
   protected:
-    /// Loads what the form shows, before it shows. On false it does not open; an error that is let through
-    /// is told, and keeps it from opening too.
+    /// Loads what the form shows, before it shows, and not again while it is only hidden. On false it does
+    /// not open; an error that is let through is told, and keeps it from opening too.
     virtual bool Opened() { return true; }
     /// The form over this one has gone.
     virtual void CameBack() {}
@@ -213,6 +213,7 @@ class Form : public QWidget {
     std::map<const QObject*, std::string> hints_;
     QMetaObject::Connection focusMoves_;
     QPointer<TextBox> left_; // with a text that cannot stand, which nobody has been told yet
+    bool opened_ = false;
     bool unloading_ = false;
 };
 

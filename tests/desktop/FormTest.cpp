@@ -125,6 +125,19 @@ TEST_F(FormTest, loads_before_it_shows) {
     EXPECT_TRUE(other.isVisible());
 }
 
+TEST_F(FormTest, loads_anew_after_it_was_closed_and_not_while_it_is_only_hidden) {
+    SampleForm other(script.ports);
+    int loads = 0;
+    other.load = [&] { ++loads; };
+    other.ShowModeless();
+    other.hide();
+    other.ShowModeless();
+    EXPECT_EQ(loads, 1);
+    other.close();
+    other.ShowModeless();
+    EXPECT_EQ(loads, 2);
+}
+
 TEST_F(FormTest, stays_away_when_it_refuses_to_open) {
     SampleForm other(script.ports, &form);
     other.opens = false;

@@ -18,7 +18,7 @@ struct ShownBox {
     std::string text; // line ends as LF
     int style = 0;
     std::string title;
-    std::string detail; // said apart; no part of a comparison
+    std::string detail = {}; // said apart; no part of a comparison
 
     friend bool operator==(const ShownBox& a, const ShownBox& b) {
         return a.text == b.text && a.style == b.style && a.title == b.title;

@@ -43,16 +43,46 @@ TEST_F(MainEditorDaytypeTest, a_day_off_swallows_every_key) {
     EXPECT_EQ(DaytypeOf(3), "V");
 }
 
-TEST_F(MainEditorDaytypeTest, who_may_not_schedule_is_told_at_the_first_key) {
+TEST_F(MainEditorDaytypeTest, who_may_not_schedule_is_told_at_the_first_key_and_at_a_paste) {
     ForbidScheduling();
     Open();
-    store.prompt().Expect("Your authorization does not allow scheduling changes", box::Exclamation,
-                          "Scheduling not permitted");
+    for (int i = 0; i < 2; ++i)
+        store.prompt().Expect("Your authorization does not allow scheduling changes", box::Exclamation,
+                              "Scheduling not permitted");
     TypeInto(3, "v");
     EXPECT_EQ(DaytypeOf(3), "");
     test::Paste(test::Find<QWidget>(*form, "Text1(3)"), "V");
     EXPECT_EQ(DaytypeOf(3), "");
     EXPECT_FALSE(HasChanges());
+}
+
+TEST_F(MainEditorDaytypeTest, who_may_not_schedule_cannot_take_a_symbol_away_by_any_way) {
+    ForbidScheduling();
+    Open();
+    auto& box = test::Find<qt::TextBox>(*form, "Text1(1)");
+    box.setFocus();
+    for (const QKeySequence::StandardKey way :
+         {QKeySequence::Cut, QKeySequence::Delete, QKeySequence::Undo}) {
+        store.prompt().Expect("Your authorization does not allow scheduling changes", box::Exclamation,
+                              "Scheduling not permitted");
+        box.selectAll();
+        QTest::keySequence(&box, QKeySequence(way));
+        EXPECT_EQ(DaytypeOf(1), "CA");
+    }
+    EXPECT_FALSE(HasChanges());
+}
+
+TEST_F(MainEditorDaytypeTest, a_symbol_is_taken_by_cut_and_given_back_by_undo_in_the_week_too) {
+    Open();
+    auto& box = test::Find<qt::TextBox>(*form, "Text1(3)");
+    box.setFocus();
+    test::TypeAny(box, "bk");
+    box.selectAll();
+    QTest::keySequence(&box, QKeySequence(QKeySequence::Cut));
+    EXPECT_EQ(store.g.week.DayTypeText[store.g.week.CurrentDay][3], "");
+    QTest::keySequence(&box, QKeySequence(QKeySequence::Undo));
+    EXPECT_EQ(store.g.week.DayTypeText[store.g.week.CurrentDay][3], "BK");
+    EXPECT_TRUE(HasChanges());
 }
 
 TEST_F(MainEditorDaytypeTest, a_pasted_symbol_is_filtered_and_saved_like_a_typed_one) {
