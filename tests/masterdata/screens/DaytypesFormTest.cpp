@@ -1,14 +1,10 @@
 #include "masterdata/screens/DaytypesForm.h"
 
 #include "shell/common/TVXMOD1.h"
+#include "support/FormFixture.h"
 #include "support/OtherWorkstation.h"
 #include "support/Rows.h"
-#include "support/Screens.h"
-#include "support/TestStore.h"
-#include "support/Usability.h"
 #include "support/WeekWriter.h"
-
-#include <QApplication>
 
 #include <gtest/gtest.h>
 
@@ -19,12 +15,9 @@ using test::Find;
 
 constexpr DaySerial Sunday = 46082; // 1 March 2026
 
-class DaytypesFormTest : public testing::Test {
+class DaytypesFormTest : public test::FormFixture<qt::DaytypesForm> {
   protected:
     test::OtherWorkstation other;
-    test::TestStore store;
-    GlobalState& g = store.g;
-    std::unique_ptr<qt::DaytypesForm> form;
 
     void SetUp() override {
         store.AddDepartment("Bakery");
@@ -37,44 +30,16 @@ class DaytypesFormTest : public testing::Test {
         other.Open(store.folder / "TVX.MDB");
     }
     qt::DaytypesForm& Open(int task, int employee = 2, int day = 3) {
-        const DaytypesRequest request{static_cast<ListRequest>(task), employee, day};
-        form = std::make_unique<qt::DaytypesForm>(g, store.ports(), request, nullptr);
-        form->ShowModeless();
-        QApplication::processEvents(); // it becomes the active window
-        return *form;
+        return OpenFor(DaytypesRequest{static_cast<ListRequest>(task), employee, day});
     }
-    qt::TextBox& Symbol() { return Find<qt::TextBox>(*form, "Text1"); }
-    qt::TextBox& Explanation() { return Find<qt::TextBox>(*form, "Text2"); }
-    qt::ListBox& List() { return Find<qt::ListBox>(*form, "List1"); }
-    bool Shown(const std::string& name) { return Find<QWidget>(*form, name).isVisible(); }
-    bool Enabled(const std::string& name) { return Find<QWidget>(*form, name).isEnabled(); }
-    std::string TextOf(const std::string& label) {
-        return Find<qt::Label>(*form, label).text().toStdString();
-    }
-    std::string TitleOf(const std::string& frame) {
-        return Find<qt::Frame>(*form, frame).title().toStdString();
-    }
-    std::vector<std::string> Listed() {
-        std::vector<std::string> rows;
-        for (int i = 0; i < List().count(); ++i) rows.push_back(List().item(i)->text().toStdString());
-        return rows;
-    }
+    qt::TextBox& Symbol() { return Box("Text1"); }
+    qt::TextBox& Explanation() { return Box("Text2"); }
     std::vector<std::string> Stored() {
         return test::RowsOf(store.db(), "Day types", {"Symbol", "Explaination"}); // by symbol
     }
-    void ClickRow(int row) {
-        QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::NoModifier,
-                          List().visualItemRect(List().item(row)).center());
-    }
     void Fill(const std::string& symbol, const std::string& explanation) {
-        Symbol().setFocus();
-        Symbol().selectAll();
-        test::Press(*form, Qt::Key_Delete);
-        test::TypeAny(Symbol(), symbol);
-        Explanation().setFocus();
-        Explanation().selectAll();
-        test::Press(*form, Qt::Key_Delete);
-        test::TypeAny(Explanation(), explanation);
+        Retype(Symbol(), symbol);
+        Retype(Explanation(), explanation);
     }
     void FillUp(int count) {
         for (int i = g.daytypes.DayTypeCount; i < count; ++i) {
@@ -364,26 +329,21 @@ TEST_F(DaytypesFormTest, a_locked_file_is_no_word_worth_and_the_count_is_that_of
 // ---- for everybody ----
 
 TEST_F(DaytypesFormTest, can_be_used_without_mouse_and_without_eyes) {
-    const auto check = [&](std::vector<std::string> order) {
-        EXPECT_EQ(test::Obstacles(*form), "");
-        EXPECT_EQ(test::CutTexts(*form), "");
-        EXPECT_EQ(test::TabOrder(*form), order);
-    };
     Open(0);
-    check({"cmdAdd", "cmdChange", "cmdDelete", "Command3D1"});
+    ExpectUsable({"cmdAdd", "cmdChange", "cmdDelete", "Command3D1"});
     Open(30);
-    check({"Text1", "Text2", "Command3D4", "Command3D2", "Command3D1"});
+    ExpectUsable({"Text1", "Text2", "Command3D4", "Command3D2", "Command3D1"});
     test::TakePicture(*form, "Form22-add");
     Open(31);
     test::Press(*form, Qt::Key_Return);
-    check({"Text1", "Text2", "Command3D4", "Command3D2", "Command3D1", "List1"});
+    ExpectUsable({"Text1", "Text2", "Command3D4", "Command3D2", "Command3D1", "List1"});
     Open(32);
     test::Press(*form, Qt::Key_Return);
     EXPECT_EQ(test::FocusOf(*form), "Command3D2");
     EXPECT_EQ(test::Obstacles(*form), "");
     test::TakePicture(*form, "Form22-delete");
     Open(33);
-    check({"List1", "Command3D4", "Command3D1"});
+    ExpectUsable({"List1", "Command3D4", "Command3D1"});
     EXPECT_EQ(test::SpokenName(Explanation()), "Explanation");
 }
 

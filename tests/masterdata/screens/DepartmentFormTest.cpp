@@ -1,12 +1,8 @@
 #include "masterdata/screens/DepartmentForm.h"
 
+#include "support/FormFixture.h"
 #include "support/OtherWorkstation.h"
 #include "support/Rows.h"
-#include "support/Screens.h"
-#include "support/TestStore.h"
-#include "support/Usability.h"
-
-#include <QApplication>
 
 #include <gtest/gtest.h>
 
@@ -15,29 +11,16 @@ namespace {
 
 using test::Find;
 
-class DepartmentFormTest : public testing::Test {
+class DepartmentFormTest : public test::FormFixture<qt::DepartmentForm> {
   protected:
     test::OtherWorkstation other;
-    test::TestStore store;
-    GlobalState& g = store.g;
-    std::unique_ptr<qt::DepartmentForm> form;
 
     void SetUp() override {
         store.AddDepartment("Stores");
         store.AddDepartment("Bakery", 304, 5, 2);
         other.Open(store.folder / "TVX.MDB");
     }
-    qt::DepartmentForm& Open(FormCommand command) {
-        form = std::make_unique<qt::DepartmentForm>(g, store.ports(), DepartmentRequest{command}, nullptr);
-        form->ShowModeless();
-        QApplication::processEvents(); // it becomes the active window
-        return *form;
-    }
-    qt::TextBox& Box(const std::string& name) { return Find<qt::TextBox>(*form, name); }
-    std::string TextOf(const std::string& label) {
-        return Find<qt::Label>(*form, label).text().toStdString();
-    }
-    bool Chosen(const std::string& option) { return Find<QRadioButton>(*form, option).isChecked(); }
+    qt::DepartmentForm& Open(FormCommand command) { return OpenFor(DepartmentRequest{command}); }
     void Enter(const std::string& box, const std::string& text) {
         Box(box).setFocus();
         Box(box).selectAll();

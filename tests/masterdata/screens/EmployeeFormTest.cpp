@@ -1,13 +1,10 @@
 #include "masterdata/screens/EmployeeForm.h"
 
 #include "platform/dao/TimeText.h"
+#include "support/FormFixture.h"
 #include "support/OtherWorkstation.h"
 #include "support/Rows.h"
-#include "support/Screens.h"
-#include "support/TestStore.h"
-#include "support/Usability.h"
 
-#include <QApplication>
 #include <QMenu>
 
 #include <gtest/gtest.h>
@@ -19,12 +16,9 @@ using test::Find;
 
 constexpr DaySerial Today = 46086; // 5 March 2026
 
-class EmployeeFormTest : public testing::Test {
+class EmployeeFormTest : public test::FormFixture<qt::EmployeeForm> {
   protected:
     test::OtherWorkstation other;
-    test::TestStore store;
-    GlobalState& g = store.g;
-    std::unique_ptr<qt::EmployeeForm> form;
 
     void SetUp() override {
         store.AddDepartment("Bakery");
@@ -33,30 +27,14 @@ class EmployeeFormTest : public testing::Test {
         store.AddEmployee({.lastName = "Clark", .firstName = "Cleo", .pay = "10"});
         other.Open(store.folder / "TVX.MDB");
     }
-    qt::EmployeeForm& Show(int key) {
-        form = std::make_unique<qt::EmployeeForm>(g, store.ports(), EmployeeRequest{key}, nullptr);
-        form->ShowModeless();
-        QApplication::processEvents(); // it becomes the active window
-        return *form;
-    }
-    qt::EmployeeForm& Add() { return Show(0); }
-    qt::EmployeeForm& Change(int key) { return Show(key); }
+    qt::EmployeeForm& Add() { return OpenFor(EmployeeRequest{}); }
+    qt::EmployeeForm& Change(int key) { return OpenFor(EmployeeRequest{key}); }
 
     static std::string Name(int index) { return "Text2(" + std::to_string(index) + ")"; }
-    qt::TextBox& Box(int index) { return Find<qt::TextBox>(*form, Name(index)); }
-    QPlainTextEdit& Comments() { return Find<QPlainTextEdit>(*form, "Text1"); }
-    QWidget& Grid() { return Find<QWidget>(*form, "Picture1"); }
-    std::string TextOf(const std::string& label) {
-        return Find<qt::Label>(*form, label).text().toStdString();
-    }
-    bool Chosen(const std::string& option) { return Find<QRadioButton>(*form, option).isChecked(); }
-    bool Shown(const std::string& control) { return Find<QWidget>(*form, control).isVisible(); }
-    void Enter(int index, const std::string& text) {
-        Box(index).setFocus();
-        Box(index).selectAll();
-        test::Press(*form, Qt::Key_Delete);
-        test::TypeAny(Box(index), text);
-    }
+    qt::TextBox& Box(int index) { return FormFixture::Box(Name(index)); }
+    QPlainTextEdit& Comments() { return Get<QPlainTextEdit>("Text1"); }
+    QWidget& Grid() { return Get("Picture1"); }
+    void Enter(int index, const std::string& text) { Retype(Box(index), text); }
     /// The text of a box after it was left.
     std::string Left(int index, const std::string& text) {
         Enter(index, text);

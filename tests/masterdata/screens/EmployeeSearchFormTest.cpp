@@ -1,10 +1,6 @@
 #include "masterdata/screens/EmployeeSearchForm.h"
 
-#include "support/Screens.h"
-#include "support/TestStore.h"
-#include "support/Usability.h"
-
-#include <QApplication>
+#include "support/FormFixture.h"
 
 #include <gtest/gtest.h>
 
@@ -13,12 +9,8 @@ namespace {
 
 using test::Find;
 
-class EmployeeSearchFormTest : public testing::Test {
+class EmployeeSearchFormTest : public test::FormFixture<qt::EmployeeSearchForm> {
   protected:
-    test::TestStore store;
-    GlobalState& g = store.g;
-    std::unique_ptr<qt::EmployeeSearchForm> form;
-
     void SetUp() override { store.AddDepartment("Bakery"); }
     void AddUsual() {
         store.AddEmployee({.lastName = "Clark", .firstName = "Cleo", .id = "C3", .assignment = "Ovens"});
@@ -27,10 +19,7 @@ class EmployeeSearchFormTest : public testing::Test {
         store.AddEmployee({.lastName = "Østby", .firstName = "Åse"});
     }
     qt::EmployeeSearchForm& Open(FormCommand command = FormCommand::Change) {
-        form = std::make_unique<qt::EmployeeSearchForm>(g, store.ports(), SearchRequest{command}, nullptr);
-        form->ShowModeless();
-        QApplication::processEvents(); // it becomes the active window
-        return *form;
+        return OpenFor(SearchRequest{command});
     }
     QListView& List() { return Find<QListView>(*form, "List1"); }
     std::string Row(int row) {
@@ -63,7 +52,7 @@ TEST_F(EmployeeSearchFormTest, lists_the_department_by_last_name_and_selects_the
 TEST_F(EmployeeSearchFormTest, is_titled_for_what_the_pick_is_for) {
     g.department.EmployeeNameSingle = "Associate";
     for (const FormCommand command : {FormCommand::Change, FormCommand::Delete, FormCommand::Transfer})
-        EXPECT_EQ(Open(command).windowTitle().toStdString(), TextOf(command) + " Associate");
+        EXPECT_EQ(Open(command).windowTitle().toStdString(), tvx::TextOf(command) + " Associate");
 }
 
 TEST_F(EmployeeSearchFormTest, follows_what_is_typed) {

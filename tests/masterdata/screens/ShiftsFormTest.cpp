@@ -3,12 +3,8 @@
 #include "editor/week/DayShifts.h"
 #include "masterdata/files/ShiftFile.h"
 #include "platform/files/Folder.h"
-#include "support/Screens.h"
-#include "support/TestStore.h"
-#include "support/Usability.h"
+#include "support/FormFixture.h"
 #include "support/WeekWriter.h"
-
-#include <QApplication>
 
 #include <gtest/gtest.h>
 
@@ -23,12 +19,8 @@ using test::Find;
 
 constexpr DaySerial Sunday = 46082; // 1 March 2026
 
-class ShiftsFormTest : public testing::Test {
+class ShiftsFormTest : public test::FormFixture<qt::ShiftsForm> {
   protected:
-    test::TestStore store;
-    GlobalState& g = store.g;
-    std::unique_ptr<qt::ShiftsForm> form;
-
     void SetUp() override {
         store.AddDepartment("Bakery");
         store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
@@ -37,13 +29,7 @@ class ShiftsFormTest : public testing::Test {
         g.cursor.CurrentDay = 3;
         test::WritableWeek(g).WeekChanged = false;
     }
-    qt::ShiftsForm& Open(int task) {
-        const ShiftsRequest request{static_cast<ListRequest>(task), 1, 3};
-        form = std::make_unique<qt::ShiftsForm>(g, store.ports(), request, nullptr);
-        form->ShowModeless();
-        QApplication::processEvents(); // it becomes the active window
-        return *form;
-    }
+    qt::ShiftsForm& Open(int task) { return OpenFor(ShiftsRequest{static_cast<ListRequest>(task), 1, 3}); }
     /// Opens the screen over a day with these bars, quarters of that day.
     void OpenToAdd(const test::BarList& bars) {
         test::BarList week;
@@ -57,17 +43,7 @@ class ShiftsFormTest : public testing::Test {
         test::TypeAny(Name(), name);
         test::Click(*form, "SaveCMD");
     }
-    qt::TextBox& Name() { return Find<qt::TextBox>(*form, "Text1"); }
-    qt::ListBox& List() { return Find<qt::ListBox>(*form, "List1"); }
-    bool Shown(const std::string& name) { return Find<QWidget>(*form, name).isVisible(); }
-    bool Enabled(const std::string& name) { return Find<QWidget>(*form, name).isEnabled(); }
-    std::string TextOf(const std::string& label) {
-        return Find<qt::Label>(*form, label).text().toStdString();
-    }
-    std::string Caption(const std::string& button) {
-        return Find<QPushButton>(*form, button).text().toStdString();
-    }
-    std::string Title() { return form->windowTitle().toStdString(); }
+    qt::TextBox& Name() { return Box("Text1"); }
     std::string File() {
         std::ifstream in(store.folder / "1.SFT", std::ios::binary);
         std::stringstream all;
@@ -76,16 +52,6 @@ class ShiftsFormTest : public testing::Test {
     }
     std::vector<std::string> Names() {
         return {g.shifts.ShiftNames.begin() + 1, g.shifts.ShiftNames.begin() + 1 + g.shifts.ShiftCount};
-    }
-    void ClickRow(int row) {
-        QTest::mouseClick(List().viewport(), Qt::LeftButton, Qt::NoModifier,
-                          List().visualItemRect(List().item(row)).center());
-    }
-    void Retype(const std::string& text) {
-        Name().setFocus();
-        Name().selectAll();
-        test::Press(*form, Qt::Key_Delete);
-        test::TypeAny(Name(), text);
     }
 };
 
@@ -140,7 +106,7 @@ TEST_F(ShiftsFormTest, a_name_takes_30_characters_and_no_double_quote_however_th
         way(Name(), "\"a\"" + std::string(60, 'b'));
         EXPECT_EQ(Name().Text(), "a" + std::string(29, 'b'));
     }
-    Retype("Früh 🥐, パン");
+    Retype(Name(), "Früh 🥐, パン");
     test::Click(*form, "SaveCMD");
     LoadStoredShifts(g.paths.ProgramPath, 1, g.shifts);
     EXPECT_EQ(Names(), std::vector<std::string>{"Früh 🥐, パン"});
@@ -202,7 +168,7 @@ TEST_F(ShiftsFormTest, a_name_is_changed_and_the_bars_stay) {
     EXPECT_EQ(TextOf("Label1"), " Change the  Shift name and Save");
     EXPECT_EQ(TextOf("Label2"), "Change the Shift name and Save");
     EXPECT_EQ(Find<qt::Frame>(*form, "Frame1").title().toStdString(), "");
-    Retype("Day");
+    Retype(Name(), "Day");
     test::Press(*form, Qt::Key_Return);
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(File(), "\"Day\"\r\n1\r\n60\r\n92\r\n\"Early\"\r\n1\r\n24\r\n40\r\n");
@@ -213,14 +179,14 @@ TEST_F(ShiftsFormTest, a_change_to_the_name_of_another_or_to_none_is_refused) {
     Store("Late");
     Open(31);
     ClickRow(0);
-    Retype("LATE");
+    Retype(Name(), "LATE");
     store.prompt().Expect("Shift name LATE\n is in use...", 0, "Shift name duplicate");
     test::Click(*form, "SaveCMD");
     EXPECT_EQ(Name().Text(), "");
     test::Click(*form, "SaveCMD");
     EXPECT_EQ(store.prompt().Beeps(), 2);
     EXPECT_TRUE(form->isVisible());
-    Retype("EARLY"); // its own name in other letters
+    Retype(Name(), "EARLY"); // its own name in other letters
     test::Click(*form, "SaveCMD");
     EXPECT_EQ(Names(), (std::vector<std::string>{"EARLY", "Late"}));
 }
@@ -296,22 +262,17 @@ TEST_F(ShiftsFormTest, a_21st_shift_of_a_file_is_listed_and_not_picked) {
 
 TEST_F(ShiftsFormTest, can_be_used_without_mouse_and_without_eyes) {
     Store("Early");
-    const auto check = [&](std::vector<std::string> order) {
-        EXPECT_EQ(test::Obstacles(*form), "");
-        EXPECT_EQ(test::CutTexts(*form), "");
-        EXPECT_EQ(test::TabOrder(*form), order);
-    };
     OpenToAdd({{36, 52}});
-    check({"Text1", "OptionsCMD", "SaveCMD", "ExitCMD"});
+    ExpectUsable({"Text1", "OptionsCMD", "SaveCMD", "ExitCMD"});
     test::Click(*form, "OptionsCMD");
     EXPECT_EQ(test::FocusOf(*form), "cmdChange");
-    check({"cmdChange", "cmdDelete", "SaveCMD", "ExitCMD", "Text1"});
+    ExpectUsable({"cmdChange", "cmdDelete", "SaveCMD", "ExitCMD", "Text1"});
     Open(31);
     test::Press(*form, Qt::Key_Return);
-    check({"Text1", "SaveCMD", "ExitCMD", "List1"});
+    ExpectUsable({"Text1", "SaveCMD", "ExitCMD", "List1"});
     test::TakePicture(*form, "Form23-change");
     Open(33);
-    check({"List1", "ExitCMD"});
+    ExpectUsable({"List1", "ExitCMD"});
     test::TakePicture(*form, "Form23-drop");
 }
 
