@@ -25,7 +25,7 @@ int IndexOfSymbol(const Daytypes& daytypes, const std::string& symbol, int excep
 
 /// Checks both texts. `gap` stands behind "for" in the box on a symbol in use.
 SaveResult Check(const GlobalState& g, Prompt& prompt, const std::string& symbol,
-                    const std::string& explanation, int except, const std::string& gap) {
+                 const std::string& explanation, int except, const std::string& gap) {
     if (IsBlank(symbol) || IsBlank(explanation)) {
         prompt.Beep();
         return SaveResult::Incomplete;
@@ -83,7 +83,7 @@ std::vector<std::pair<std::string, int>> DaytypeRows(const Daytypes& daytypes) {
 }
 
 SaveResult AddDaytype(GlobalState& g, Prompt& prompt, const std::string& symbol,
-                         const std::string& explanation) {
+                      const std::string& explanation) {
     if (g.daytypes.DayTypeCount >= MostDayTypes) {
         prompt.Beep();
         return SaveResult::Incomplete;
@@ -99,7 +99,7 @@ SaveResult AddDaytype(GlobalState& g, Prompt& prompt, const std::string& symbol,
 }
 
 SaveResult ChangeDaytype(GlobalState& g, Prompt& prompt, int index, const std::string& symbol,
-                            const std::string& explanation) {
+                         const std::string& explanation) {
     const std::string name = NormalizedExplanation(explanation);
     const SaveResult result = Check(g, prompt, symbol, name, index, "");
     if (result != SaveResult::Saved) return result;
