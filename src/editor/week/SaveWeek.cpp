@@ -57,7 +57,6 @@ void KeepStored(DayRow& wanted, const StoredDay& stored, const Roster& roster, i
         wanted.dayType.clear();
         wanted.startsStops = EmptyText;
     }
-    wanted.currentRate = stored.currentRate;
     wanted.salary = stored.salary;
     if (!stored.HasRate()) FreezeRate(wanted, roster, e);
 }
@@ -71,7 +70,8 @@ void WriteDay(DayTable& table, const Roster& roster, int e, DayRow wanted, const
         table.Add(wanted);
     } else if (stored.vacationDay || !empty) {
         KeepStored(wanted, stored, roster, e);
-        if (wanted != stored) table.Change(wanted);
+        if (wanted == stored) return;
+        stored.HasRate() ? table.ChangeWork(wanted) : table.Change(wanted);
     } else {
         table.Delete(wanted.day, wanted.employee);
     }

@@ -3,14 +3,17 @@
 #include "editor/week/WeekModel.h"
 
 namespace tvx {
+
 StoredWeek ReadStoredWeek(const dao::Database& database, const Roster& roster, DaySerial firstSerial) {
     StoredWeek stored(static_cast<std::size_t>(roster.EmployeeCount) + 1);
     const auto first = roster.RosterEmployeeKey.begin() + 1;
     const std::vector<int> keys(first, first + roster.EmployeeCount);
-    ReadDayRows(database, keys, firstSerial, firstSerial + DaysInSpan - 1,
-                [&](std::size_t employee, const DayRow& row) {
-                    stored[employee + 1][row.day - firstSerial + 1] = {row, true};
-                });
+    const auto place = [&](std::size_t employee, DaySerial serial) -> DayRow& {
+        StoredDay& day = stored[employee + 1][serial - firstSerial + 1];
+        day.found = true;
+        return day;
+    };
+    ReadPlannedDays(database, keys, firstSerial, firstSerial + DaysInSpan - 1, place);
     return stored;
 }
 
@@ -26,18 +29,19 @@ void PaintStoredDay(Week& week, int day, std::string_view text) {
 std::string StartsStopsOf(const Week& week, int e, int day, int& quarters) {
     const int dayLow = (day - 1) * QuartersPerDay;
     const int dayHigh = day * QuartersPerDay;
-    std::vector<Period> periods;
+    DayPeriods periods{};
+    std::size_t count = 0;
     quarters = 0;
-    for (int b = 1; b <= week.BarCount[e] && periods.size() < PeriodsPerDay; ++b) {
+    for (int b = 1; b <= week.BarCount[e] && count < PeriodsPerDay; ++b) {
         int s = week.BarStarts[e][b];
         int t = week.BarStops[e][b];
         if ((t <= dayLow && s < dayLow) || (s >= dayHigh && t > dayHigh)) continue;
         if (s <= dayLow) s = dayLow;
         if (t > dayHigh) t = dayHigh;
         quarters += t - s;
-        periods.push_back({s - dayLow, t - dayLow});
+        periods[count++] = {s - dayLow, t - dayLow};
     }
-    return EncodePeriods(periods);
+    return EncodePeriods(std::span(periods).first(count));
 }
 
 } // namespace tvx

@@ -21,7 +21,8 @@ struct StoredDay : DayRow {
 /// [employee][day 1..8]
 using StoredWeek = std::vector<std::array<StoredDay, DaysInSpan + 1>>;
 
-/// Reads the eight days from `firstSerial` on for everybody of the roster. Throws DaoError.
+/// Reads the eight days from `firstSerial` on for everybody of the roster, without their rates. Throws
+/// DaoError.
 StoredWeek ReadStoredWeek(const dao::Database& database, const Roster& roster, DaySerial firstSerial);
 
 /// Marks the periods of a day's stored text in the string of quarters. Day 1 to 8. A text shorter than 14

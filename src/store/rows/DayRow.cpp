@@ -12,32 +12,51 @@ namespace {
 /// A scan passes over the rows of everybody in the file, a seek costs about three of its rows.
 constexpr std::int64_t RowsScannedForOneSeek = 3;
 
-struct DataFields {
+/// What was planned.
+struct WorkFields {
     using Row = DayRow;
     static void Of(auto& row, auto&& field) {
         field("DayType", row.dayType);
-        field("Starts & Stops", row.startsStops);
+        field("Starts & Stops", row.startsStops, "", rows::Times());
         field("Work hours", row.workHours);
-        field("Current Rate", row.currentRate);
+    }
+};
+
+struct PlanFields {
+    using Row = DayRow;
+    static void Of(auto& row, auto&& field) {
+        WorkFields::Of(row, field);
         field("Salary", row.salary);
         field("Vacation day", row.vacationDay);
+    }
+};
+
+struct DataFields {
+    using Row = DayRow;
+    static void Of(auto& row, auto&& field) {
+        PlanFields::Of(row, field);
+        field("Current Rate", row.currentRate);
+    }
+};
+
+struct KeyFields {
+    using Row = DayRow;
+    static void Of(auto& row, auto&& field) {
+        field("Day Julian", row.day);
+        field("Employee", row.employee);
     }
 };
 
 struct AllFields {
     using Row = DayRow;
     static void Of(auto& row, auto&& field) {
-        field("Day Julian", row.day);
-        field("Employee", row.employee);
+        KeyFields::Of(row, field);
         DataFields::Of(row, field);
     }
 };
 
 // ---- scanning ----
 
-void Take(int& member, const dao::ScanRow& row, int column) {
-    member = rows::Whole(row.Long(column));
-}
 void Take(bool& member, const dao::ScanRow& row, int column) {
     member = row.Long(column) != 0;
 }
@@ -48,65 +67,105 @@ void Take(std::string& member, const dao::ScanRow& row, int column) {
     member = row.Text(column);
 }
 void Take(std::optional<double>& member, const dao::ScanRow& row, int column) {
-    member = row.IsNull(column) ? std::nullopt : std::optional(row.Double(column));
+    const double number = row.Double(column);
+    member = number == 0 && row.IsNull(column) ? std::nullopt : std::optional(number);
+}
+void Take(std::string& member, const dao::ScanRow& row, int column, const char*, rows::Times) {
+    member = dao::DecodeTimeText(row.Text(column));
 }
 
-DayRow RowOf(const dao::ScanRow& scanned) {
-    DayRow row;
-    int column = 0;
-    AllFields::Of(row, [&](const char*, auto& member) { Take(member, scanned, column++); });
-    row.startsStops = dao::DecodeTimeText(row.startsStops);
-    return row;
+constexpr int KeyColumns = 2;
+
+/// Reads fields of the row of a scan, which stand behind its key.
+template <typename Fields>
+void Read(DayRow& row, const dao::ScanRow& scanned) {
+    int column = KeyColumns;
+    Fields::Of(row,
+               [&](const char*, auto& member, auto... kind) { Take(member, scanned, column++, kind...); });
 }
 
+/// A select of the key and of fields, up to the words behind "WHERE".
+template <typename Fields>
 std::string SelectDays() {
     std::string list;
-    DayRow any;
-    AllFields::Of(any, [&](const char* name, const auto&) {
-        list += (list.empty() ? "SELECT " : ", ") + dao::Bracketed(name);
-    });
+    const auto name = [&](const char* field, const auto&...) {
+        list += (list.empty() ? "SELECT " : ", ") + dao::Bracketed(field);
+    };
+    const DayRow any;
+    KeyFields::Of(any, name);
+    Fields::Of(any, name);
     return list + " FROM [Day Schedule] WHERE ";
 }
 
-void ScanDays(const dao::Database& database, const std::vector<int>& employees, DaySerial first,
-              DaySerial last, const TakeDay& take) {
-    static const std::string range = SelectDays() + "[Day Julian] BETWEEN ? AND ?";
-    constexpr std::size_t Nobody = ~std::size_t{0};
-    std::vector<std::size_t> placeOfKey(GreatestEmployeeKey + 1, Nobody);
-    const auto inFile = [](int key) { return key >= SmallestKey && key <= GreatestEmployeeKey; };
+/// Which rows are read. The key of a row is told apart: in a damaged file the row may name another one.
+struct Asked {
+    const std::vector<int>& employees;
+    DaySerial first;
+    DaySerial last;
+};
+using TakeScanned = std::function<void(std::size_t employee, DaySerial day, const dao::ScanRow& row)>;
+
+/// The place of each key in the list of employees; -1 of one that is not there.
+std::vector<int> PlacesOfKeys(const std::vector<int>& employees) {
+    std::vector<int> places(GreatestEmployeeKey + 1, -1);
     for (std::size_t i = 0; i < employees.size(); ++i)
-        if (inFile(employees[i])) placeOfKey[static_cast<std::size_t>(employees[i])] = i;
-    database.Scan(range, {std::int64_t{first}, std::int64_t{last}}, [&](const dao::ScanRow& scanned) {
-        const DayRow row = RowOf(scanned);
-        // In a damaged file a row may stand where its key does not belong, outside the days asked for too.
-        if (row.day < first || row.day > last || !inFile(row.employee)) return;
-        const std::size_t place = placeOfKey[static_cast<std::size_t>(row.employee)];
-        if (place != Nobody) take(place, row);
-    });
+        if (employees[i] >= SmallestKey && employees[i] <= GreatestEmployeeKey)
+            places[static_cast<std::size_t>(employees[i])] = static_cast<int>(i);
+    return places;
 }
 
-void SeekDays(const dao::Database& database, const std::vector<int>& employees, DaySerial first,
-              DaySerial last, const TakeDay& take) {
-    static const std::string one = SelectDays() + "[Day Julian] = ? AND [Employee] = ?";
-    for (std::size_t i = 0; i < employees.size(); ++i)
-        for (DaySerial day = first; day <= last; ++day)
-            database.Scan(one, {std::int64_t{day}, std::int64_t{employees[i]}},
-                          [&](const dao::ScanRow& scanned) {
-                              DayRow row = RowOf(scanned);
-                              row.day = day; // as it was sought, whatever a damaged row says
-                              row.employee = employees[i];
-                              take(i, row);
-                          });
+template <typename Fields>
+void ScanDays(const dao::Database& database, const Asked& asked, const TakeScanned& take) {
+    static const std::string range = SelectDays<Fields>() + "[Day Julian] BETWEEN ? AND ?";
+    const std::vector<int> places = PlacesOfKeys(asked.employees);
+    const auto takeAsked = [&](const dao::ScanRow& row) {
+        const std::int64_t day = row.Long(0);
+        const std::int64_t key = row.Long(1);
+        if (day < asked.first || day > asked.last || key < 0 || key > GreatestEmployeeKey) return;
+        const int place = places[static_cast<std::size_t>(key)];
+        if (place >= 0) take(static_cast<std::size_t>(place), static_cast<DaySerial>(day), row);
+    };
+    database.Scan(range, {std::int64_t{asked.first}, std::int64_t{asked.last}}, takeAsked);
+}
+
+template <typename Fields>
+void SeekDays(const dao::Database& database, const Asked& asked, const TakeScanned& take) {
+    static const std::string one = SelectDays<Fields>() + "[Day Julian] = ? AND [Employee] = ?";
+    for (std::size_t i = 0; i < asked.employees.size(); ++i)
+        for (DaySerial day = asked.first; day <= asked.last; ++day)
+            database.Scan(one, {std::int64_t{day}, std::int64_t{asked.employees[i]}},
+                          [&](const dao::ScanRow& row) { take(i, day, row); });
+}
+
+/// Reads what was asked for into the rows that `place` gives, and calls `done` with each.
+template <typename Fields, typename Place, typename Done>
+void ReadDays(const dao::Database& database, const Asked& asked, const Place& place, const Done& done) {
+    const auto take = [&](std::size_t employee, DaySerial day, const dao::ScanRow& scanned) {
+        DayRow& row = place(employee, day);
+        row.day = day;
+        row.employee = asked.employees[employee];
+        Read<Fields>(row, scanned);
+        done(employee, row);
+    };
+    const dao::Snapshot snapshot(database);
+    const auto seeks = RowsScannedForOneSeek * static_cast<std::int64_t>(asked.employees.size());
+    const bool scan = seeks >= CountEmployees(database);
+    scan ? ScanDays<Fields>(database, asked, take) : SeekDays<Fields>(database, asked, take);
 }
 
 } // namespace
 
 void ReadDayRows(const dao::Database& database, const std::vector<int>& employees, DaySerial first,
                  DaySerial last, const TakeDay& take) {
-    const dao::Snapshot snapshot(database);
-    const auto asked = static_cast<std::int64_t>(employees.size());
-    const auto read = RowsScannedForOneSeek * asked >= CountEmployees(database) ? ScanDays : SeekDays;
-    read(database, employees, first, last, take);
+    DayRow row;
+    const auto place = [&](std::size_t, DaySerial) -> DayRow& { return row; };
+    ReadDays<DataFields>(database, {employees, first, last}, place, take);
+}
+
+void ReadPlannedDays(const dao::Database& database, const std::vector<int>& employees, DaySerial first,
+                     DaySerial last, const PlaceOfDay& place) {
+    const auto done = [](std::size_t, const DayRow&) {};
+    ReadDays<PlanFields>(database, {employees, first, last}, place, done);
 }
 
 // ---- the table ----
@@ -115,7 +174,15 @@ struct DayTable::Opened {
     dao::Recordset set;
     rows::Record<AllFields> all{set};
     rows::Record<DataFields> data{set};
+    rows::Record<WorkFields> work{set};
 
+    template <typename Fields>
+    void Change(const DayRow& row, const rows::Record<Fields>& fields) {
+        Seek(row.day, row.employee);
+        set.Edit();
+        fields.Write(row);
+        set.Update();
+    }
     void Seek(DaySerial day, int employee) { set.Seek({std::int64_t{day}, std::int64_t{employee}}); }
 };
 
@@ -138,10 +205,11 @@ void DayTable::Add(const DayRow& row) {
 }
 
 void DayTable::Change(const DayRow& row) {
-    opened_->Seek(row.day, row.employee);
-    opened_->set.Edit();
-    opened_->data.Write(row);
-    opened_->set.Update();
+    opened_->Change(row, opened_->data);
+}
+
+void DayTable::ChangeWork(const DayRow& row) {
+    opened_->Change(row, opened_->work);
 }
 
 void DayTable::Delete(DaySerial day, int employee) {

@@ -36,6 +36,13 @@ using TakeDay = std::function<void(std::size_t employee, const DayRow& row)>;
 void ReadDayRows(const dao::Database& database, const std::vector<int>& employees, DaySerial first,
                  DaySerial last, const TakeDay& take);
 
+/// Gives the row to read a day into, by the place of the employee in the list that was asked for.
+using PlaceOfDay = std::function<DayRow&(std::size_t employee, DaySerial day)>;
+
+/// ReadDayRows for who keeps every row and asks for no pay: `currentRate` stays as it is.
+void ReadPlannedDays(const dao::Database& database, const std::vector<int>& employees, DaySerial first,
+                     DaySerial last, const PlaceOfDay& place);
+
 /// The table, open for many lookups and writes. Everything throws DaoError.
 class DayTable {
   public:
@@ -46,8 +53,10 @@ class DayTable {
 
     std::optional<DayRow> Find(DaySerial day, int employee);
     void Add(const DayRow& row);
-    /// Writes all fields of the row of that day and employee. Throws 3021 when it is gone; so does Delete.
+    /// Writes all fields of the row of that day and employee; ChangeWork only its daytype, times and hours.
+    /// Throws 3021 when it is gone; so does Delete.
     void Change(const DayRow& row);
+    void ChangeWork(const DayRow& row);
     void Delete(DaySerial day, int employee);
 
   private:

@@ -64,6 +64,7 @@ dao::Value ToValue(const std::optional<Member>& member) {
 /// What a list says of a field beyond its type.
 struct Plain {};
 struct DateOnly {}; // a date, whose time of day does not count
+struct Times {};    // a time text; a scan gives it as the file holds it
 
 /// The fields of a list in one recordset, which must outlive it; their places are looked up once.
 template <typename Fields>

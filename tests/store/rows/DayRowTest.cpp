@@ -131,6 +131,26 @@ TEST_F(DayRowTest, is_read_only_for_who_was_asked_for_and_between_the_days) {
     EXPECT_TRUE(ReadAll({1}, Sunday + 4, Sunday + 2).empty());
 }
 
+TEST_F(DayRowTest, is_read_into_its_place_without_its_rate) {
+    store.AddDepartment("Bakery");
+    store.AddPeople(20);
+    Fill();
+    for (const std::vector<int>& employees : {std::vector{3, 1, 2, 4, 5, 6, 7, 8}, std::vector{9}}) {
+        std::vector<DayRow> planned(employees.size());
+        ReadPlannedDays(db, employees, Sunday + 4, Sunday + 5, [&](std::size_t at, DaySerial day) -> DayRow& {
+            planned[at].currentRate = day; // of no row
+            return planned[at];
+        });
+        ReadDayRows(db, employees, Sunday + 4, Sunday + 5, [&](std::size_t at, DayRow row) {
+            if (row.day != planned[at].day) return;
+            row.currentRate = row.day;
+            EXPECT_EQ(planned[at], row);
+            planned[at] = {};
+        });
+        EXPECT_EQ(planned, std::vector<DayRow>(employees.size()));
+    }
+}
+
 TEST_F(DayRowTest, reads_any_bytes_of_its_time_text_as_the_file_holds_them) {
     test::Random random;
     SCOPED_TRACE(random.Trace());
