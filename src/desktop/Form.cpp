@@ -110,18 +110,18 @@ QPushButton& Form::AddButton(const char* name, const char* caption, QLayout& row
     return button;
 }
 
-QPushButton& Form::AddCommand(const Command& command, QBoxLayout& row, QWidget* parent) {
+QPushButton& Form::AddCommand(const ButtonCommand& command, QBoxLayout& row, QWidget* parent) {
     QPushButton& button = AddButton(command.name, command.caption, row, parent);
     OnCommand(button, command.role, command.act);
     return button;
 }
 
-void Form::AddCommands(QBoxLayout& column, const std::vector<Command>& left,
-                       const std::vector<Command>& right) {
+void Form::AddCommands(QBoxLayout& column, const std::vector<ButtonCommand>& left,
+                       const std::vector<ButtonCommand>& right) {
     QHBoxLayout& row = Row(column);
-    for (const Command& command : left) AddCommand(command, row);
+    for (const ButtonCommand& command : left) AddCommand(command, row);
     row.addStretch();
-    for (const Command& command : right) AddCommand(command, row);
+    for (const ButtonCommand& command : right) AddCommand(command, row);
 }
 
 void Form::OnCommand(QAbstractButton& button, Role role, std::function<void()> act) {

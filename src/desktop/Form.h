@@ -93,7 +93,7 @@ class Form : public QWidget {
         Cancel,  // acts whatever the boxes hold; Escape presses it
         Aside,   // acts whatever the boxes hold
     };
-    struct Command {
+    struct ButtonCommand {
         const char* name;
         const char* caption;
         std::function<void()> act;
@@ -141,9 +141,10 @@ class Form : public QWidget {
     /// A button behind what stands in a row.
     QPushButton& AddButton(const char* name, const char* caption, QLayout& row, QWidget* parent = nullptr);
     /// The same with what it does.
-    QPushButton& AddCommand(const Command& command, QBoxLayout& row, QWidget* parent = nullptr);
+    QPushButton& AddCommand(const ButtonCommand& command, QBoxLayout& row, QWidget* parent = nullptr);
     /// The row of buttons of a form, those of `left` at its left end and those of `right` at its right.
-    void AddCommands(QBoxLayout& column, const std::vector<Command>& left, const std::vector<Command>& right);
+    void AddCommands(QBoxLayout& column, const std::vector<ButtonCommand>& left,
+                     const std::vector<ButtonCommand>& right);
     /// Runs a button's command.
     void OnCommand(QAbstractButton& button, Role role, std::function<void()> act);
 

@@ -28,10 +28,10 @@ std::vector<std::pair<std::string, int>> DaytypeRows(const Daytypes& daytypes);
 /// Adds a daytype to the current department and reads the list anew. What the store refuses goes by without a
 /// word.
 SaveResult AddDaytype(GlobalState& g, Prompt& prompt, const std::string& symbol,
-                         const std::string& explanation);
+                      const std::string& explanation);
 /// Changes the daytype at an index and reads the list anew. Days that carry the old symbol keep it.
 SaveResult ChangeDaytype(GlobalState& g, Prompt& prompt, int index, const std::string& symbol,
-                            const std::string& explanation);
+                         const std::string& explanation);
 /// Deletes the daytype at an index and reads the list anew. Days that carry its symbol keep it.
 void DeleteDaytype(GlobalState& g, int index);
 

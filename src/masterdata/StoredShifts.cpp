@@ -16,7 +16,7 @@ int IndexOfName(const Shifts& shifts, const std::string& name, int except) {
 }
 
 SaveResult Check(const Shifts& shifts, Prompt& prompt, const std::string& name, int except,
-                  const char* what) {
+                 const char* what) {
     if (Trim(name).empty()) {
         prompt.Beep();
         return SaveResult::Incomplete;

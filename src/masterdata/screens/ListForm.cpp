@@ -32,9 +32,7 @@ void ListForm::Enter(ListRequest task) {
     EmptyBoxes();
     for (TextBox* box : boxes_) box->setReadOnly(false); // the one to be deleted was only shown
     save_->setText(task == ListRequest::Delete ? QStringLiteral("&Delete") : QStringLiteral("&Save"));
-    pages_.Show(task == ListRequest::Add    ? Page::Add
-                : task == ListRequest::Drop ? Page::Drop
-                                            : Page::List);
+    pages_.Show(task == ListRequest::Add ? Page::Add : task == ListRequest::Drop ? Page::Drop : Page::List);
     Announce(task);
     if (task == ListRequest::Add)
         boxes_.front()->setFocus();

@@ -1,5 +1,5 @@
-// A list of the department on a screen: adds to it, changes and deletes what it holds, and picks from it for a
-// day. The screens of daytypes and of stored shifts are this one with words and boxes of their own.
+// A list of the department on a screen: adds to it, changes and deletes what it holds, and picks from it for
+// a day. The screens of daytypes and of stored shifts are this one with words and boxes of their own.
 #pragma once
 
 #include "desktop/Form.h"

@@ -79,9 +79,9 @@ TEST_F(MainEditorDaytypeTest, a_symbol_is_taken_by_cut_and_given_back_by_undo_in
     test::TypeAny(box, "bk");
     box.selectAll();
     QTest::keySequence(&box, QKeySequence(QKeySequence::Cut));
-    EXPECT_EQ(store.g.week.DayTypeText[store.g.week.CurrentDay][3], "");
+    EXPECT_EQ(store.g.week.DayTypeText[store.g.cursor.CurrentDay][3], "");
     QTest::keySequence(&box, QKeySequence(QKeySequence::Undo));
-    EXPECT_EQ(store.g.week.DayTypeText[store.g.week.CurrentDay][3], "BK");
+    EXPECT_EQ(store.g.week.DayTypeText[store.g.cursor.CurrentDay][3], "BK");
     EXPECT_TRUE(HasChanges());
 }
 
