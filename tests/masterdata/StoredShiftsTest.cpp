@@ -3,6 +3,7 @@
 #include "editor/week/DayShifts.h"
 #include "editor/week/Totals.h"
 #include "masterdata/files/ShiftFile.h"
+#include "support/Bakery.h"
 #include "support/TestStore.h"
 #include "support/WeekWriter.h"
 
@@ -16,42 +17,13 @@ namespace tvx {
 namespace {
 
 using test::BarList;
+using test::Sunday;
 
-constexpr DaySerial Sunday = 46082; // 1 March 2026
-
-class StoredShiftsTest : public testing::Test {
+class StoredShiftsTest : public test::PlannedBakery {
   protected:
-    test::TestStore store;
-    GlobalState& g = store.g;
-
-    void SetUp() override {
-        store.AddDepartment("Bakery");
-        store.AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "10"});
-        store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "10"});
-        store.OpenWeek(Sunday);
-        On(1, 1);
-    }
-    void On(int employee, int day) {
-        g.cursor.CurrentEmployee = employee;
-        g.cursor.CurrentDay = day;
-        SumDay(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
-    }
     /// Stores bars of Monday under a name.
     void Keep(const std::string& name, const BarList& bars) {
-        On(1, 2);
-        BarList ofWeek;
-        for (const auto& [start, stop] : bars) ofWeek.emplace_back(96 + start, 96 + stop);
-        test::SetBars(g, 1, ofWeek);
-        TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
-        ASSERT_EQ(AddShift(g, store.prompt(), name), SaveResult::Saved);
-        test::SetBars(g, 1, {});
-        test::WritableWeek(g).WeekChanged = false;
-    }
-    BarList Stored(int n) {
-        BarList bars;
-        for (int k = 1; k <= g.shifts.ShiftBarCount[n]; ++k)
-            bars.emplace_back(g.shifts.ShiftStarts[n][k], g.shifts.ShiftStops[n][k]);
-        return bars;
+        KeepMonday(bars, [&] { ASSERT_EQ(AddShift(g, store.prompt(), name), SaveResult::Saved); });
     }
     std::vector<std::string> Names() {
         std::vector<std::string> names;

@@ -7,6 +7,7 @@
 #include "editor/week/WeekEdit.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/TVXMOD1.h"
+#include "support/Bakery.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
 #include "support/WeekWriter.h"
@@ -19,24 +20,10 @@ namespace {
 using test::BarList;
 using test::RawFile;
 using test::StartsStops;
+using test::Sunday;
 
-constexpr DaySerial Sunday = 46082; // 1 March 2026
-
-class LoadWeekTest : public testing::Test {
+class LoadWeekTest : public test::Bakery {
   protected:
-    test::TestStore store;
-    GlobalState& g = store.g;
-    MainLanes lanes{g.grid, g.roster, g.cursor};
-    BarDrag drag{lanes, g};
-    int anna = 0;
-    int bob = 0;
-
-    void SetUp() override {
-        store.AddDepartment("Bakery");
-        anna = store.AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "7.25"});
-        bob = store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "700", .hourly = false});
-    }
-    void Load(DaySerial first = Sunday) { LoadWeek(g, store.ports(), first); }
     RawFile File() { return RawFile(store.folder / "TVX.MDB"); }
 };
 
@@ -70,7 +57,7 @@ TEST_F(LoadWeekTest, names_the_seven_days) {
 
 TEST_F(LoadWeekTest, keeps_the_day_on_which_the_person_is) {
     store.OpenWeek(Sunday + 3);
-    store.PutDay(Sunday + 10, anna, StartsStops({{36, 68}}));
+    store.PutDay(Sunday + 10, adams, StartsStops({{36, 68}}));
     Load(Sunday + 7);
     EXPECT_EQ(g.cursor.CurrentDay, 4);
     EXPECT_EQ(g.week.DayQuarters[1], 32);
@@ -80,7 +67,7 @@ TEST_F(LoadWeekTest, keeps_the_day_on_which_the_person_is) {
 // --- bars -------------------------------------------------------------------------------------------------
 
 TEST_F(LoadWeekTest, reads_the_bars_of_every_day) {
-    for (int d = 0; d < 8; ++d) store.PutDay(Sunday + d, anna, StartsStops({{20 + d, 40}, {50, 60 + d}}));
+    for (int d = 0; d < 8; ++d) store.PutDay(Sunday + d, adams, StartsStops({{20 + d, 40}, {50, 60 + d}}));
     store.OpenWeek(Sunday);
     BarList expected;
     for (int d = 0; d < 8; ++d) {
@@ -94,26 +81,26 @@ TEST_F(LoadWeekTest, reads_the_bars_of_every_day) {
 }
 
 TEST_F(LoadWeekTest, joins_periods_that_touch_or_overlap) {
-    store.PutDay(Sunday, anna, StartsStops({{36, 48}, {48, 68}, {60, 80}}));
+    store.PutDay(Sunday, adams, StartsStops({{36, 48}, {48, 68}, {60, 80}}));
     store.OpenWeek(Sunday);
     EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 80}}));
 }
 
 TEST_F(LoadWeekTest, joins_the_seventh_and_the_eighth_day_at_midnight) {
-    store.PutDay(Sunday + 6, anna, StartsStops({{80, 96}}));
-    store.PutDay(Sunday + 7, anna, StartsStops({{0, 24}}));
+    store.PutDay(Sunday + 6, adams, StartsStops({{80, 96}}));
+    store.PutDay(Sunday + 7, adams, StartsStops({{0, 24}}));
     store.OpenWeek(Sunday);
     EXPECT_EQ(test::Bars(g, 1), (BarList{{656, 696}}));
 }
 
 TEST_F(LoadWeekTest, reads_a_whole_day) {
-    store.PutDay(Sunday + 2, anna, StartsStops({{0, 96}}));
+    store.PutDay(Sunday + 2, adams, StartsStops({{0, 96}}));
     store.OpenWeek(Sunday);
     EXPECT_EQ(test::Bars(g, 1), (BarList{{192, 288}}));
 }
 
 TEST_F(LoadWeekTest, shows_no_bars_for_who_has_a_row_only_on_the_eighth_day) {
-    store.PutDay(Sunday + 7, anna, StartsStops({{36, 68}}), "A", true);
+    store.PutDay(Sunday + 7, adams, StartsStops({{36, 68}}), "A", true);
     store.OpenWeek(Sunday);
     EXPECT_EQ(g.week.BarCount[1], 0);
     test::ExpectSound(g);
@@ -124,8 +111,8 @@ TEST_F(LoadWeekTest, shows_no_bars_for_who_has_a_row_only_on_the_eighth_day) {
 }
 
 TEST_F(LoadWeekTest, counts_a_row_without_time_as_a_row_of_the_week) {
-    store.PutDay(Sunday + 3, anna, "", "A");
-    store.PutDay(Sunday + 7, anna, StartsStops({{36, 68}}));
+    store.PutDay(Sunday + 3, adams, "", "A");
+    store.PutDay(Sunday + 7, adams, StartsStops({{36, 68}}));
     store.OpenWeek(Sunday);
     EXPECT_EQ(test::Bars(g, 1), (BarList{{708, 740}}));
 }
@@ -134,7 +121,7 @@ TEST_F(LoadWeekTest, keeps_the_first_35_bars) {
     for (int d = 0; d < 8; ++d) {
         std::vector<std::pair<int, int>> periods;
         for (int p = 0; p < 7; ++p) periods.emplace_back(2 + 12 * p, 6 + 12 * p);
-        store.PutDay(Sunday + d, anna, StartsStops(periods));
+        store.PutDay(Sunday + d, adams, StartsStops(periods));
     }
     store.OpenWeek(Sunday);
     EXPECT_EQ(g.week.BarCount[1], 35);
@@ -143,7 +130,7 @@ TEST_F(LoadWeekTest, keeps_the_first_35_bars) {
 }
 
 TEST_F(LoadWeekTest, forgets_the_bars_of_the_week_before) {
-    store.PutDay(Sunday, anna, StartsStops({{36, 68}}), "A");
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}), "A");
     store.OpenWeek(Sunday);
     ASSERT_EQ(g.week.BarCount[1], 1);
     Load(Sunday + 7);
@@ -157,12 +144,12 @@ TEST_F(LoadWeekTest, forgets_the_bars_of_the_week_before) {
 // --- daytypes and days off --------------------------------------------------------------------------------
 
 TEST_F(LoadWeekTest, reads_daytypes_in_capitals) {
-    store.PutDay(Sunday, anna, "", "v1");
-    store.PutDay(Sunday + 1, anna, "", "\xC3\xA9");
-    store.PutDay(Sunday + 2, bob, "", "X");
-    store.PutDay(Sunday + 3, bob, "", "  ");
+    store.PutDay(Sunday, adams, "", "v1");
+    store.PutDay(Sunday + 1, adams, "", "\xC3\xA9");
+    store.PutDay(Sunday + 2, brown, "", "X");
+    store.PutDay(Sunday + 3, brown, "", "  ");
     File().Run("INSERT INTO [Day Schedule] ([Day Julian], Employee) VALUES (?, ?)",
-               {std::int64_t{Sunday + 4}, std::int64_t{bob}});
+               {std::int64_t{Sunday + 4}, std::int64_t{brown}});
     store.OpenWeek(Sunday);
     EXPECT_EQ(g.week.DayTypeText[1][1], "V1");
     EXPECT_EQ(g.week.DayTypeText[2][1], "\xC3\x89");
@@ -173,8 +160,8 @@ TEST_F(LoadWeekTest, reads_daytypes_in_capitals) {
 }
 
 TEST_F(LoadWeekTest, reads_days_off_and_takes_a_missing_mark_for_none) {
-    store.PutDay(Sunday, anna, "", "", true);
-    store.PutDay(Sunday + 1, anna, "", "A", false);
+    store.PutDay(Sunday, adams, "", "", true);
+    store.PutDay(Sunday + 1, adams, "", "A", false);
     store.OpenWeek(Sunday);
     EXPECT_TRUE(g.week.DayOffFlag[1][1]);
     EXPECT_FALSE(g.week.DayOffFlag[2][1]);
@@ -190,7 +177,7 @@ TEST_F(LoadWeekTest, reads_days_off_and_takes_a_missing_mark_for_none) {
 }
 
 TEST_F(LoadWeekTest, drops_the_days_off_for_the_copy_of_a_week) {
-    store.PutDay(Sunday, anna, StartsStops({{36, 68}}), "A", true);
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}), "A", true);
     store.OpenWeek(Sunday);
     LoadWeek(g, store.ports(), Sunday, true);
     EXPECT_FALSE(g.week.DayOffFlag[1][1]);
@@ -203,9 +190,9 @@ TEST_F(LoadWeekTest, drops_the_days_off_for_the_copy_of_a_week) {
 // --- sums -------------------------------------------------------------------------------------------------
 
 TEST_F(LoadWeekTest, adds_up_hours_and_wages_by_kind) {
-    store.PutDay(Sunday, anna, StartsStops({{36, 70}}));     // 8.5 hours
-    store.PutDay(Sunday + 1, anna, StartsStops({{40, 44}})); // 1 hour
-    store.PutDay(Sunday, bob, StartsStops({{36, 68}}));      // 8 hours on a salary
+    store.PutDay(Sunday, adams, StartsStops({{36, 70}}));     // 8.5 hours
+    store.PutDay(Sunday + 1, adams, StartsStops({{40, 44}})); // 1 hour
+    store.PutDay(Sunday, brown, StartsStops({{36, 68}}));     // 8 hours on a salary
     store.OpenWeek(Sunday);
     EXPECT_EQ(g.week.DayQuarters, (std::vector<int>{0, 34, 32}));
     EXPECT_EQ(g.week.WeekQuarters, (std::vector<int>{0, 38, 32}));
@@ -304,7 +291,7 @@ TEST_F(LoadWeekTest, reads_no_figures_with_all_departments_shown) {
 }
 
 TEST_F(LoadWeekTest, opens_the_week_without_a_word_when_the_figures_cannot_be_read) {
-    store.PutDay(Sunday, anna, StartsStops({{36, 68}}));
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
     store.PutFigures(Sunday, 1000, 50, "Fair in town");
     store.OpenWeek(Sunday);
     File().Run("DROP TABLE [Department day]");
@@ -331,7 +318,7 @@ TEST_F(LoadWeekTest, begins_unchanged_with_the_first_row_and_an_empty_clipboard)
 }
 
 TEST_F(LoadWeekTest, of_another_date_knows_nothing_of_a_gesture_that_was_left_open) {
-    store.PutDay(Sunday, anna, StartsStops({{36, 68}}));
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
     store.OpenWeek(Sunday);
     drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
     ASSERT_TRUE(drag.Hand().GestureOpen);
@@ -355,7 +342,7 @@ TEST_F(LoadWeekTest, of_another_roster_knows_nothing_of_a_gesture_that_was_left_
 }
 
 TEST_F(LoadWeekTest, that_fails_leaves_the_week_that_was_open) {
-    store.PutDay(Sunday, anna, StartsStops({{36, 68}}), "A");
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}), "A");
     store.PutFigures(Sunday, 1000, 50, "Fair in town");
     store.OpenWeek(Sunday);
     test::WritableWeek(g).WeekChanged = true;
@@ -393,8 +380,8 @@ TEST_F(LoadWeekTest, that_fails_at_first_leaves_no_week) {
 }
 
 TEST_F(LoadWeekTest, of_a_sorted_roster_keeps_each_row_with_its_person) {
-    store.PutDay(Sunday, anna, StartsStops({{36, 68}}));
-    store.PutDay(Sunday, bob, StartsStops({{20, 30}}));
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
+    store.PutDay(Sunday, brown, StartsStops({{20, 30}}));
     store.OpenWeek(Sunday);
     std::swap(g.roster.RowOrder[1], g.roster.RowOrder[2]);
     Load();

@@ -6,6 +6,7 @@
 #include "editor/week/WeekEdit.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/TVXMOD1.h"
+#include "support/Bakery.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
 #include "support/WeekWriter.h"
@@ -18,28 +19,14 @@ namespace {
 using test::BarList;
 using test::RawFile;
 using test::StartsStops;
+using test::Sunday;
 using Rows = std::vector<std::string>;
 
-constexpr DaySerial Sunday = 46082; // 1 March 2026
-
-class SaveWeekTest : public testing::Test {
+class SaveWeekTest : public test::Bakery {
   protected:
-    test::TestStore store;
-    GlobalState& g = store.g;
-    MainLanes lanes{g.grid, g.roster, g.cursor};
-    BarDrag drag{lanes, g};
-    int adams = 0;
-    int brown = 0;
-
-    void SetUp() override {
-        store.AddDepartment("Bakery");
-        adams = store.AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "7.25"});
-        brown = store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "700", .hourly = false});
-    }
     bool Save() {
         return SaveWeek(g, store.ports(), store.gauge, [this] { drag.Settle(); });
     }
-    void Load(DaySerial first = Sunday) { LoadWeek(g, store.ports(), first); }
     /// One row as it should stand.
     std::string Row(DaySerial day, int key, const std::string& dayType, const std::string& periods,
                     const std::string& rest) {
