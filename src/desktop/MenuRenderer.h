@@ -36,7 +36,7 @@ class MenuRenderer {
             QAction& action = *actions_.at(entry.name);
             action.setText(ToQString(entry.caption));
             action.setVisible(entry.visible);
-            action.setEnabled(menus_.contains(entry.name) ? entry.enabled : entry.enabled && entry.built);
+            action.setEnabled(entry.enabled);
             action.setCheckable(entry.checked);
             action.setChecked(entry.checked);
         }

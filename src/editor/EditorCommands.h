@@ -16,7 +16,7 @@ class EditorActions : public LineActions {
     virtual void LeaveEditor() = 0;
     virtual void PickDaytype() = 0;
     virtual void PickShift() = 0;
-    /// `kind` is the word that `FormCommand` takes.
+    /// `kind` as in SchedulesRequest.
     virtual void OpenSchedules(const char* kind) = 0;
     virtual void TellHowToSeeOneWeek() = 0;
     virtual void ShowTotalsBox() = 0;

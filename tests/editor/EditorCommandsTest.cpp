@@ -41,54 +41,50 @@ class EditorCommandsTest : public testing::Test {
         for (int d = 1; d <= 7; ++d) test::WritableWeek(g).WeekDateTexts[d] = std::to_string(d) + "-Mar-2026";
     }
     CommandTable Commands() { return EditorCommands(g, actions); }
-    /// The entries of the menus, as they stand now.
-    MenuBar Menus() { return MenuBar(Commands().Entries("MenuBar")); }
+    MenuEntry Entry(const std::string& name) { return Commands().Entry(name); }
 };
 
 TEST_F(EditorCommandsTest, carry_the_words_of_the_department) {
-    EXPECT_EQ(Menus()["OneEmpl"].caption, "One Nurse");
-    EXPECT_EQ(Menus()["One"].caption, "Selected Nurses seven day schedule");
-    EXPECT_EQ(Menus()["SaveIt"].caption, "&Save current week");
+    EXPECT_EQ(Entry("OneEmpl").caption, "One Nurse");
+    EXPECT_EQ(Entry("One").caption, "Selected Nurses seven day schedule");
+    EXPECT_EQ(Entry("SaveIt").caption, "&Save current week");
 }
 
 TEST_F(EditorCommandsTest, name_the_days_to_copy_and_leave_out_the_day_shown) {
     g.cursor.CurrentDay = 4;
-    const MenuBar menus = Menus();
+    const CommandTable commands = Commands();
     for (int d = 1; d <= 7; ++d) {
-        const MenuEntry& entry = menus["CopyDay(" + std::to_string(d) + ")"];
-        EXPECT_EQ(entry.caption, std::to_string(d) + "-Mar-2026");
-        EXPECT_EQ(entry.enabled, d != 4) << d;
+        const std::string name = "CopyDay(" + std::to_string(d) + ")";
+        EXPECT_EQ(commands.Entry(name).caption, std::to_string(d) + "-Mar-2026");
+        EXPECT_EQ(commands[name].offered(), d != 4) << d;
     }
 }
 
 TEST_F(EditorCommandsTest, close_the_schedules_to_who_may_not_schedule) {
     g.shifts.ShiftCount = 1;
-    EXPECT_TRUE(Menus().CanChoose("SaveIt"));
-    EXPECT_TRUE(Menus()["Shift"].enabled && Menus()["ShowDayTypes"].enabled);
+    EXPECT_TRUE(Commands().CanChoose("SaveIt"));
+    EXPECT_TRUE(Entry("Shift").enabled && Entry("ShowDayTypes").enabled);
     g.rights.SchedulingAllowed = false;
-    EXPECT_FALSE(Menus().CanChoose("SaveIt"));
-    EXPECT_FALSE(Menus()["Shift"].enabled || Menus()["ShowDayTypes"].enabled);
-    EXPECT_TRUE(Menus().CanChoose("GetOut"));
+    EXPECT_FALSE(Commands().CanChoose("SaveIt"));
+    EXPECT_FALSE(Entry("Shift").enabled || Entry("ShowDayTypes").enabled);
+    EXPECT_TRUE(Commands().CanChoose("GetOut"));
 }
 
 TEST_F(EditorCommandsTest, offer_shifts_only_when_some_are_stored) {
-    EXPECT_FALSE(Menus()["Shift"].enabled);
+    EXPECT_FALSE(Entry("Shift").enabled);
     g.shifts.ShiftCount = 1;
-    EXPECT_TRUE(Menus()["Shift"].enabled);
+    EXPECT_TRUE(Entry("Shift").enabled);
 }
 
 TEST_F(EditorCommandsTest, hide_what_makes_no_sense_with_all_departments_shown) {
     const std::vector<std::string> hidden{"Shift",        "DayCopy",    "SaveAs", "ShowDayTypes", "PosSort",
                                           "SortDayTypes", "DateOfHire", "Ltype",  "PrintSched",   "OneEmpl"};
-    const MenuBar one = Menus();
+    const CommandTable commands = Commands();
+    for (const std::string& name : hidden) EXPECT_TRUE(commands.Entry(name).visible) << name;
     g.roster.AllDepartmentsMode = true;
-    const MenuBar all = Menus();
-    for (const std::string& name : hidden) {
-        EXPECT_TRUE(one[name].visible) << name;
-        EXPECT_FALSE(all[name].visible) << name;
-    }
-    EXPECT_TRUE(all.CanChoose("SaveIt"));
-    EXPECT_TRUE(all["IDsort"].visible);
+    for (const std::string& name : hidden) EXPECT_FALSE(commands.Entry(name).visible) << name;
+    EXPECT_TRUE(commands.CanChoose("SaveIt"));
+    EXPECT_TRUE(commands.Entry("IDsort").visible);
 }
 
 TEST_F(EditorCommandsTest, run_what_the_form_does) {

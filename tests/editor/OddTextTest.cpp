@@ -8,6 +8,7 @@
 #include "platform/basic/Text.h"
 #include "shell/common/TVXMOD1.h"
 #include "shell/console/Console.h"
+#include "support/ConsoleMenus.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
 
@@ -201,6 +202,7 @@ TEST_F(OddTextTest, of_a_department_reaches_its_list_captions_and_titles) {
                  "(?1, ?1, 100)",
                  {text});
     ConsoleFace face;
+    const test::ConsoleMenus menus(g);
     RefreshDepartments(g, store.ports(), face);
     ASSERT_EQ(g.departments.DepNames, OddTexts());
     for (std::size_t i = 0; i < OddTexts().size(); ++i) {
@@ -208,7 +210,7 @@ TEST_F(OddTextTest, of_a_department_reaches_its_list_captions_and_titles) {
         EXPECT_TRUE(g.department.CurrentDepName == OddTexts()[i]);
         EXPECT_TRUE(g.department.EmployeeNamePlural == OddTexts()[i]);
         EXPECT_TRUE(face.Label2 == "------ " + OddTexts()[i] + " ------");
-        EXPECT_TRUE(face.cmdScheduleCaption == "Schedule " + OddTexts()[i]);
+        EXPECT_TRUE(menus["cmdSchedule"].caption == "Schedule " + OddTexts()[i]);
         EXPECT_TRUE(EditorTitle(g.roster, g.department, g.week) == OddTexts()[i] + ",  Week from   to  ");
     }
 }

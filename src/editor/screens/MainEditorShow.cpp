@@ -37,7 +37,7 @@ void MainEditorForm::ShowCommands() {
     menus_->Show(commands_.Entries("MenuBar"));
     for (const MenuEntry& entry : commands_.Entries("ToolStrip")) {
         LabelButton& tool = *tools_.at(entry.name);
-        tool.setEnabled(entry.enabled && entry.built);
+        tool.setEnabled(entry.enabled);
         tool.setVisible(entry.visible);
         if (commands_[entry.name].checked) tool.SetColours(QBColor(0), QBColor(entry.checked ? 14 : 15));
     }

@@ -5,34 +5,6 @@
 
 namespace tvx {
 
-const MenuEntry& MenuBar::operator[](std::string_view name) const {
-    const auto found = std::find_if(entries_.begin(), entries_.end(),
-                                    [&](const MenuEntry& entry) { return entry.name == name; });
-    if (found == entries_.end()) throw std::out_of_range("no menu entry " + std::string(name));
-    return *found;
-}
-
-MenuEntry& MenuBar::operator[](std::string_view name) {
-    return const_cast<MenuEntry&>(static_cast<const MenuBar&>(*this)[name]);
-}
-
-bool MenuBar::CanChoose(std::string_view name) const {
-    const MenuEntry& entry = (*this)[name];
-    if (!entry.enabled || !entry.visible || entry.separator) return false;
-    const bool isMenu = std::any_of(entries_.begin(), entries_.end(),
-                                    [&](const MenuEntry& child) { return child.parent == entry.name; });
-    if (!entry.built && !isMenu) return false;
-    return entry.parent.empty() || CanChoose(entry.parent);
-}
-
-void MenuBar::Enable(std::initializer_list<std::string_view> names, bool enabled) {
-    for (const std::string_view name : names) (*this)[name].enabled = enabled;
-}
-
-void MenuBar::Show(std::initializer_list<std::string_view> names, bool visible) {
-    for (const std::string_view name : names) (*this)[name].visible = visible;
-}
-
 namespace {
 
 /// What an empty function stands for.
@@ -54,6 +26,10 @@ bool CommandTable::HoldsOthers(const Command& command) const {
                        [&](const Command& other) { return other.parent == command.name; });
 }
 
+bool CommandTable::LeadsSomewhere(const Command& command) const {
+    return command.run != nullptr || HoldsOthers(command);
+}
+
 bool CommandTable::IsBelow(const Command& command, std::string_view top) const {
     if (command.parent == top) return true;
     return !command.parent.empty() && IsBelow((*this)[command.parent], top);
@@ -62,7 +38,7 @@ bool CommandTable::IsBelow(const Command& command, std::string_view top) const {
 bool CommandTable::CanChoose(std::string_view name) const {
     const Command& command = (*this)[name];
     if (command.separator || !Asked(command.offered, true) || !Asked(command.shown, true)) return false;
-    if (!command.run && !HoldsOthers(command)) return false;
+    if (!LeadsSomewhere(command)) return false;
     return command.parent.empty() || CanChoose(command.parent);
 }
 
@@ -71,20 +47,25 @@ void CommandTable::Choose(std::string_view name) const {
     if (command.run && CanChoose(name)) command.run();
 }
 
+MenuEntry CommandTable::Entry(std::string_view name) const {
+    const Command& command = (*this)[name];
+    MenuEntry entry;
+    entry.name = command.name;
+    entry.parent = command.parent;
+    entry.caption = command.wording ? command.wording() : command.caption;
+    entry.separator = command.separator;
+    entry.enabled = LeadsSomewhere(command) && Asked(command.offered, true);
+    entry.visible = Asked(command.shown, true);
+    entry.checked = Asked(command.checked, false);
+    return entry;
+}
+
 std::vector<MenuEntry> CommandTable::Entries(std::string_view top) const {
     std::vector<MenuEntry> entries;
     for (const Command& command : commands_) {
         if (!IsBelow(command, top)) continue;
-        MenuEntry entry;
-        entry.name = command.name;
-        if (command.parent != top) entry.parent = command.parent;
-        entry.caption = command.wording ? command.wording() : command.caption;
-        entry.separator = command.separator;
-        entry.built = command.run != nullptr || HoldsOthers(command);
-        entry.enabled = Asked(command.offered, true);
-        entry.visible = Asked(command.shown, true);
-        entry.checked = Asked(command.checked, false);
-        entries.push_back(std::move(entry));
+        entries.push_back(Entry(command.name));
+        if (command.parent == top) entries.back().parent.clear();
     }
     return entries;
 }

@@ -1,4 +1,4 @@
-// Commands and menus before any window shows them: what a person can choose, by name, with caption and state.
+// The commands of a form as a table: name, place, caption, when each is offered, and what it runs.
 #pragma once
 
 #include <functional>
@@ -8,33 +8,15 @@
 
 namespace tvx {
 
+/// A command as it stands now, for a menu or a button to show.
 struct MenuEntry {
-    std::string name;    // "AddDep"; unique in its bar
+    std::string name;    // "AddDep"; unique in its table
     std::string parent;  // name of the menu that holds it; "" for a menu of the bar itself
     std::string caption; // "&" marks the letter that works it from the keyboard
     bool separator = false;
-    bool built = false; // leads somewhere; an entry whose screen does not exist is never enabled
-    bool enabled = true;
+    bool enabled = true; // offered, and leads somewhere
     bool visible = true;
     bool checked = false;
-};
-
-class MenuBar {
-  public:
-    explicit MenuBar(std::vector<MenuEntry> entries) : entries_(std::move(entries)) {}
-
-    const std::vector<MenuEntry>& Entries() const { return entries_; }
-    /// The entry of that name. Throws std::out_of_range when there is none.
-    MenuEntry& operator[](std::string_view name);
-    const MenuEntry& operator[](std::string_view name) const;
-    /// True when a person can choose the entry now, its menus included.
-    bool CanChoose(std::string_view name) const;
-
-    void Enable(std::initializer_list<std::string_view> names, bool enabled);
-    void Show(std::initializer_list<std::string_view> names, bool visible);
-
-  private:
-    std::vector<MenuEntry> entries_;
 };
 
 /// One thing that a person can choose, or a menu that holds such things.
@@ -65,12 +47,15 @@ class CommandTable {
     /// name.
     void Choose(std::string_view name) const;
 
+    /// A command as it stands now. Throws std::out_of_range when there is none of that name.
+    MenuEntry Entry(std::string_view name) const;
     /// What a menu shows now: everything below the command `top`, which is itself left out, so that its own
     /// entries have no parent.
     std::vector<MenuEntry> Entries(std::string_view top) const;
 
   private:
     bool HoldsOthers(const Command& command) const;
+    bool LeadsSomewhere(const Command& command) const;
     bool IsBelow(const Command& command, std::string_view top) const;
 
     std::vector<Command> commands_;

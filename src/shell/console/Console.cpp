@@ -7,6 +7,7 @@
 #include "platform/files/FileError.h"
 #include "platform/files/Folder.h"
 #include "shell/common/TVXMOD1.h"
+#include "shell/console/ConsoleCommands.h"
 #include "store/FirstDatabase.h"
 #include "store/NetworkPath.h"
 #include "store/OpenStore.h"
@@ -27,13 +28,6 @@ std::string Framed(const std::string& text) {
     return "------ " + text + " ------";
 }
 
-/// Text of a caption in which an ampersand is meant as itself.
-std::string Plain(const std::string& text) {
-    std::string plain;
-    for (const char c : text) plain += c == '&' ? "&&" : std::string(1, c);
-    return plain;
-}
-
 // ---- the start of a run ----
 
 void MeasureScreen(GlobalState& g, const ScreenInfo& screen) {
@@ -42,14 +36,10 @@ void MeasureScreen(GlobalState& g, const ScreenInfo& screen) {
     g.screen.VisibleHours = VisibleHoursFor(g.screen.ScreenWidth);
 }
 
-void ApplyWorkstationFlags(GlobalState& g, ConsoleFace& face, int flags) {
-    if ((flags & workstation::HideWages) != 0) g.rights.HideWages = true;
-    if ((flags & workstation::NoScheduling) != 0) g.rights.SchedulingAllowed = false;
-    face.menus["Network"].enabled = (flags & workstation::NoNetwork) == 0;
-    face.menus["Prior"].enabled = (flags & workstation::NoPrior) == 0;
-    face.menus["Restore"].enabled = (flags & workstation::NoRestore) == 0;
-    face.menus["Backup"].enabled = (flags & workstation::NoBackup) == 0;
-    face.menus["Compact"].enabled = (flags & workstation::NoCompact) == 0;
+void ApplyWorkstationFlags(Rights& rights, int flags) {
+    rights.WorkstationFlags = flags;
+    if ((flags & workstation::HideWages) != 0) rights.HideWages = true;
+    if ((flags & workstation::NoScheduling) != 0) rights.SchedulingAllowed = false;
 }
 
 void RefusePath(const fs::path& programFolder, Ports& ports) {
@@ -60,18 +50,18 @@ void RefusePath(const fs::path& programFolder, Ports& ports) {
 }
 
 /// Takes the database folder and the workstation's rights from the side file, if there is one.
-LoadResult SetPath(GlobalState& g, Ports& ports, ConsoleFace& face) {
-    const auto file = ReadNetworkPath(g.paths.ProgramPath);
+LoadResult SetPath(Paths& paths, Rights& rights, Ports& ports) {
+    const auto file = ReadNetworkPath(paths.ProgramPath);
     if (!file) return LoadResult::Ready;
     if (file->databasePath.empty()) {
-        RefusePath(g.paths.ProgramPath, ports);
+        RefusePath(paths.ProgramPath, ports);
         return LoadResult::EndRun;
     }
-    g.paths.DatabasePath = file->databasePath;
-    ApplyWorkstationFlags(g, face, file->flags);
-    if (FindFile(g.paths.DatabasePath, DatabaseFile)) return LoadResult::Ready;
+    paths.DatabasePath = file->databasePath;
+    ApplyWorkstationFlags(rights, file->flags);
+    if (FindFile(paths.DatabasePath, DatabaseFile)) return LoadResult::Ready;
     ports.prompt.MsgBox("Cannot find database TVX.MDB\nCurrent folder setting: " +
-                            g.paths.DatabasePath.string(),
+                            paths.DatabasePath.string(),
                         box::Exclamation, "Not a valid database path");
     return LoadResult::EndRun;
 }
@@ -121,21 +111,9 @@ void TakeDepartmentList(DepartmentList& list, const std::vector<DepartmentRow>& 
     }
 }
 
-void ShowDepartmentMenus(ConsoleFace& face, bool any) {
-    face.menus.Enable({"ChangeName", "DeleteDep", "EmplRecords", "ww"}, any);
-    face.menus.Show({"ChangeName", "DeleteDep", "EmplRecords", "ww"}, any);
-    face.cmdScheduleEnabled = any;
-    face.Frame1Visible = true;
-}
-
-void ShowCrossDepartmentMenus(ConsoleFace& face, bool shown) {
-    face.menus.Show({"FixConflics", "Niks", "Trans", "Niets", "mnu7days"}, shown);
-}
-
 void ShowDepartmentChoice(const GlobalState& g, ConsoleFace& face, int current) {
     const int count = g.departments.DepartmentCount;
-    ShowDepartmentMenus(face, count > 0);
-    ShowCrossDepartmentMenus(face, count > 1 && g.rights.PasswordOk && !g.rights.IsManager());
+    face.Frame1Visible = true;
     face.Combo1 = g.departments.DepNames;
     face.Combo1Index = count > 1 ? current : -1;
     face.Combo1Visible = count > 1;
@@ -148,8 +126,6 @@ void ShowDepartmentChoice(const GlobalState& g, ConsoleFace& face, int current) 
 void LockConsole(ConsoleFace& face) {
     face.PromptVisible = true;
     face.Frame1Visible = false;
-    face.cmdScheduleEnabled = false;
-    face.menus.Enable({"Fi", "Dep", "EmplRecords", "ww", "OptionFrame", "PW", "NeedHelp"}, false);
 }
 
 void LayOut(GlobalState& g, Ports& ports, ConsoleFace& face) {
@@ -157,16 +133,9 @@ void LayOut(GlobalState& g, Ports& ports, ConsoleFace& face) {
     if (g.paths.DatabasePath != g.paths.ProgramPath)
         face.printed.push_back("Network path: " + g.paths.DatabasePath.string());
     face.printed.push_back("Internet:");
-    face.menus["PW"].enabled = g.rights.SchedulingAllowed;
     if (g.rights.AccessLevel == "Big boss") RefreshDepartments(g, ports, face);
     if (!g.rights.PasswordOk) LockConsole(face);
     face.laidOut = true;
-}
-
-void LimitToRights(const GlobalState& g, ConsoleFace& face) {
-    if (g.rights.SchedulingAllowed) return;
-    face.menus.Enable({"Dep", "EmplRecords", "OptionFrame"}, false);
-    if (!g.rights.IsManager()) face.menus["PW"].enabled = false;
 }
 
 /// The database and the department list; the box of any trouble.
@@ -186,53 +155,6 @@ LoadResult OpenDatabase(GlobalState& g, Ports& ports, ConsoleFace& face) {
 
 } // namespace
 
-ConsoleFace::ConsoleFace() : menus(ConsoleMenus()) {
-    menus.Show({"FixConflics", "Niks", "Trans", "Niets", "mnu7days"}, false);
-}
-
-MenuBar ConsoleMenus() {
-    const bool built = true;
-    const auto line = [](const char* name, const char* parent) { return MenuEntry{name, parent, "", true}; };
-    return MenuBar({
-        {"Fi", "", "&File"},
-        {"Compact", "Fi", "&Compact database"},
-        {"Backup", "Fi", "&Backup database"},
-        {"Restore", "Fi", "&Restore database"},
-        line("n2", "Fi"),
-        {"mnuExport", "Fi", "Export file"},
-        line("as", "Fi"),
-        {"Prior", "Fi", "&Delete all schedules prior to a date"},
-        line("te", "Fi"),
-        {"Network", "Fi", "Network path"},
-        line("spa", "Fi"),
-        {"GetOut", "Fi", "E&xit", false, built},
-        {"Dep", "", "&Departments"},
-        {"AddDep", "Dep", "&Add a new Department", false, built},
-        {"ChangeName", "Dep", "&Change the current Department settings", false, built},
-        {"DeleteDep", "Dep", "&Delete the current Department", false, built},
-        {"EmplRecords", "", "&Employees"},
-        {"NewEmployee", "EmplRecords", "&Add new Employee", false, built},
-        {"ChangeEmplRec", "EmplRecords", "&Change Employee record", false, built},
-        {"DeleteEmpl", "EmplRecords", "&Delete Employee record", false, built},
-        {"BA", "EmplRecords", "&Birthdays and Anniversaries"},
-        line("Niets", "EmplRecords"),
-        {"Trans", "EmplRecords", "&Transfer Employee to other department"},
-        line("Niks", "EmplRecords"),
-        {"FixConflics", "EmplRecords", "Check &Interdepartmental Schedule Conflicts", false, built},
-        {"ww", "", "Reports"},
-        {"EmplStats", "ww", "&Employee statistics between dates"},
-        {"EmplPr", "ww", "&Print Employee information"},
-        {"mnu7days", "ww", "&Selected departments seven day schedules"},
-        line("wwy", "ww"),
-        {"ExcelSS", "ww", "&Excel spreadsheet"},
-        {"PW", "", "Pass&word"},
-        {"OptionFrame", "", "&Options"},
-        {"NeedHelp", "", "        &Help"},
-        {"ThisProgram", "NeedHelp", "&About this program", false, built},
-        {"Freq", "NeedHelp", "&Frequently Asked Questions", false, built},
-    });
-}
-
 bool SplashIsOver(int startSecond, int secondOfDay) {
     return secondOfDay >= startSecond + 2;
 }
@@ -249,7 +171,7 @@ LoadResult LoadConsole(GlobalState& g, Ports& ports, ConsoleFace& face) {
     g.application.CrLf = "\r\n";
     g.rights.SchedulingAllowed = true;
     g.paths.DatabasePath = g.paths.ProgramPath;
-    if (SetPath(g, ports, face) == LoadResult::EndRun) return LoadResult::EndRun;
+    if (SetPath(g.paths, g.rights, ports) == LoadResult::EndRun) return LoadResult::EndRun;
     MeasureScreen(g, ports.screen);
     WarnOfOldDate(ports);
     g.application.DateFormatSetting = DetectDateFormat(ports.region);
@@ -266,13 +188,11 @@ void RefreshDepartments(GlobalState& g, Ports& ports, ConsoleFace& face) {
     if (!rows.empty()) {
         current = IndexByCommand(g);
         TakeDepartment(g.department, rows[static_cast<std::size_t>(current)]);
-        SetMenuCaptions(g.department, face);
     } else {
         g.department = {};
-        face.cmdScheduleCaption.clear();
     }
     ShowDepartmentChoice(g, face, current);
-    g.departments.MultipleDepartments = face.menus["FixConflics"].visible;
+    g.departments.MultipleDepartments = OffersSeveralDepartments(g.rights, g.departments);
     ports.prompt.DoEvents();
 }
 
@@ -286,29 +206,11 @@ void ChooseDepartment(GlobalState& g, ConsoleFace& face, int index) {
     TakeDepartment(g.department, *chosen);
     face.Combo1Index = index;
     face.Label2 = Framed(g.department.CurrentDepName);
-    SetMenuCaptions(g.department, face);
-}
-
-void SetMenuCaptions(const Department& d, ConsoleFace& face) {
-    const std::string name = Plain(d.CurrentDepName);
-    const std::string one = Plain(d.EmployeeNameSingle);
-    const std::string many = Plain(d.EmployeeNamePlural);
-    face.menus["ChangeName"].caption = "&Change " + name + " settings";
-    face.menus["DeleteDep"].caption = "&Delete " + name;
-    face.menus["NewEmployee"].caption = "&Add new " + one + " to " + name;
-    face.menus["ChangeEmplRec"].caption = "&Change " + name + " " + one + " record";
-    face.menus["DeleteEmpl"].caption = "&Delete " + one + " from " + name;
-    face.menus["Trans"].caption = "&Transfer " + name + " " + one;
-    face.menus["EmplPr"].caption = "&Print " + many + " information for selected Departments";
-    face.menus["EmplStats"].caption = "&Print " + many + " statistics between two dates";
-    face.menus["EmplRecords"].caption = many;
-    face.cmdScheduleCaption = "Schedule " + name;
 }
 
 void ActivateConsole(GlobalState& g, Ports& ports, ConsoleFace& face) {
     g.roster.AllDepartmentsMode = false;
     if (!face.laidOut) LayOut(g, ports, face);
-    LimitToRights(g, face);
 }
 
 bool ExampleNoteIsDue(const GlobalState& g) {

@@ -1,8 +1,7 @@
-// The main console: how a run starts, the department list, the menus and their captions, and the road to the
-// Main Editor. What the console shows is a plain structure here; the form renders it.
+// The main console: how a run starts, the department list, and the road to the Main Editor. What the console
+// shows beside its commands is a plain structure here; the form renders it.
 #pragma once
 
-#include "platform/ports/MenuBar.h"
 #include "platform/ports/Ports.h"
 #include "shell/state/TVXGLOB.h"
 
@@ -16,7 +15,6 @@ constexpr int ProgramRevision = 0;
 
 /// What the console shows.
 struct ConsoleFace {
-    MenuBar menus;
     std::string title = "Tarvex";
     std::string Label2; // "------ Bakery ------"
     bool Label2Visible = true;
@@ -24,17 +22,10 @@ struct ConsoleFace {
     int Combo1Index = -1;            // the one shown, from 0
     bool Combo1Visible = false;
     bool Frame1Visible = true;
-    bool cmdScheduleEnabled = false;
-    std::string cmdScheduleCaption;
     bool PromptVisible = false;       // Text3 and Label1, the password prompt
     bool laidOut = false;             // the first activation of the run is over
     std::vector<std::string> printed; // lines on the form's own surface
-
-    ConsoleFace();
 };
-
-/// The menus of the console with the captions of design.
-MenuBar ConsoleMenus();
 
 enum class LoadResult { Ready, EndRun };
 
@@ -56,9 +47,6 @@ void RefreshDepartments(GlobalState& g, Ports& ports, ConsoleFace& face);
 
 /// Makes a department of the list the current one, by its place in Combo1.
 void ChooseDepartment(GlobalState& g, ConsoleFace& face, int index);
-
-/// The captions that carry the department and its words.
-void SetMenuCaptions(const Department& department, ConsoleFace& face);
 
 /// Each time the console comes to the front.
 void ActivateConsole(GlobalState& g, Ports& ports, ConsoleFace& face);

@@ -33,20 +33,14 @@ bool LogInManager(GlobalState& g, const std::vector<DepartmentRow>& rows, const 
     return false;
 }
 
-void OpenForManager(const GlobalState& g, ConsoleFace& face) {
-    face.menus.Enable({"Dep", "Fi", "OptionFrame"}, false);
-    face.menus.Enable({"EmplRecords"}, g.rights.SchedulingAllowed);
-    face.menus.Enable({"PW"}, g.rights.PasswordsAllowed);
-    face.menus.Enable({"NeedHelp"}, true);
-    face.title = "------ " + g.department.CurrentDepName + " ------";
+void OpenForManager(const Department& department, ConsoleFace& face) {
+    face.title = "------ " + department.CurrentDepName + " ------";
     face.Frame1Visible = true;
-    face.Label2 = g.department.CurrentDepName;
+    face.Label2 = department.CurrentDepName;
     face.Label2Visible = true;
-    SetMenuCaptions(g.department, face);
 }
 
 void OpenForGeneralManager(GlobalState& g, Ports& ports, ConsoleFace& face) {
-    face.menus.Enable({"Dep", "Fi", "EmplRecords", "OptionFrame", "PW", "NeedHelp"}, true);
     g.rights.SchedulingAllowed = true;
     RefreshDepartments(g, ports, face);
 }
@@ -82,10 +76,8 @@ LoginResult LogInAtConsole(GlobalState& g, Ports& ports, ConsoleFace& face, std:
     }
     if (result != LoginResult::Granted) return result;
     face.PromptVisible = false;
-    face.menus.Enable({"ww"}, true);
-    face.cmdScheduleEnabled = true;
     if (g.rights.IsManager())
-        OpenForManager(g, face);
+        OpenForManager(g.department, face);
     else
         OpenForGeneralManager(g, ports, face);
     return result;

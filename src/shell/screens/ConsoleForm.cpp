@@ -18,9 +18,6 @@
 #include <QApplication>
 #include <QPainter>
 
-#include <functional>
-#include <map>
-
 namespace tvx::qt {
 namespace {
 
@@ -32,9 +29,12 @@ constexpr Twips PrintedTop = 3000;
 
 } // namespace
 
-ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports) : Form(ports, "Form2", nullptr), g_(g) {
-    menus_ = std::make_unique<MenuRenderer>(Menus(), model_.menus.Entries(),
-                                            Guarded([this](const std::string& entry) { Choose(entry); }));
+ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports)
+    : Form(ports, "Form2", nullptr), g_(g),
+      commands_(ConsoleCommands(g.rights, g.departments, g.department, *this)) {
+    menus_ = std::make_unique<MenuRenderer>(
+        Menus(), commands_.Entries("MenuBar"),
+        Guarded([this](const std::string& command) { commands_.Choose(command); }));
     RegisterScreens(screens_, g_, ports_);
     PlaceControls();
     Connect();
@@ -65,7 +65,7 @@ void ConsoleForm::PlaceControls() {
     cmdSchedule = &Add<QPushButton>("cmdSchedule", ""); // its caption names it
     Place(*cmdSchedule, 4400, ButtonTop, 2490, 390);
     cmdExit = &Add<QPushButton>("cmdExit", "Exit");
-    cmdExit->setText(QStringLiteral("E&xit"));
+    cmdExit->setText(ToQString(commands_["cmdExit"].caption));
     Place(*cmdExit, 7010, ButtonTop, 1000, 390);
     QFont small = font();
     small.setPointSizeF(8.25); // the caption carries a department's name
@@ -75,8 +75,8 @@ void ConsoleForm::PlaceControls() {
 }
 
 void ConsoleForm::Connect() {
-    On(*cmdSchedule, &QPushButton::clicked, [this] { Schedule(); });
-    On(*cmdExit, &QPushButton::clicked, [this] { EndRun(); });
+    On(*cmdSchedule, &QPushButton::clicked, [this] { commands_.Choose("cmdSchedule"); });
+    On(*cmdExit, &QPushButton::clicked, [this] { commands_.Choose("cmdExit"); });
     On(*Combo1, &QComboBox::activated, [this](int index) { ChooseFromCombo(index); });
     Text3->rule = PromptKey;
     Text3->onRefused = [this](int) { ports_.prompt.Beep(); };
@@ -84,7 +84,7 @@ void ConsoleForm::Connect() {
 }
 
 void ConsoleForm::ShowFace() {
-    menus_->Show(model_.menus.Entries());
+    ShowCommands();
     setWindowTitle(ToQString(model_.title));
     Label2->SetText(model_.Label2);
     Label2->setVisible(model_.Label2Visible);
@@ -95,10 +95,14 @@ void ConsoleForm::ShowFace() {
     Frame1->setVisible(model_.Frame1Visible);
     Label1->setVisible(model_.PromptVisible);
     Text3->setVisible(model_.PromptVisible);
-    ShowScheduleCaption(
-        ToQString(model_.cmdScheduleCaption.empty() ? "Schedule" : model_.cmdScheduleCaption));
-    cmdSchedule->setEnabled(model_.cmdScheduleEnabled);
     update();
+}
+
+void ConsoleForm::ShowCommands() {
+    menus_->Show(commands_.Entries("MenuBar"));
+    const MenuEntry schedule = commands_.Entry("cmdSchedule");
+    ShowScheduleCaption(ToQString(schedule.caption));
+    cmdSchedule->setEnabled(schedule.enabled);
 }
 
 /// A department's name may be longer than the button: its end gives way, and the hint tells the whole.
@@ -138,24 +142,17 @@ void ConsoleForm::EndRun() {
     QApplication::quit();
 }
 
-void ConsoleForm::Choose(const std::string& entry) {
-    const std::map<std::string, std::function<void()>> commands{
-        {"GetOut", [this] { EndRun(); }},
-        {"ThisProgram", [this] { AboutForm(g_, ports_, this).ShowModal(); }},
-        {"Freq", [this] { ports_.help.ShowTopic(help::Questions); }},
-        {"FixConflics",
-         [this] {
-             g_.roster.AllDepartmentsMode = true;
-             Schedule();
-         }},
-        {"AddDep", [this] { EditDepartment(FormCommand::Add); }},
-        {"ChangeName", [this] { EditDepartment(FormCommand::Change); }},
-        {"DeleteDep", [this] { DeleteDepartment(); }},
-        {"NewEmployee", [this] { AddEmployee(); }},
-        {"ChangeEmplRec", [this] { ChangeEmployee(); }},
-        {"DeleteEmpl", [this] { DeleteEmployee(); }},
-    };
-    if (const auto command = commands.find(entry); command != commands.end()) command->second();
+void ConsoleForm::ShowAbout() {
+    AboutForm(g_, ports_, this).ShowModal();
+}
+
+void ConsoleForm::ShowQuestions() {
+    ports_.help.ShowTopic(help::Questions);
+}
+
+void ConsoleForm::ShowConflicts() {
+    g_.roster.AllDepartmentsMode = true;
+    Schedule();
 }
 
 void ConsoleForm::EditDepartment(FormCommand command) {

@@ -5,6 +5,7 @@
 #include "desktop/MenuRenderer.h"
 #include "desktop/Screens.h"
 #include "shell/console/Console.h"
+#include "shell/console/ConsoleCommands.h"
 
 #include <QComboBox>
 
@@ -12,7 +13,7 @@
 
 namespace tvx::qt {
 
-class ConsoleForm : public Form {
+class ConsoleForm : public Form, private ConsoleActions {
     Q_OBJECT
   public:
     ConsoleForm(GlobalState& g, Ports& ports);
@@ -31,21 +32,26 @@ class ConsoleForm : public Form {
     void Connect();
     void ShowFace();
     void ShowScheduleCaption(const QString& caption);
-    void Choose(const std::string& entry);
+    void ShowCommands();
     void ChooseFromCombo(int index);
-    void Schedule();
-    void EditDepartment(FormCommand command);
-    void DeleteDepartment();
     void ShowDepartments();
-    void AddEmployee();
-    void ChangeEmployee();
-    void DeleteEmployee();
     void LogIn();
-    void EndRun();
+
+    void EndRun() override;
+    void Schedule() override;
+    void ShowConflicts() override;
+    void EditDepartment(FormCommand command) override;
+    void DeleteDepartment() override;
+    void AddEmployee() override;
+    void ChangeEmployee() override;
+    void DeleteEmployee() override;
+    void ShowAbout() override;
+    void ShowQuestions() override;
 
     GlobalState& g_;
     Screens screens_;
     ConsoleFace model_;
+    CommandTable commands_;
     std::unique_ptr<MenuRenderer> menus_;
     QWidget* Frame1 = nullptr;   // holds the choice of the department
     QComboBox* Combo1 = nullptr; // department names

@@ -7,54 +7,6 @@
 namespace tvx {
 namespace {
 
-MenuBar SmallBar() {
-    const bool built = true;
-    return MenuBar({{"Fi", "", "&File"},
-                    {"Save", "Fi", "&Save", false, built},
-                    {"line", "Fi", "", true},
-                    {"Print", "Fi", "&Print"},
-                    {"More", "Fi", "&More"},
-                    {"Deep", "More", "&Deep", false, built}});
-}
-
-TEST(MenuBar, offers_an_entry_that_leads_somewhere) {
-    const MenuBar bar = SmallBar();
-    EXPECT_TRUE(bar.CanChoose("Save"));
-    EXPECT_TRUE(bar.CanChoose("Deep"));
-    EXPECT_TRUE(bar.CanChoose("Fi"));
-    EXPECT_TRUE(bar.CanChoose("More"));
-}
-
-TEST(MenuBar, never_offers_an_entry_that_leads_nowhere_or_a_line) {
-    MenuBar bar = SmallBar();
-    bar.Enable({"Print", "line"}, true);
-    EXPECT_FALSE(bar.CanChoose("Print"));
-    EXPECT_FALSE(bar.CanChoose("line"));
-}
-
-TEST(MenuBar, closes_what_lies_under_a_menu_that_is_disabled_or_hidden) {
-    MenuBar bar = SmallBar();
-    bar.Enable({"More"}, false);
-    EXPECT_FALSE(bar.CanChoose("Deep"));
-    EXPECT_TRUE(bar.CanChoose("Save"));
-    bar.Enable({"More"}, true);
-    bar.Show({"Fi"}, false);
-    EXPECT_FALSE(bar.CanChoose("Deep"));
-    EXPECT_FALSE(bar.CanChoose("Save"));
-    bar.Show({"Fi"}, true);
-    EXPECT_TRUE(bar.CanChoose("Deep"));
-    bar.Show({"Deep"}, false);
-    EXPECT_FALSE(bar.CanChoose("Deep"));
-}
-
-TEST(MenuBar, knows_only_its_own_entries) {
-    MenuBar bar = SmallBar();
-    EXPECT_THROW(bar["Quit"], std::out_of_range);
-    EXPECT_THROW(bar.Enable({"Quit"}, true), std::out_of_range);
-    EXPECT_EQ(bar["Save"].caption, "&Save");
-    EXPECT_EQ(bar.Entries().size(), 6U);
-}
-
 class CommandTableTest : public testing::Test {
   protected:
     std::vector<std::string> ran;
@@ -109,22 +61,33 @@ TEST_F(CommandTableTest, lists_what_is_below_a_command_with_the_states_of_now) {
         for (const MenuEntry& entry : table.Entries(top))
             list.push_back(entry.parent + ">" + entry.name + ":" + entry.caption +
                            (entry.enabled ? "" : " off") + (entry.visible ? "" : " hidden") +
-                           (entry.checked ? " marked" : "") + (entry.built ? "" : " dead") +
-                           (entry.separator ? " line" : ""));
+                           (entry.checked ? " marked" : "") + (entry.separator ? " line" : ""));
         return list;
     };
     EXPECT_EQ(states("Bar"),
-              (std::vector<std::string>{">Fi:&File", "Fi>Save:&Save", "Fi>line: dead line",
-                                        "Fi>More:", "More>Deep: marked", "Fi>Print:&Print dead"}));
+              (std::vector<std::string>{">Fi:&File", "Fi>Save:&Save", "Fi>line: off line",
+                                        "Fi>More:", "More>Deep: marked", "Fi>Print:&Print off"}));
     open = seen = false;
     word = "&Draw";
-    EXPECT_EQ(states("Fi"), (std::vector<std::string>{">Save:&Save off", ">line: dead line", ">More: hidden",
-                                                      "More>Deep:", ">Print:&Draw dead"}));
+    EXPECT_EQ(states("Fi"), (std::vector<std::string>{">Save:&Save off", ">line: off line", ">More: hidden",
+                                                      "More>Deep:", ">Print:&Draw off"}));
     EXPECT_EQ(states("Strip"), std::vector<std::string>{">Tool:Save"});
+}
+
+TEST(CommandTable, closes_what_lies_under_a_menu_that_is_not_offered) {
+    bool offered = true;
+    const CommandTable table({{.name = "Fi", .offered = [&] { return offered; }},
+                              {.name = "More", .parent = "Fi"},
+                              {.name = "Save", .parent = "More", .run = [] {}}});
+    EXPECT_TRUE(table.CanChoose("Save"));
+    offered = false;
+    EXPECT_FALSE(table.CanChoose("Save"));
+    EXPECT_TRUE(table.Entry("Save").enabled); // by itself
 }
 
 TEST_F(CommandTableTest, knows_only_its_own_commands) {
     EXPECT_THROW(table.Choose("Quit"), std::out_of_range);
+    EXPECT_THROW(table.Entry("Quit"), std::out_of_range);
     EXPECT_EQ(table["Tool"].hint, "Saves");
 }
 

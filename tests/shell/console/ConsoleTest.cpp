@@ -6,6 +6,7 @@
 #include "store/rows/PasswordText.h"
 #include "store/rows/Schema.h"
 #include "support/ChildProcess.h"
+#include "support/ConsoleMenus.h"
 #include "support/Random.h"
 #include "support/RawFile.h"
 #include "support/TestStore.h"
@@ -26,6 +27,7 @@ class ConsoleTest : public testing::Test {
     test::TestStore made;
     GlobalState g;
     ConsoleFace face;
+    const test::ConsoleMenus menus{g};
 
     test::ScriptedPrompt& prompt() { return made.prompt(); }
     fs::path File() const { return made.folder / "TVX.MDB"; }
@@ -155,7 +157,7 @@ class WorkstationTest : public ConsoleTest {
     std::string Disabled() const {
         std::string names;
         for (const char* name : {"Compact", "Backup", "Restore", "Prior", "Network"})
-            if (!face.menus[name].enabled) names += (names.empty() ? "" : " ") + std::string(name);
+            if (!menus.Offers(name)) names += (names.empty() ? "" : " ") + std::string(name);
         return names;
     }
 };
@@ -179,9 +181,9 @@ TEST_F(WorkstationTest, flags_of_0_and_no_file_take_nothing_away) {
 }
 
 TEST_F(WorkstationTest, each_flag_takes_its_own_right) {
-    const std::pair<int, const char*> menus[] = {{1, "Compact"}, {2, "Backup"},   {4, "Restore"},
-                                                 {8, "Prior"},   {16, "Network"}, {5, "Compact Restore"}};
-    for (const auto& [flags, names] : menus) {
+    const std::pair<int, const char*> closed[] = {{1, "Compact"}, {2, "Backup"},   {4, "Restore"},
+                                                  {8, "Prior"},   {16, "Network"}, {5, "Compact Restore"}};
+    for (const auto& [flags, names] : closed) {
         WriteFlags(flags);
         StartReady();
         EXPECT_EQ(Disabled(), names) << flags;
@@ -342,9 +344,9 @@ TEST_F(ConsoleTest, a_general_managers_password_locks_the_console) {
     ActivateConsole(g, made.ports(), face);
     EXPECT_TRUE(face.PromptVisible);
     EXPECT_FALSE(face.Frame1Visible);
-    EXPECT_FALSE(face.cmdScheduleEnabled);
+    EXPECT_FALSE(menus.Offers("cmdSchedule"));
     for (const char* menu : {"Fi", "Dep", "EmplRecords", "ww", "OptionFrame", "PW", "NeedHelp"})
-        EXPECT_FALSE(face.menus[menu].enabled) << menu;
+        EXPECT_FALSE(menus.Offers(menu)) << menu;
     EXPECT_EQ(g.departments.DepartmentCount, 0);
 }
 
@@ -379,13 +381,11 @@ class DepartmentListTest : public ConsoleTest {
         RefreshDepartments(g, made.ports(), face);
         return g.department.CurrentDepName;
     }
-    bool AllVisible(std::initializer_list<const char*> menus) const {
-        return std::all_of(menus.begin(), menus.end(),
-                           [&](const char* name) { return face.menus[name].visible; });
+    bool AllVisible(std::initializer_list<const char*> names) const {
+        return std::all_of(names.begin(), names.end(), [&](const char* name) { return menus[name].visible; });
     }
-    bool AnyVisible(std::initializer_list<const char*> menus) const {
-        return std::any_of(menus.begin(), menus.end(),
-                           [&](const char* name) { return face.menus[name].visible; });
+    bool AnyVisible(std::initializer_list<const char*> names) const {
+        return std::any_of(names.begin(), names.end(), [&](const char* name) { return menus[name].visible; });
     }
 };
 
@@ -494,10 +494,10 @@ TEST_F(DepartmentListTest, of_one_shows_its_name_and_no_list) {
     EXPECT_EQ(face.Label2, "------ Bakery ------");
     EXPECT_FALSE(face.Combo1Visible);
     EXPECT_TRUE(face.Frame1Visible);
-    EXPECT_TRUE(face.cmdScheduleEnabled);
+    EXPECT_TRUE(menus.Offers("cmdSchedule"));
     EXPECT_FALSE(AnyVisible({"FixConflics", "Niks", "Trans", "Niets"}));
     for (const char* menu : {"ChangeName", "DeleteDep", "EmplRecords", "ww"})
-        EXPECT_TRUE(face.menus[menu].enabled && face.menus[menu].visible) << menu;
+        EXPECT_TRUE(menus.Offers(menu) && menus[menu].visible) << menu;
     EXPECT_FALSE(g.departments.MultipleDepartments);
 }
 
@@ -507,10 +507,10 @@ TEST_F(DepartmentListTest, of_many_shows_the_list_and_what_needs_several) {
     EXPECT_TRUE(face.Combo1Visible);
     EXPECT_EQ(face.Combo1Index, 0);
     EXPECT_FALSE(face.Label2Visible);
-    EXPECT_TRUE(face.cmdScheduleEnabled);
+    EXPECT_TRUE(menus.Offers("cmdSchedule"));
     EXPECT_TRUE(AllVisible({"FixConflics", "Niks", "Trans", "Niets", "mnu7days"}));
     EXPECT_TRUE(g.departments.MultipleDepartments);
-    EXPECT_TRUE(face.menus.CanChoose("FixConflics"));
+    EXPECT_TRUE(menus.Table().CanChoose("FixConflics"));
 }
 
 TEST_F(DepartmentListTest, that_shrinks_to_one_takes_away_what_needs_several) {
@@ -534,10 +534,10 @@ TEST_F(DepartmentListTest, that_is_empty_says_so_and_disables_scheduling) {
     EXPECT_EQ(face.Label2, "------ No departments installed! ------");
     EXPECT_FALSE(face.Combo1Visible);
     EXPECT_TRUE(face.Frame1Visible);
-    EXPECT_FALSE(face.cmdScheduleEnabled);
+    EXPECT_FALSE(menus.Offers("cmdSchedule"));
     for (const char* menu : {"ChangeName", "DeleteDep", "EmplRecords", "ww"})
-        EXPECT_FALSE(face.menus[menu].enabled || face.menus[menu].visible) << menu;
-    EXPECT_TRUE(face.menus["AddDep"].enabled && face.menus["AddDep"].visible);
+        EXPECT_FALSE(menus.Offers(menu) || menus[menu].visible) << menu;
+    EXPECT_TRUE(menus.Offers("AddDep") && menus["AddDep"].visible);
     EXPECT_FALSE(AnyVisible({"FixConflics", "Niks", "Trans", "Niets", "mnu7days"}));
 }
 
@@ -556,7 +556,7 @@ TEST_F(DepartmentListTest, gives_another_department_on_a_choice) {
     EXPECT_EQ(g.department.CurrentDepNumber, dairy);
     EXPECT_EQ(face.Combo1Index, 1);
     EXPECT_EQ(face.Label2, "------ dairy ------");
-    EXPECT_EQ(face.cmdScheduleCaption, "Schedule dairy");
+    EXPECT_EQ(menus["cmdSchedule"].caption, "Schedule dairy");
     EXPECT_EQ(g.department.FirstWeekday, 1);
     ChooseDepartment(g, face, 0);
     EXPECT_EQ(g.department.FirstWeekday, 3);
@@ -610,16 +610,18 @@ TEST(ConsoleMenus, stand_with_the_captions_of_their_design) {
         {"ThisProgram", "&About this program"},
         {"Freq", "&Frequently Asked Questions"},
     };
-    const MenuBar menus = ConsoleMenus();
+    const GlobalState g;
+    const test::ConsoleMenus menus(g);
     for (const auto& [name, caption] : captions) EXPECT_EQ(menus[name].caption, caption) << name;
     for (const char* line : {"n2", "as", "te", "spa", "wwy", "Niets", "Niks"})
         EXPECT_TRUE(menus[line].separator) << line;
 }
 
 TEST(ConsoleMenus, hide_at_first_what_needs_several_departments) {
-    const ConsoleFace face;
+    const GlobalState g;
+    const test::ConsoleMenus menus(g);
     for (const char* name : {"FixConflics", "Niks", "Trans", "Niets", "mnu7days"})
-        EXPECT_FALSE(face.menus[name].visible) << name;
+        EXPECT_FALSE(menus[name].visible) << name;
 }
 
 TEST_F(ConsoleTest, no_menu_entry_can_be_chosen_that_leads_nowhere) {
@@ -627,12 +629,14 @@ TEST_F(ConsoleTest, no_menu_entry_can_be_chosen_that_leads_nowhere) {
     made.AddDepartment("Dairy");
     StartReady();
     ActivateConsole(g, made.ports(), face);
-    for (const MenuEntry& entry : face.menus.Entries()) {
-        const bool isMenu = std::any_of(face.menus.Entries().begin(), face.menus.Entries().end(),
+    const std::vector<MenuEntry> entries = menus.Table().Entries("MenuBar");
+    for (const MenuEntry& entry : entries) {
+        const bool isMenu = std::any_of(entries.begin(), entries.end(),
                                         [&](const MenuEntry& child) { return child.parent == entry.name; });
-        EXPECT_TRUE(entry.built || isMenu || !face.menus.CanChoose(entry.name)) << entry.name;
+        const bool leadsOn = isMenu || menus.Table()[entry.name].run != nullptr;
+        EXPECT_TRUE(leadsOn || !(entry.enabled || menus.Table().CanChoose(entry.name))) << entry.name;
     }
-    EXPECT_TRUE(face.menus.CanChoose("GetOut"));
+    EXPECT_TRUE(menus.Table().CanChoose("GetOut"));
 }
 
 TEST_F(ConsoleTest, captions_carry_the_department_and_its_words) {
@@ -651,17 +655,17 @@ TEST_F(ConsoleTest, captions_carry_the_department_and_its_words) {
         {"EmplStats", "&Print Nurses statistics between two dates"},
         {"EmplRecords", "Nurses"},
     };
-    for (const auto& [name, caption] : captions) EXPECT_EQ(face.menus[name].caption, caption) << name;
-    EXPECT_EQ(face.cmdScheduleCaption, "Schedule Ward 7");
+    for (const auto& [name, caption] : captions) EXPECT_EQ(menus[name].caption, caption) << name;
+    EXPECT_EQ(menus["cmdSchedule"].caption, "Schedule Ward 7");
 }
 
-TEST(SetMenuCaptions, shows_an_ampersand_of_a_name_as_itself) {
-    ConsoleFace face;
-    Department department;
-    department.CurrentDepName = "Food & Drink";
-    SetMenuCaptions(department, face);
-    EXPECT_EQ(face.menus["DeleteDep"].caption, "&Delete Food && Drink");
-    EXPECT_EQ(face.cmdScheduleCaption, "Schedule Food && Drink");
+TEST(ConsoleMenus, show_an_ampersand_of_a_name_as_itself) {
+    GlobalState g;
+    g.department.CurrentDepNumber = 1;
+    g.department.CurrentDepName = "Food & Drink";
+    const test::ConsoleMenus menus(g);
+    EXPECT_EQ(menus["DeleteDep"].caption, "&Delete Food && Drink");
+    EXPECT_EQ(menus["cmdSchedule"].caption, "Schedule Food && Drink");
 }
 
 // --- activation -------------------------------------------------------------------------------------------
@@ -672,7 +676,7 @@ TEST_F(ConsoleTest, the_first_activation_prints_the_version_and_where_help_is) {
     ActivateConsole(g, made.ports(), face);
     EXPECT_TRUE(face.laidOut);
     EXPECT_EQ(face.printed, (std::vector<std::string>{"Version 1.0", "Internet:"}));
-    EXPECT_TRUE(face.menus["PW"].enabled);
+    EXPECT_TRUE(menus.Offers("PW"));
     EXPECT_FALSE(face.PromptVisible);
 }
 
@@ -690,12 +694,11 @@ TEST_F(ConsoleTest, a_workstation_that_may_not_schedule_loses_four_menus_at_each
     test::WriteFile(made.folder / "NetworkPath.DAT", "\"" + made.folder.Path().string() + "\"\r\n32\r\n");
     StartReady();
     for (int i = 0; i < 2; ++i) {
-        face.menus.Enable({"Dep", "EmplRecords", "OptionFrame"}, true);
         ActivateConsole(g, made.ports(), face);
         for (const char* menu : {"Dep", "EmplRecords", "OptionFrame", "PW"})
-            EXPECT_FALSE(face.menus[menu].enabled) << menu;
-        EXPECT_TRUE(face.menus["Fi"].enabled);
-        EXPECT_TRUE(face.cmdScheduleEnabled);
+            EXPECT_FALSE(menus.Offers(menu)) << menu;
+        EXPECT_TRUE(menus.Offers("Fi"));
+        EXPECT_TRUE(menus.Offers("cmdSchedule"));
     }
 }
 
@@ -746,7 +749,7 @@ TEST_F(ConsoleTest, scheduling_an_empty_department_leaves_the_console_as_it_was)
     prompt().Expect("To begin scheduling, you must\nenter at least one Employee!", box::Ok,
                     "No Employees entered");
     EXPECT_FALSE(PrepareSchedule(g, made.ports()));
-    EXPECT_TRUE(face.cmdScheduleEnabled);
+    EXPECT_TRUE(menus.Offers("cmdSchedule"));
     EXPECT_EQ(g.department.CurrentDepName, "Bakery");
 }
 

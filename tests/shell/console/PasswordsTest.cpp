@@ -2,6 +2,7 @@
 
 #include "shell/common/TVXMOD1.h"
 #include "store/rows/PasswordText.h"
+#include "support/ConsoleMenus.h"
 #include "support/Random.h"
 #include "support/RawFile.h"
 #include "support/TestStore.h"
@@ -29,6 +30,7 @@ class LoginTest : public testing::Test {
     test::TestStore store;
     GlobalState& g = store.g;
     ConsoleFace face;
+    const test::ConsoleMenus menus{g};
     int bakery = 0;
     int dairy = 0;
 
@@ -70,10 +72,10 @@ class LoginTest : public testing::Test {
         EXPECT_EQ(Type(text), LoginResult::Denied) << text;
         EXPECT_EQ(store.prompt().Beeps(), beeps + 1);
         EXPECT_TRUE(face.PromptVisible);
-        EXPECT_FALSE(face.cmdScheduleEnabled);
+        EXPECT_FALSE(menus.Offers("cmdSchedule"));
         EXPECT_FALSE(g.rights.PasswordOk);
     }
-    bool CanUse(const char* menu) const { return face.menus[menu].enabled; }
+    bool CanUse(const char* menu) const { return menus.Offers(menu); }
 };
 
 TEST_F(LoginTest, of_the_general_manager_opens_everything) {
@@ -83,11 +85,11 @@ TEST_F(LoginTest, of_the_general_manager_opens_everything) {
     EXPECT_TRUE(g.rights.SchedulingAllowed);
     EXPECT_FALSE(face.PromptVisible);
     EXPECT_TRUE(face.Frame1Visible);
-    EXPECT_TRUE(face.cmdScheduleEnabled);
+    EXPECT_TRUE(menus.Offers("cmdSchedule"));
     for (const char* menu : {"Fi", "Dep", "EmplRecords", "ww", "OptionFrame", "PW", "NeedHelp"})
         EXPECT_TRUE(CanUse(menu)) << menu;
     for (const char* menu : {"FixConflics", "Niks", "Trans", "Niets", "mnu7days"})
-        EXPECT_TRUE(face.menus[menu].visible) << menu;
+        EXPECT_TRUE(menus[menu].visible) << menu;
     EXPECT_EQ(g.departments.DepartmentCount, 2);
     EXPECT_TRUE(face.Combo1Visible);
     EXPECT_EQ(g.department.CurrentDepName, "Bakery");
@@ -146,10 +148,10 @@ TEST_F(LoginTest, of_a_manager_binds_to_the_department) {
     EXPECT_TRUE(face.Frame1Visible);
     EXPECT_FALSE(face.PromptVisible);
     EXPECT_FALSE(face.Combo1Visible);
-    EXPECT_TRUE(face.cmdScheduleEnabled);
+    EXPECT_TRUE(menus.Offers("cmdSchedule"));
     EXPECT_EQ(g.departments.DepartmentCount, 0); // the list is not for managers
     for (const char* menu : {"FixConflics", "Niks", "Trans", "Niets", "mnu7days"})
-        EXPECT_FALSE(face.menus[menu].visible) << menu;
+        EXPECT_FALSE(menus[menu].visible) << menu;
     for (const char* menu : {"Dep", "Fi", "OptionFrame"}) EXPECT_FALSE(CanUse(menu)) << menu;
     for (const char* menu : {"ww", "NeedHelp", "EmplRecords", "PW"}) EXPECT_TRUE(CanUse(menu)) << menu;
     ActivateConsole(g, store.ports(), face);
