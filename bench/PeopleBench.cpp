@@ -204,7 +204,8 @@ void Step(const std::shared_ptr<People>& people) {
 void Save(const std::shared_ptr<People>& people) {
     constexpr int Key = 17;
     const auto load = [people] {
-        return LoadEmployeeRecord(people->store.g, people->store.script.region, Key);
+        return LoadEmployeeRecord(people->store.g.store, people->store.g.application,
+                                  people->store.script.region, Key);
     };
     const auto turn = std::make_shared<int>(0);
     Pair(
@@ -213,7 +214,8 @@ void Save(const std::shared_ptr<People>& people) {
             EmployeeRecord record = load();
             record.comments = "Round " + std::to_string(++*turn);
             return Seconds([&] {
-                if (SaveEmployeeRecord(people->store.g, people->store.ports(), record) != SaveResult::Saved)
+                if (SaveEmployeeRecord(people->store.g.store, people->store.g.department,
+                                       people->store.ports(), record) != SaveResult::Saved)
                     Complain("not saved");
             });
         },

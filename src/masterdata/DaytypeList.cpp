@@ -24,16 +24,16 @@ int IndexOfSymbol(const Daytypes& daytypes, const std::string& symbol, int excep
 }
 
 /// Checks both texts. `gap` stands behind "for" in the box on a symbol in use.
-SaveResult Check(const GlobalState& g, Prompt& prompt, const std::string& symbol,
+SaveResult Check(const Daytypes& daytypes, Prompt& prompt, const std::string& symbol,
                  const std::string& explanation, int except, const std::string& gap) {
     if (IsBlank(symbol) || IsBlank(explanation)) {
         prompt.Beep();
         return SaveResult::Incomplete;
     }
-    const int taken = IndexOfSymbol(g.daytypes, symbol, except);
+    const int taken = IndexOfSymbol(daytypes, symbol, except);
     if (taken == 0) return SaveResult::Saved;
     prompt.Beep();
-    prompt.MsgBox("DayType " + Trim(symbol) + "\r\n is in use for" + gap + g.daytypes.DayTypeNames[taken],
+    prompt.MsgBox("DayType " + Trim(symbol) + "\r\n is in use for" + gap + daytypes.DayTypeNames[taken],
                   box::Ok, "DayType duplicate");
     return SaveResult::InUse;
 }
@@ -48,12 +48,12 @@ void Quietly(Step step) {
     }
 }
 
-void ReadAgain(GlobalState& g) {
-    Quietly([&] { LoadDayTypes(g.store, g.department.CurrentDepNumber, g.daytypes); });
+void ReadAgain(const Store& store, const Department& department, Daytypes& daytypes) {
+    Quietly([&] { LoadDayTypes(store, department.CurrentDepNumber, daytypes); });
 }
 
-DayTypeRow RowOf(const GlobalState& g, const std::string& symbol, const std::string& explanation) {
-    return {g.department.CurrentDepNumber, Trim(symbol), explanation};
+DayTypeRow RowOf(const Department& department, const std::string& symbol, const std::string& explanation) {
+    return {department.CurrentDepNumber, Trim(symbol), explanation};
 }
 
 } // namespace
@@ -82,40 +82,39 @@ std::vector<std::pair<std::string, int>> DaytypeRows(const Daytypes& daytypes) {
     return rows;
 }
 
-SaveResult AddDaytype(GlobalState& g, Prompt& prompt, const std::string& symbol,
-                      const std::string& explanation) {
-    if (g.daytypes.DayTypeCount >= MostDayTypes) {
+SaveResult AddDaytype(const Store& store, const Department& department, Daytypes& daytypes, Prompt& prompt,
+                      const std::string& symbol, const std::string& explanation) {
+    if (daytypes.DayTypeCount >= MostDayTypes) {
         prompt.Beep();
         return SaveResult::Incomplete;
     }
-    const SaveResult result = Check(g, prompt, symbol, explanation, 0, " ");
+    const SaveResult result = Check(daytypes, prompt, symbol, explanation, 0, " ");
     if (result != SaveResult::Saved) return result;
-    const int index = ++g.daytypes.DayTypeCount;
-    g.daytypes.DayTypeSymbols[index] = Trim(symbol);
-    g.daytypes.DayTypeNames[index] = Trim(explanation);
-    Quietly([&] { AddDayTypeRow(g.store.Open(), RowOf(g, symbol, Trim(explanation))); });
-    ReadAgain(g);
+    const int index = ++daytypes.DayTypeCount;
+    daytypes.DayTypeSymbols[index] = Trim(symbol);
+    daytypes.DayTypeNames[index] = Trim(explanation);
+    Quietly([&] { AddDayTypeRow(store.Open(), RowOf(department, symbol, Trim(explanation))); });
+    ReadAgain(store, department, daytypes);
     return SaveResult::Saved;
 }
 
-SaveResult ChangeDaytype(GlobalState& g, Prompt& prompt, int index, const std::string& symbol,
-                         const std::string& explanation) {
+SaveResult ChangeDaytype(const Store& store, const Department& department, Daytypes& daytypes, Prompt& prompt,
+                         int index, const std::string& symbol, const std::string& explanation) {
     const std::string name = NormalizedExplanation(explanation);
-    const SaveResult result = Check(g, prompt, symbol, name, index, "");
+    const SaveResult result = Check(daytypes, prompt, symbol, name, index, "");
     if (result != SaveResult::Saved) return result;
-    const std::string oldSymbol = g.daytypes.DayTypeSymbols[index];
-    g.daytypes.DayTypeSymbols[index] = Trim(symbol);
-    g.daytypes.DayTypeNames[index] = name;
-    Quietly([&] { ChangeDayTypeRow(g.store.Open(), oldSymbol, RowOf(g, symbol, name)); });
-    ReadAgain(g);
+    const std::string oldSymbol = daytypes.DayTypeSymbols[index];
+    daytypes.DayTypeSymbols[index] = Trim(symbol);
+    daytypes.DayTypeNames[index] = name;
+    Quietly([&] { ChangeDayTypeRow(store.Open(), oldSymbol, RowOf(department, symbol, name)); });
+    ReadAgain(store, department, daytypes);
     return SaveResult::Saved;
 }
 
-void DeleteDaytype(GlobalState& g, int index) {
-    Quietly([&] {
-        DeleteDayTypeRow(g.store.Open(), g.department.CurrentDepNumber, g.daytypes.DayTypeSymbols[index]);
-    });
-    ReadAgain(g);
+void DeleteDaytype(const Store& store, const Department& department, Daytypes& daytypes, int index) {
+    Quietly(
+        [&] { DeleteDayTypeRow(store.Open(), department.CurrentDepNumber, daytypes.DayTypeSymbols[index]); });
+    ReadAgain(store, department, daytypes);
 }
 
 std::string DropDateText(const GlobalState& g, const Region& region, int day) {
@@ -124,9 +123,9 @@ std::string DropDateText(const GlobalState& g, const Region& region, int day) {
            DateText(date, g.application.DateFormatSetting, region);
 }
 
-std::string DropTitle(const GlobalState& g, int employee) {
-    return g.department.CurrentDepName + ": " + g.roster.RosterName1[employee] + " " +
-           g.roster.RosterName2[employee];
+std::string DropTitle(const Department& department, const Roster& roster, int employee) {
+    return department.CurrentDepName + ": " + roster.RosterName1[employee] + " " +
+           roster.RosterName2[employee];
 }
 
 void DropDaytype(GlobalState& g, int employee, int day, int index) {

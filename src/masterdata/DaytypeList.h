@@ -27,18 +27,18 @@ std::vector<std::pair<std::string, int>> DaytypeRows(const Daytypes& daytypes);
 
 /// Adds a daytype to the current department and reads the list anew. What the store refuses goes by without a
 /// word.
-SaveResult AddDaytype(GlobalState& g, Prompt& prompt, const std::string& symbol,
-                      const std::string& explanation);
+SaveResult AddDaytype(const Store& store, const Department& department, Daytypes& daytypes, Prompt& prompt,
+                      const std::string& symbol, const std::string& explanation);
 /// Changes the daytype at an index and reads the list anew. Days that carry the old symbol keep it.
-SaveResult ChangeDaytype(GlobalState& g, Prompt& prompt, int index, const std::string& symbol,
-                         const std::string& explanation);
+SaveResult ChangeDaytype(const Store& store, const Department& department, Daytypes& daytypes, Prompt& prompt,
+                         int index, const std::string& symbol, const std::string& explanation);
 /// Deletes the daytype at an index and reads the list anew. Days that carry its symbol keep it.
-void DeleteDaytype(GlobalState& g, int index);
+void DeleteDaytype(const Store& store, const Department& department, Daytypes& daytypes, int index);
 
 /// "Monday, 2-Mar-2026" of a day of the week, 1 to 7, that something is picked for.
 std::string DropDateText(const GlobalState& g, const Region& region, int day);
 /// "Bakery: Adams Anna" of the one that it is picked for.
-std::string DropTitle(const GlobalState& g, int employee);
+std::string DropTitle(const Department& department, const Roster& roster, int employee);
 /// Puts the daytype at an index on a day. The week has changed when it held another one.
 void DropDaytype(GlobalState& g, int employee, int day, int index);
 

@@ -76,17 +76,18 @@ void TellNameInUse(Prompt& prompt, const std::string& name) {
 }
 
 /// Writes the profile in one transaction. False when the name is in use; nothing is stored then.
-bool WriteProfile(const GlobalState& g, const DepartmentProfile& profile, bool adding) {
-    dao::Database& database = g.store.Open();
+bool WriteProfile(const Store& store, const Department& department, const DepartmentProfile& profile,
+                  bool adding) {
+    dao::Database& database = store.Open();
     dao::Transaction transaction(database);
     const std::vector<DepartmentRow> rows = ReadDepartmentRows(database);
-    const bool renamed = adding || profile.name != Trim(g.department.CurrentDepName);
+    const bool renamed = adding || profile.name != Trim(department.CurrentDepName);
     if (renamed && CheckDepartmentNameInUse(rows, profile.name)) return false;
     DepartmentRow row = RowOf(profile);
     if (adding) {
         AddDepartmentRow(database, row);
     } else {
-        const DepartmentRow* present = Named(rows, g.department.CurrentDepName);
+        const DepartmentRow* present = Named(rows, department.CurrentDepName);
         if (present == nullptr) FailGone();
         row.number = present->number;
         ChangeDepartmentRow(database, row);
@@ -95,13 +96,13 @@ bool WriteProfile(const GlobalState& g, const DepartmentProfile& profile, bool a
     return true;
 }
 
-DepartmentProfile ReadProfile(const GlobalState& g, const std::vector<DepartmentRow>& rows) {
-    const DepartmentRow* row = Named(rows, g.department.CurrentDepName);
+DepartmentProfile ReadProfile(const Department& department, const std::vector<DepartmentRow>& rows) {
+    const DepartmentRow* row = Named(rows, department.CurrentDepName);
     if (row == nullptr) FailGone();
     DepartmentProfile profile;
-    profile.name = Trim(g.department.CurrentDepName);
+    profile.name = Trim(department.CurrentDepName);
     profile.weekKnown = row->firstWeekday.has_value();
-    profile.cutoffQuarters = profile.weekKnown ? g.department.DayCutoffQuarters : 0;
+    profile.cutoffQuarters = profile.weekKnown ? department.DayCutoffQuarters : 0;
     if (profile.weekKnown)
         DecodeFirstWeekday(*row->firstWeekday, profile.firstWeekday, profile.cutoffQuarters);
     profile.cutoffQuarters = std::clamp(profile.cutoffQuarters, 0, MostCutoffQuarters);
@@ -127,10 +128,11 @@ void DeleteByName(dao::Database& database, const std::string& name) {
 
 } // namespace
 
-std::optional<DepartmentProfile> OpenProfile(const GlobalState& g, Prompt& prompt, FormCommand command) {
+std::optional<DepartmentProfile> OpenProfile(const Store& store, const Department& department, Prompt& prompt,
+                                             FormCommand command) {
     try {
-        const std::vector<DepartmentRow> rows = ReadDepartmentRows(g.store.Open());
-        return command == FormCommand::Add ? DepartmentProfile() : ReadProfile(g, rows);
+        const std::vector<DepartmentRow> rows = ReadDepartmentRows(store.Open());
+        return command == FormCommand::Add ? DepartmentProfile() : ReadProfile(department, rows);
     } catch (const dao::DaoError& trouble) {
         TellTrouble(prompt, TroubleOf(Occasion::ReadingDepartments, trouble));
         return std::nullopt;
@@ -141,20 +143,21 @@ bool CheckDepartmentNameInUse(const std::vector<DepartmentRow>& departments, con
     return Named(departments, name) != nullptr;
 }
 
-SaveResult SaveDepartment(GlobalState& g, Prompt& prompt, FormCommand command, DepartmentProfile& profile) {
+SaveResult SaveDepartment(const Store& store, Department& department, Prompt& prompt, FormCommand command,
+                          DepartmentProfile& profile) {
     TakeDefaults(profile);
     if (Trim(profile.name).empty()) return SaveResult::Incomplete;
     Occasion occasion = Occasion::ReadingDepartments;
     try {
-        ReadDepartmentRows(g.store.Open()); // a table that cannot be read is told apart from a lock
+        ReadDepartmentRows(store.Open()); // a table that cannot be read is told apart from a lock
         occasion = Occasion::Saving;
         const std::string typed = std::exchange(profile.name, Trim(profile.name));
         const bool adding = command == FormCommand::Add;
-        if (!WriteProfile(g, profile, adding)) {
+        if (!WriteProfile(store, department, profile, adding)) {
             TellNameInUse(prompt, typed);
             return SaveResult::InUse;
         }
-        PutInForce(g.department, profile, adding);
+        PutInForce(department, profile, adding);
         return SaveResult::Saved;
     } catch (const dao::DaoError& trouble) {
         TellTrouble(prompt, TroubleOf(occasion, trouble, "Department"));
@@ -162,10 +165,10 @@ SaveResult SaveDepartment(GlobalState& g, Prompt& prompt, FormCommand command, D
     }
 }
 
-void DeleteDepartment(const GlobalState& g) {
-    dao::Database& database = g.store.Open();
-    const int number = g.department.CurrentDepNumber;
-    DeleteByName(database, g.department.CurrentDepName);
+void DeleteDepartment(const Store& store, const Department& department) {
+    dao::Database& database = store.Open();
+    const int number = department.CurrentDepNumber;
+    DeleteByName(database, department.CurrentDepName);
     const std::vector<int> keys = DeleteEmployeeRows(database, number);
     // Only the first one's schedule goes; the rows of the others are cleared with the old weeks.
     if (!keys.empty()) DeleteDayRows(database, keys.front());
@@ -181,7 +184,7 @@ bool AskAndDeleteDepartment(GlobalState& g, Prompt& prompt) {
     if (answer != Answer::Yes) return false;
     const Hourglass hourglass(prompt);
     g.application.FormCommand = FormCommand::Delete;
-    DeleteDepartment(g);
+    DeleteDepartment(g.store, g.department);
     return true;
 }
 

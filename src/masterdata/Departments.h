@@ -34,12 +34,14 @@ struct DepartmentProfile {
 /// The profile to begin with, as Add or Change says: the usual one, or that of the current
 /// department, found by its name. A cut-off that the list of times does not offer shows as the last one.
 /// Nothing, and its box is shown, when the table cannot be read or the department is gone.
-std::optional<DepartmentProfile> OpenProfile(const GlobalState& g, Prompt& prompt, FormCommand command);
+std::optional<DepartmentProfile> OpenProfile(const Store& store, const Department& department, Prompt& prompt,
+                                             FormCommand command);
 
 /// Adds a department, or changes the current one, as Add or Change says, and shows the box
 /// of any refusal. Empty words for people and days off become the defaults, in `profile` too. An added
 /// department gets no words of its own. After Saved the current department's settings are in force.
-SaveResult SaveDepartment(GlobalState& g, Prompt& prompt, FormCommand command, DepartmentProfile& profile);
+SaveResult SaveDepartment(const Store& store, Department& department, Prompt& prompt, FormCommand command,
+                          DepartmentProfile& profile);
 
 /// True when a department has this name but for case and outer blanks.
 bool CheckDepartmentNameInUse(const std::vector<DepartmentRow>& departments, const std::string& name);
@@ -47,7 +49,7 @@ bool CheckDepartmentNameInUse(const std::vector<DepartmentRow>& departments, con
 /// Deletes the current department with its employees, daytypes and days; of its people's schedule rows only
 /// those of the first one. Its side files stay. Throws DaoError; what was deleted before stays deleted, which
 /// is nothing when the department itself is gone (3021).
-void DeleteDepartment(const GlobalState& g);
+void DeleteDepartment(const Store& store, const Department& department);
 
 /// DeleteDepartment after its question. True when it was deleted.
 bool AskAndDeleteDepartment(GlobalState& g, Prompt& prompt);

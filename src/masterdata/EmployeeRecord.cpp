@@ -54,16 +54,18 @@ std::string EmployeeRow::*TextOfBox(int index) {
     return texts[static_cast<std::size_t>(index)];
 }
 
-std::string DateOf(const std::optional<DaySerial>& date, const GlobalState& g, const Region& region) {
-    return date ? DateText(*date, g.application.DateFormatSetting, region) : "";
+std::string DateOf(const std::optional<DaySerial>& date, const ApplicationState& application,
+                   const Region& region) {
+    return date ? DateText(*date, application.DateFormatSetting, region) : "";
 }
 
-void ShowTexts(EmployeeRecord& record, const EmployeeRow& row, const GlobalState& g, const Region& region) {
+void ShowTexts(EmployeeRecord& record, const EmployeeRow& row, const ApplicationState& application,
+               const Region& region) {
     for (int i = 1; i <= box_of::Last; ++i)
         if (const auto text = TextOfBox(i)) record.Text2[i] = row.*text;
     record.Text2[box_of::Pay] = NormalizedPay(row.pay);
-    record.Text2[box_of::HireDate] = DateOf(row.hireDate, g, region);
-    record.Text2[box_of::BirthDate] = DateOf(row.birthDate, g, region);
+    record.Text2[box_of::HireDate] = DateOf(row.hireDate, application, region);
+    record.Text2[box_of::BirthDate] = DateOf(row.birthDate, application, region);
 }
 
 void TakeTexts(EmployeeRow& row, const EmployeeRecord& record, const Ports& ports) {
@@ -78,10 +80,10 @@ void TakeTexts(EmployeeRow& row, const EmployeeRecord& record, const Ports& port
     row.birthDate = dateIn(box_of::BirthDate);
 }
 
-EmployeeRow RowOf(const EmployeeRecord& record, const GlobalState& g, const Ports& ports) {
+EmployeeRow RowOf(const EmployeeRecord& record, const Department& department, const Ports& ports) {
     EmployeeRow row;
     row.key = record.key;
-    row.depNumber = g.department.CurrentDepNumber;
+    row.depNumber = department.CurrentDepNumber;
     TakeTexts(row, record, ports);
     row.wageOrSal = record.hourly ? -1 : 0;
     row.active = record.active;
@@ -93,13 +95,14 @@ EmployeeRow RowOf(const EmployeeRecord& record, const GlobalState& g, const Port
     return row;
 }
 
-void WriteRecord(GlobalState& g, const EmployeeRecord& record, const Ports& ports) {
-    const EmployeeRow row = RowOf(record, g, ports);
-    dao::Transaction transaction(g.store.Open());
+void WriteRecord(const Store& store, const Department& department, const EmployeeRecord& record,
+                 const Ports& ports) {
+    const EmployeeRow row = RowOf(record, department, ports);
+    dao::Transaction transaction(store.Open());
     if (record.key == 0)
-        AddEmployeeRow(g.store.Open(), row);
+        AddEmployeeRow(store.Open(), row);
     else
-        ChangeEmployeeRow(g.store.Open(), row);
+        ChangeEmployeeRow(store.Open(), row);
     transaction.Commit();
 }
 
@@ -134,35 +137,37 @@ EmployeeRecord NewEmployeeRecord(const ApplicationState& application) {
     return record;
 }
 
-EmployeeRecord LoadEmployeeRecord(const GlobalState& g, const Region& region, int employeeKey) {
-    const std::optional<EmployeeRow> row = FindEmployeeRow(g.store.Open(), employeeKey);
+EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& application,
+                                  const Region& region, int employeeKey) {
+    const std::optional<EmployeeRow> row = FindEmployeeRow(store.Open(), employeeKey);
     if (!row) throw dao::DaoError(dao::error::NoCurrentRecord, "No current record.");
     EmployeeRecord record;
     record.key = row->key;
-    ShowTexts(record, *row, g, region);
+    ShowTexts(record, *row, application, region);
     record.comments = row->comments;
     record.hourly = row->wageOrSal != 0;
     record.active = row->active;
     record.laborOption = LaborOptionOf(row->laborType);
-    record.barColor = ColorOf(row->barColor, g.application);
+    record.barColor = ColorOf(row->barColor, application);
     record.absence = DecodeAbsence(row->availStart, row->availStop);
     return record;
 }
 
-std::vector<int> EmployeeKeys(const GlobalState& g) {
-    return ReadEmployeeKeys(g.store.Open(), g.department.CurrentDepNumber);
+std::vector<int> EmployeeKeys(const Store& store, const Department& department) {
+    return ReadEmployeeKeys(store.Open(), department.CurrentDepNumber);
 }
 
-SaveResult SaveEmployeeRecord(GlobalState& g, Ports& ports, const EmployeeRecord& record) {
+SaveResult SaveEmployeeRecord(const Store& store, const Department& department, Ports& ports,
+                              const EmployeeRecord& record) {
     if (Trim(record.Text2[box_of::LastName]).empty()) {
         ports.prompt.Beep();
         ports.prompt.MsgBox("Last name must be filled out.", box::Ok, "Last Name is blank");
         return SaveResult::Incomplete;
     }
     try {
-        WriteRecord(g, record, ports);
+        WriteRecord(store, department, record, ports);
     } catch (const dao::DaoError& trouble) {
-        TellTrouble(ports.prompt, TroubleOf(Occasion::Saving, trouble, g.department.EmployeeNameSingle));
+        TellTrouble(ports.prompt, TroubleOf(Occasion::Saving, trouble, department.EmployeeNameSingle));
         return SaveResult::Refused;
     }
     return SaveResult::Saved;

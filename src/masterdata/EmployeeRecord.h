@@ -59,14 +59,16 @@ struct EmployeeRecord {
 EmployeeRecord NewEmployeeRecord(const ApplicationState& application);
 
 /// The stored record of an employee. Throws DaoError; 3021 when it is gone.
-EmployeeRecord LoadEmployeeRecord(const GlobalState& g, const Region& region, int employeeKey);
+EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& application,
+                                  const Region& region, int employeeKey);
 
 /// Keys of the whole department in the order of last names, inactive people included. Throws DaoError.
-std::vector<int> EmployeeKeys(const GlobalState& g);
+std::vector<int> EmployeeKeys(const Store& store, const Department& department);
 
 /// Adds the record to the current department, or writes it to the stored record of its key, in one
 /// transaction, with the boxes of any refusal.
-SaveResult SaveEmployeeRecord(GlobalState& g, Ports& ports, const EmployeeRecord& record);
+SaveResult SaveEmployeeRecord(const Store& store, const Department& department, Ports& ports,
+                              const EmployeeRecord& record);
 
 /// The key rule of a box: 0 drops the key. The double quote is dropped everywhere; pay takes digits, one
 /// point and backspace; the state's letters become capitals. `text` is what the box holds.

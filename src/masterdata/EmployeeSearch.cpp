@@ -40,10 +40,10 @@ std::string FitToNameColumn(const std::string& name,
     return fitted;
 }
 
-std::vector<FoundEmployee> FindEmployees(const GlobalState& g,
+std::vector<FoundEmployee> FindEmployees(const Store& store, const Department& department,
                                          const std::function<Twips(const std::string&)>& widthOf) {
     std::vector<FoundEmployee> found;
-    for (const EmployeeRow& row : ReadEmployeeRows(g.store.Open(), g.department.CurrentDepNumber)) {
+    for (const EmployeeRow& row : ReadEmployeeRows(store.Open(), department.CurrentDepNumber)) {
         FoundEmployee& employee = found.emplace_back();
         employee.name = FitToNameColumn(row.lastName + " " + row.firstName, widthOf);
         employee.id = row.id;
@@ -66,11 +66,11 @@ std::string SearchTitle(const Department& department, FormCommand command) {
     return TextOf(command) + " " + department.EmployeeNameSingle;
 }
 
-bool AskAndDeleteEmployee(const GlobalState& g, Prompt& prompt, int employeeKey) {
-    dao::Database& database = g.store.Open();
+bool AskAndDeleteEmployee(const Store& store, const Department& department, Prompt& prompt, int employeeKey) {
+    dao::Database& database = store.Open();
     const std::optional<EmployeeRow> row = FindEmployeeRow(database, employeeKey);
     if (!row) return false; // another workstation was faster
-    const std::string question = Question(*row, g.department.EmployeeNamePlural);
+    const std::string question = Question(*row, department.EmployeeNamePlural);
     if (prompt.MsgBox(question, box::YesNo + box::Stop, "Employee delete") != Answer::Yes) return false;
     DeleteEmployeeRow(database, employeeKey);
     // The schedule's first key is a day, so that rows of the employee are not among these: they stay.

@@ -3,7 +3,9 @@
 
 #include "platform/basic/Twips.h"
 #include "platform/ports/Prompt.h"
-#include "shell/state/TVXGLOB.h"
+#include "shell/state/Department.h"
+#include "shell/state/FormCommand.h"
+#include "shell/state/Store.h"
 
 #include <functional>
 #include <string>
@@ -25,7 +27,7 @@ struct FoundEmployee {
 
 /// The people of the current department in the order of last names, inactive ones included. `widthOf`
 /// measures a text in the list's font, in twips. Throws DaoError.
-std::vector<FoundEmployee> FindEmployees(const GlobalState& g,
+std::vector<FoundEmployee> FindEmployees(const Store& store, const Department& department,
                                          const std::function<Twips(const std::string&)>& widthOf);
 
 /// A text padded with blanks to at least 1500 twips, then cut by single characters until it is under 1750.
@@ -39,6 +41,6 @@ std::string SearchTitle(const Department& department, FormCommand command);
 
 /// Asks, and deletes the employee's record. The schedule rows stay, and no report sees them any more. True
 /// when it was deleted. Throws DaoError.
-bool AskAndDeleteEmployee(const GlobalState& g, Prompt& prompt, int employeeKey);
+bool AskAndDeleteEmployee(const Store& store, const Department& department, Prompt& prompt, int employeeKey);
 
 } // namespace tvx

@@ -28,44 +28,48 @@ SaveResult Check(const Shifts& shifts, Prompt& prompt, const std::string& name, 
 }
 
 /// Writes the changed list and reads it back. On trouble the list in memory is as it was before.
-SaveResult Keep(GlobalState& g, Prompt& prompt, const Shifts& changed) {
+SaveResult Keep(const Paths& paths, const Department& department, Shifts& shifts, Prompt& prompt,
+                const Shifts& changed) {
     try {
-        WriteStoredShifts(g.paths.ProgramPath, g.department.CurrentDepNumber, changed);
+        WriteStoredShifts(paths.ProgramPath, department.CurrentDepNumber, changed);
     } catch (const FileError& trouble) {
         prompt.MsgBox("Could not write the file of the shifts.\r\n\r\n" + std::string(trouble.what()),
                       box::Exclamation, "File error");
         return SaveResult::Refused;
     }
-    LoadStoredShifts(g.paths.ProgramPath, g.department.CurrentDepNumber, g.shifts);
+    LoadStoredShifts(paths.ProgramPath, department.CurrentDepNumber, shifts);
     return SaveResult::Saved;
 }
 
 } // namespace
 
-SaveResult AddShift(GlobalState& g, Prompt& prompt, const std::string& name) {
-    if (g.shifts.ShiftCount >= MostShiftsToAdd) {
+SaveResult AddShift(const Paths& paths, const Department& department, Shifts& shifts, Prompt& prompt,
+                    const std::string& name) {
+    if (shifts.ShiftCount >= MostShiftsToAdd) {
         prompt.Beep();
         return SaveResult::Incomplete;
     }
-    const SaveResult result = Check(g.shifts, prompt, name, 0, "Shift ");
+    const SaveResult result = Check(shifts, prompt, name, 0, "Shift ");
     if (result != SaveResult::Saved) return result;
-    Shifts changed = g.shifts;
+    Shifts changed = shifts;
     changed.ShiftNames[++changed.ShiftCount] = Trim(name);
-    return Keep(g, prompt, changed);
+    return Keep(paths, department, shifts, prompt, changed);
 }
 
-SaveResult RenameShift(GlobalState& g, Prompt& prompt, int index, const std::string& name) {
-    const SaveResult result = Check(g.shifts, prompt, name, index, "Shift name ");
+SaveResult RenameShift(const Paths& paths, const Department& department, Shifts& shifts, Prompt& prompt,
+                       int index, const std::string& name) {
+    const SaveResult result = Check(shifts, prompt, name, index, "Shift name ");
     if (result != SaveResult::Saved) return result;
-    Shifts changed = g.shifts;
+    Shifts changed = shifts;
     changed.ShiftNames[index] = Trim(name);
-    return Keep(g, prompt, changed);
+    return Keep(paths, department, shifts, prompt, changed);
 }
 
-SaveResult DeleteShift(GlobalState& g, Prompt& prompt, int index) {
-    Shifts changed = g.shifts;
+SaveResult DeleteShift(const Paths& paths, const Department& department, Shifts& shifts, Prompt& prompt,
+                       int index) {
+    Shifts changed = shifts;
     changed.ShiftNames[index].clear();
-    return Keep(g, prompt, changed);
+    return Keep(paths, department, shifts, prompt, changed);
 }
 
 std::vector<std::pair<std::string, int>> ShiftRows(const Shifts& shifts) {

@@ -206,7 +206,7 @@ TEST_F(OddTextTest, of_a_department_reaches_its_list_captions_and_titles) {
     RefreshDepartments(g, store.ports(), face);
     ASSERT_EQ(g.departments.DepNames, OddTexts());
     for (std::size_t i = 0; i < OddTexts().size(); ++i) {
-        ChooseDepartment(g, face, static_cast<int>(i));
+        ChooseDepartment(g.store, g.departments, g.department, face, static_cast<int>(i));
         EXPECT_TRUE(g.department.CurrentDepName == OddTexts()[i]);
         EXPECT_TRUE(g.department.EmployeeNamePlural == OddTexts()[i]);
         EXPECT_TRUE(face.Label2 == "------ " + OddTexts()[i] + " ------");

@@ -206,6 +206,53 @@ TEST(House, only_the_store_room_opens_recordsets) {
     }
 }
 
+/// A header without its remarks and its lines for the preprocessor.
+std::string CodeOf(const fs::path& header) {
+    static const std::regex other(R"re(//[^\n]*|#[^\n]*)re");
+    return std::regex_replace(Content(header), other, "");
+}
+
+/// What stands between two marks of the end of a declaration, each with the line break before it.
+std::vector<std::string> DeclarationsIn(const std::string& code) {
+    std::vector<std::string> declarations(1);
+    for (const char c : code) {
+        if (c == ';' || c == '{' || c == '}')
+            declarations.emplace_back();
+        else
+            declarations.back() += c;
+    }
+    return declarations;
+}
+
+/// A function that belongs to no class begins at the left edge.
+bool IsFreeFunction(const std::string& declaration) {
+    static const std::regex function(
+        R"re(\s*\n(?!namespace|using|struct|class|enum|constexpr)[A-Za-z][^=(]*\()re");
+    return std::regex_search(declaration, function, std::regex_constants::match_continuous);
+}
+
+bool TakesTheWholeState(const std::string& declaration) {
+    return declaration.find('(') < declaration.find("GlobalState&") &&
+           declaration.find("GlobalState&") != std::string::npos;
+}
+
+TEST(House, at_most_one_function_of_logic_in_five_takes_the_whole_state) {
+    std::ptrdiff_t functions = 0;
+    std::ptrdiff_t takeAll = 0;
+    for (const fs::path& file : SourcesBelow(Root / "src")) {
+        const std::string room = FloorOf(fs::relative(file, Root / "src").generic_string());
+        if (file.extension() != ".h" || HeightOf(room) <= HeightOf("store/rows") || room == "desktop" ||
+            room.ends_with("screens"))
+            continue;
+        const auto declarations = DeclarationsIn(CodeOf(file));
+        functions += std::ranges::count_if(declarations, IsFreeFunction);
+        takeAll += std::ranges::count_if(declarations, TakesTheWholeState);
+    }
+    ASSERT_GT(functions, 150);
+    ASSERT_GT(takeAll, 0);
+    EXPECT_LE(takeAll * 5, functions) << takeAll << " of " << functions;
+}
+
 TEST(House, every_test_file_is_named_where_it_is_built) {
     for (const fs::path& file : SourcesBelow(Root / "tests")) {
         if (!file.filename().string().ends_with("Test.cpp")) continue;

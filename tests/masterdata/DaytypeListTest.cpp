@@ -38,10 +38,10 @@ class DaytypeListTest : public testing::Test {
     }
     void Reload() { LoadDayTypes(g.store, g.department.CurrentDepNumber, g.daytypes); }
     SaveResult Add(const std::string& symbol, const std::string& name) {
-        return AddDaytype(g, store.prompt(), symbol, name);
+        return AddDaytype(g.store, g.department, g.daytypes, store.prompt(), symbol, name);
     }
     SaveResult Change(int index, const std::string& symbol, const std::string& name) {
-        return ChangeDaytype(g, store.prompt(), index, symbol, name);
+        return ChangeDaytype(g.store, g.department, g.daytypes, store.prompt(), index, symbol, name);
     }
     std::vector<std::string> Rows() {
         return RowsOf(store.db(), "Day Types", {"Dep number", "Symbol", "Explaination"});
@@ -186,14 +186,14 @@ TEST_F(DaytypeListTest, stored_days_keep_the_symbol_that_they_were_saved_with) {
     const auto before = store.Rows();
     EXPECT_EQ(Change(2, "CH", "Cash"), SaveResult::Saved);
     EXPECT_EQ(store.Rows(), before);
-    DeleteDaytype(g, 2);
+    DeleteDaytype(g.store, g.department, g.daytypes, 2);
     EXPECT_EQ(store.Rows(), before);
 }
 
 // ---- deleting ----
 
 TEST_F(DaytypeListTest, a_deleted_one_is_gone_from_file_and_list_without_a_question) {
-    DeleteDaytype(g, 1);
+    DeleteDaytype(g.store, g.department, g.daytypes, 1);
     EXPECT_EQ(Rows(), (std::vector<std::string>{"1|CA|Carrying", "2|CA|Cashier"}));
     EXPECT_EQ(Listed(), std::vector<std::string>{"CA= Cashier"});
     EXPECT_EQ(g.daytypes.DayTypeCount, 1);
@@ -205,7 +205,7 @@ TEST_F(DaytypeListTest, a_locked_file_is_no_word_worth_and_the_list_is_that_of_t
     other.Hold();
     EXPECT_EQ(Add("DL", "Delivery"), SaveResult::Saved);
     EXPECT_EQ(Change(1, "BX", "Boxing"), SaveResult::Saved);
-    DeleteDaytype(g, 1);
+    DeleteDaytype(g.store, g.department, g.daytypes, 1);
     EXPECT_EQ(Listed(), (std::vector<std::string>{"BK= Baker", "CA= Cashier"}));
     EXPECT_FALSE(store.db().InTransaction());
     other.LetGo();
@@ -242,7 +242,7 @@ class DropDaytypeTest : public DaytypeListTest {
 TEST_F(DropDaytypeTest, is_put_on_a_day_of_an_employee) {
     EXPECT_EQ(DropDateText(g, store.script.region, 3), "Tuesday, 3-Mar-2026");
     EXPECT_EQ(DropDateText(g, store.script.region, 6), "Friday, 6-Mar-2026");
-    EXPECT_EQ(DropTitle(g, 2), "Bakery: Brown Bob");
+    EXPECT_EQ(DropTitle(g.department, g.roster, 2), "Bakery: Brown Bob");
     DropDaytype(g, 2, 3, 2);
     EXPECT_EQ(g.week.DayTypeText[3][2], "CA");
     EXPECT_TRUE(g.week.WeekChanged);

@@ -30,12 +30,12 @@ class DepartmentsTest : public testing::Test {
         other.Open(store.folder / "TVX.MDB");
     }
     DepartmentProfile Opened(FormCommand command) {
-        const auto profile = OpenProfile(g, store.prompt(), command);
+        const auto profile = OpenProfile(g.store, g.department, store.prompt(), command);
         EXPECT_TRUE(profile.has_value());
         return profile.value_or(DepartmentProfile());
     }
     SaveResult Save(FormCommand command, DepartmentProfile profile) {
-        return SaveDepartment(g, store.prompt(), command, profile);
+        return SaveDepartment(g.store, g.department, store.prompt(), command, profile);
     }
     std::vector<std::string> Names() { return RowsOf(store.db(), "Department", {"Department name"}); }
     std::string Row(int number) {
@@ -131,7 +131,7 @@ TEST_F(DepartmentsTest, take_a_listing_order_of_0_or_none_for_1) {
 TEST_F(DepartmentsTest, that_another_workstation_deleted_say_so_when_they_are_opened) {
     other.Delete("Department", "Department name", "Bakery");
     store.prompt().Expect("Database error, try again..3021 No current record.", 0, "Database error...");
-    EXPECT_FALSE(OpenProfile(g, store.prompt(), FormCommand::Change).has_value());
+    EXPECT_FALSE(OpenProfile(g.store, g.department, store.prompt(), FormCommand::Change).has_value());
 }
 
 TEST_F(DepartmentsTest, offer_33_times_from_midnight_to_8_for_the_cut_off) {
@@ -177,7 +177,8 @@ TEST_F(DepartmentsTest, take_the_usual_words_where_none_is_given_even_when_the_n
     profile.employeeNamePlural = "  ";
     profile.dayOffNameSingle = "";
     profile.dayOffNamePlural = "";
-    EXPECT_EQ(SaveDepartment(g, store.prompt(), FormCommand::Change, profile), SaveResult::Incomplete);
+    EXPECT_EQ(SaveDepartment(g.store, g.department, store.prompt(), FormCommand::Change, profile),
+              SaveResult::Incomplete);
     EXPECT_EQ(profile, DepartmentProfile());
 }
 
@@ -199,7 +200,8 @@ TEST_F(DepartmentsTest, can_be_the_first_of_an_empty_table) {
     test::TestStore empty;
     DepartmentProfile profile;
     profile.name = "First";
-    EXPECT_EQ(SaveDepartment(empty.g, empty.prompt(), FormCommand::Add, profile), SaveResult::Saved);
+    EXPECT_EQ(SaveDepartment(empty.g.store, empty.g.department, empty.prompt(), FormCommand::Add, profile),
+              SaveResult::Saved);
     EXPECT_EQ(RowsOf(empty.db(), "Department", {"Department name"}), std::vector<std::string>{"First"});
 }
 
@@ -295,13 +297,15 @@ TEST_F(DepartmentsTest, stay_as_they_are_while_another_workstation_saves_and_tak
     const DepartmentProfile typed = profile;
     other.Hold();
     ExpectLocked(3260);
-    EXPECT_EQ(SaveDepartment(g, store.prompt(), FormCommand::Change, profile), SaveResult::Refused);
+    EXPECT_EQ(SaveDepartment(g.store, g.department, store.prompt(), FormCommand::Change, profile),
+              SaveResult::Refused);
     EXPECT_EQ(profile, typed);
     EXPECT_EQ(g.department.CurrentDepName, "Bakery");
     EXPECT_EQ(store.script.prompt.Shape(), Pointer::Default);
     EXPECT_FALSE(store.db().InTransaction());
     other.LetGo();
-    EXPECT_EQ(SaveDepartment(g, store.prompt(), FormCommand::Change, profile), SaveResult::Saved);
+    EXPECT_EQ(SaveDepartment(g.store, g.department, store.prompt(), FormCommand::Change, profile),
+              SaveResult::Saved);
     EXPECT_EQ(Names().back(), "Patisserie");
 }
 

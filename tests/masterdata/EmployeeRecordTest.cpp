@@ -30,14 +30,16 @@ class EmployeeRecordTest : public testing::Test {
         store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "700", .hourly = false});
         other.Open(store.folder / "TVX.MDB");
     }
-    EmployeeRecord Load(int key) { return LoadEmployeeRecord(g, store.script.region, key); }
+    EmployeeRecord Load(int key) {
+        return LoadEmployeeRecord(g.store, g.application, store.script.region, key);
+    }
     SaveResult Add(EmployeeRecord record) {
         record.key = 0;
-        return SaveEmployeeRecord(g, store.ports(), record);
+        return SaveEmployeeRecord(g.store, g.department, store.ports(), record);
     }
     SaveResult Change(const EmployeeRecord& record) {
         EXPECT_NE(record.key, 0);
-        return SaveEmployeeRecord(g, store.ports(), record);
+        return SaveEmployeeRecord(g.store, g.department, store.ports(), record);
     }
     EmployeeRecord Named(const std::string& lastName) {
         EmployeeRecord record = NewEmployeeRecord(g.application);
@@ -432,7 +434,7 @@ TEST_F(EmployeeRecordTest, keys_come_in_the_order_of_the_last_names_with_inactiv
     store.AddDepartment("Stores");
     store.AddEmployee({.lastName = "Aardvark"});
     g.department.CurrentDepNumber = 1;
-    EXPECT_EQ(EmployeeKeys(g), (std::vector<int>{3, 1, 2}));
+    EXPECT_EQ(EmployeeKeys(g.store, g.department), (std::vector<int>{3, 1, 2}));
 }
 
 // ---- changing ----
@@ -507,7 +509,7 @@ TEST_F(EmployeeRecordTest, its_loading_and_saving_leaves_the_people_of_the_roste
     store.AddEmployee({"Aardvark"});
     g.department.CurrentDepNumber = 1;
     g.department.EditorOrder = 0; // of no meaning: the people of the last roster stay
-    EXPECT_EQ(EmployeeKeys(g).size(), 2U);
+    EXPECT_EQ(EmployeeKeys(g.store, g.department).size(), 2U);
     ASSERT_EQ(Change(Load(adams)), SaveResult::Saved);
     ASSERT_EQ(Add(Named("Clark")), SaveResult::Saved);
     ASSERT_EQ(BuildRoster(g), RosterResult::Ready);

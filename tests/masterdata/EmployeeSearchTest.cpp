@@ -45,8 +45,8 @@ class EmployeeSearchTest : public testing::Test {
         person.assignment = assignment;
         return person;
     }
-    std::vector<FoundEmployee> Find() { return FindEmployees(g, Wide); }
-    bool Delete(int key) { return AskAndDeleteEmployee(g, store.prompt(), key); }
+    std::vector<FoundEmployee> Find() { return FindEmployees(g.store, g.department, Wide); }
+    bool Delete(int key) { return AskAndDeleteEmployee(g.store, g.department, store.prompt(), key); }
 };
 
 // ---- the list ----

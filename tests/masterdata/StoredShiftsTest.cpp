@@ -23,7 +23,9 @@ class StoredShiftsTest : public test::PlannedBakery {
   protected:
     /// Stores bars of Monday under a name.
     void Keep(const std::string& name, const BarList& bars) {
-        KeepMonday(bars, [&] { ASSERT_EQ(AddShift(g, store.prompt(), name), SaveResult::Saved); });
+        KeepMonday(bars, [&] {
+            ASSERT_EQ(AddShift(g.paths, g.department, g.shifts, store.prompt(), name), SaveResult::Saved);
+        });
     }
     std::vector<std::string> Names() {
         std::vector<std::string> names;
@@ -35,9 +37,11 @@ class StoredShiftsTest : public test::PlannedBakery {
         LoadStoredShifts(store.folder.Path(), g.department.CurrentDepNumber, read);
         return {read.ShiftNames.begin() + 1, read.ShiftNames.begin() + 1 + read.ShiftCount};
     }
-    SaveResult Add(const std::string& name) { return AddShift(g, store.prompt(), name); }
+    SaveResult Add(const std::string& name) {
+        return AddShift(g.paths, g.department, g.shifts, store.prompt(), name);
+    }
     SaveResult Rename(int index, const std::string& name) {
-        return RenameShift(g, store.prompt(), index, name);
+        return RenameShift(g.paths, g.department, g.shifts, store.prompt(), index, name);
     }
     void ExpectNameInUse(const std::string& text) {
         store.prompt().Expect(text + "\n is in use...", 0, "Shift name duplicate");
@@ -108,10 +112,10 @@ TEST_F(StoredShiftsTest, a_shift_cannot_take_the_name_of_another_or_none) {
 
 TEST_F(StoredShiftsTest, a_deleted_shift_is_gone_and_the_others_stay) {
     for (const char* name : {"A", "B", "C"}) Keep(name, {{16, 48}});
-    EXPECT_EQ(DeleteShift(g, store.prompt(), 2), SaveResult::Saved);
+    EXPECT_EQ(DeleteShift(g.paths, g.department, g.shifts, store.prompt(), 2), SaveResult::Saved);
     EXPECT_EQ(Names(), (std::vector<std::string>{"A", "C"}));
-    EXPECT_EQ(DeleteShift(g, store.prompt(), 1), SaveResult::Saved);
-    EXPECT_EQ(DeleteShift(g, store.prompt(), 1), SaveResult::Saved);
+    EXPECT_EQ(DeleteShift(g.paths, g.department, g.shifts, store.prompt(), 1), SaveResult::Saved);
+    EXPECT_EQ(DeleteShift(g.paths, g.department, g.shifts, store.prompt(), 1), SaveResult::Saved);
     EXPECT_TRUE(Names().empty());
     EXPECT_EQ(test::ReadFile(store.folder / "1.SFT"), "");
     EXPECT_TRUE(fs::exists(store.folder / "1.SFT"));
@@ -124,7 +128,7 @@ TEST_F(StoredShiftsTest, a_file_that_cannot_be_written_is_told_and_nothing_chang
     fs::create_directory(store.folder / "1.SFT" / "full");
     for (const auto& deed : std::vector<std::function<SaveResult()>>{
              [&] { return Add("Late"); }, [&] { return Rename(1, "Late"); },
-             [&] { return DeleteShift(g, store.prompt(), 1); }}) {
+             [&] { return DeleteShift(g.paths, g.department, g.shifts, store.prompt(), 1); }}) {
         store.prompt().WillAnswer(Answer::Ok);
         EXPECT_EQ(deed(), SaveResult::Refused);
         EXPECT_EQ(store.prompt().Last().title, "File error");

@@ -238,7 +238,7 @@ TEST_F(FirstDatabaseTest, is_opened_by_the_start_that_made_it) {
     script.clock.Set(Sunday + 4);
     ASSERT_EQ(LoadConsole(g, script.ports, face), LoadResult::Ready);
     EXPECT_EQ(g.department.CurrentDepName, "Example department");
-    EXPECT_TRUE(ExampleNoteIsDue(g));
+    EXPECT_TRUE(ExampleNoteIsDue(g.department, g.departments, g.application));
     EXPECT_EQ(DayRows(), Moved(Sunday, false));
 }
 

@@ -78,7 +78,8 @@ bool DaytypesForm::Opened() {
 
 void DaytypesForm::Announce(ListRequest task) {
     const bool dropping = task == ListRequest::Drop;
-    setWindowTitle(dropping ? ToQString(DropTitle(g_, request_.employee)) : QStringLiteral(" Daytypes"));
+    setWindowTitle(dropping ? ToQString(DropTitle(g_.department, g_.roster, request_.employee))
+                            : QStringLiteral(" Daytypes"));
     task_->SetText(Task(task));
     if (task == ListRequest::Add) Frame3D1->SetTitle("Add a Daytype ");
     ShowCount();
@@ -134,12 +135,13 @@ SaveResult DaytypesForm::Save(ListRequest task, int index) {
     Text2->SetText(NormalizedExplanation(Text2->Text()));
     switch (task) {
     case ListRequest::Change:
-        return ChangeDaytype(g_, ports_.prompt, index, Text1->Text(), Text2->Text());
+        return ChangeDaytype(g_.store, g_.department, g_.daytypes, ports_.prompt, index, Text1->Text(),
+                             Text2->Text());
     case ListRequest::Delete:
-        DeleteDaytype(g_, index);
+        DeleteDaytype(g_.store, g_.department, g_.daytypes, index);
         return SaveResult::Saved;
     default:
-        return AddDaytype(g_, ports_.prompt, Text1->Text(), Text2->Text());
+        return AddDaytype(g_.store, g_.department, g_.daytypes, ports_.prompt, Text1->Text(), Text2->Text());
     }
 }
 

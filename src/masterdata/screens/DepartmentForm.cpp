@@ -49,7 +49,7 @@ DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, const DepartmentReq
 }
 
 bool DepartmentForm::Opened() {
-    const auto profile = OpenProfile(g_, ports_.prompt, request_.command);
+    const auto profile = OpenProfile(g_.store, g_.department, ports_.prompt, request_.command);
     ports_.prompt.MousePointer(Pointer::Default);
     if (!profile) return false;
     ShowProfile(*profile);
@@ -165,7 +165,8 @@ void DepartmentForm::ShowCutoff() {
 
 void DepartmentForm::Save() {
     DepartmentProfile profile = Profile();
-    const SaveResult result = SaveDepartment(g_, ports_.prompt, request_.command, profile);
+    const SaveResult result =
+        SaveDepartment(g_.store, g_.department, ports_.prompt, request_.command, profile);
     ShowWords(profile); // an empty one has become the usual one
     switch (result) {
     case SaveResult::Saved:

@@ -43,14 +43,15 @@ bool EmployeeForm::Opened() {
 // ---- the record ----
 
 void EmployeeForm::ReadKeys() {
-    employeeKeys_ = EmployeeKeys(g_);
+    employeeKeys_ = EmployeeKeys(g_.store, g_.department);
     const auto found = std::find(employeeKeys_.begin(), employeeKeys_.end(), selectedEmployee_);
     position_ = found == employeeKeys_.end() ? 0 : static_cast<int>(found - employeeKeys_.begin());
 }
 
 void EmployeeForm::LoadRecord() {
-    const EmployeeRecord record = adding_ ? NewEmployeeRecord(g_.application)
-                                          : LoadEmployeeRecord(g_, ports_.region, selectedEmployee_);
+    const EmployeeRecord record =
+        adding_ ? NewEmployeeRecord(g_.application)
+                : LoadEmployeeRecord(g_.store, g_.application, ports_.region, selectedEmployee_);
     setWindowTitle(ToQString(EmployeeTitle(g_.department, adding_)));
     Command2->setVisible(!adding_);
     Command3->setVisible(!adding_);
@@ -99,7 +100,7 @@ EmployeeRecord EmployeeForm::Record() const {
 
 bool EmployeeForm::Save() {
     if (grid_.Settle()) Picture1->update();
-    const SaveResult result = SaveEmployeeRecord(g_, ports_, Record());
+    const SaveResult result = SaveEmployeeRecord(g_.store, g_.department, ports_, Record());
     if (result == SaveResult::Incomplete) FocusBox(box_of::LastName);
     if (result != SaveResult::Saved) return false;
     // Before the flood lets events run: what is typed meanwhile is a change again.

@@ -112,7 +112,7 @@ void EmployeeSearchForm::Build() {
 
 void EmployeeSearchForm::Fill() {
     PaddedWidth widthOf(List1->fontMetrics());
-    rows_ = FindEmployees(g_, [&](const std::string& text) { return widthOf(text); });
+    rows_ = FindEmployees(g_.store, g_.department, [&](const std::string& text) { return widthOf(text); });
     List1->setModel(new FoundModel(rows_, List1));
     Select(0);
 }

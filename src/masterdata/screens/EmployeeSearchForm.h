@@ -4,6 +4,7 @@
 #include "desktop/Form.h"
 #include "masterdata/EmployeeSearch.h"
 #include "masterdata/SearchRequest.h"
+#include "shell/state/TVXGLOB.h"
 
 #include <QListView>
 

@@ -62,7 +62,7 @@ void ShiftsForm::Announce(ListRequest task) {
     case ListRequest::Drop:
         AnnounceList("Select the shift to enter",
                      "Select Shift name for " + DropDateText(g_, ports_.region, request_.day));
-        return setWindowTitle(ToQString(DropTitle(g_, request_.employee)));
+        return setWindowTitle(ToQString(DropTitle(g_.department, g_.roster, request_.employee)));
     default:
         setWindowTitle(QStringLiteral("Put a shift in storage for later copy"));
         Label2->SetText("Name of the shift");
@@ -95,11 +95,11 @@ bool ShiftsForm::MayPick(int index) const {
 SaveResult ShiftsForm::Save(ListRequest task, int index) {
     switch (task) {
     case ListRequest::Change:
-        return RenameShift(g_, ports_.prompt, index, Text1->Text());
+        return RenameShift(g_.paths, g_.department, g_.shifts, ports_.prompt, index, Text1->Text());
     case ListRequest::Delete:
-        return DeleteShift(g_, ports_.prompt, index);
+        return DeleteShift(g_.paths, g_.department, g_.shifts, ports_.prompt, index);
     default:
-        return AddShift(g_, ports_.prompt, Text1->Text());
+        return AddShift(g_.paths, g_.department, g_.shifts, ports_.prompt, Text1->Text());
     }
 }
 

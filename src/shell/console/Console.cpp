@@ -196,16 +196,17 @@ void RefreshDepartments(GlobalState& g, Ports& ports, ConsoleFace& face) {
     ports.prompt.DoEvents();
 }
 
-void ChooseDepartment(GlobalState& g, ConsoleFace& face, int index) {
-    if (index < 0 || index >= g.departments.DepartmentCount) return;
-    const std::vector<DepartmentRow> rows = ReadDepartmentRows(g.store.Open());
+void ChooseDepartment(const Store& store, const DepartmentList& departments, Department& department,
+                      ConsoleFace& face, int index) {
+    if (index < 0 || index >= departments.DepartmentCount) return;
+    const std::vector<DepartmentRow> rows = ReadDepartmentRows(store.Open());
     const auto chosen = std::find_if(rows.begin(), rows.end(), [&](const DepartmentRow& row) {
-        return row.name == g.departments.DepNames[index];
+        return row.name == departments.DepNames[index];
     });
     if (chosen == rows.end()) return; // another workstation renamed or deleted it
-    TakeDepartment(g.department, *chosen);
+    TakeDepartment(department, *chosen);
     face.Combo1Index = index;
-    face.Label2 = Framed(g.department.CurrentDepName);
+    face.Label2 = Framed(department.CurrentDepName);
 }
 
 void ActivateConsole(GlobalState& g, Ports& ports, ConsoleFace& face) {
@@ -213,9 +214,10 @@ void ActivateConsole(GlobalState& g, Ports& ports, ConsoleFace& face) {
     if (!face.laidOut) LayOut(g, ports, face);
 }
 
-bool ExampleNoteIsDue(const GlobalState& g) {
-    return g.department.CurrentDepName == ExampleDepartment && g.departments.DepartmentCount == 1 &&
-           !g.application.ExampleNoteShown;
+bool ExampleNoteIsDue(const Department& department, const DepartmentList& departments,
+                      const ApplicationState& application) {
+    return department.CurrentDepName == ExampleDepartment && departments.DepartmentCount == 1 &&
+           !application.ExampleNoteShown;
 }
 
 bool PrepareSchedule(GlobalState& g, Ports& ports) {

@@ -46,14 +46,16 @@ int VisibleHoursFor(Twips screenWidth);
 void RefreshDepartments(GlobalState& g, Ports& ports, ConsoleFace& face);
 
 /// Makes a department of the list the current one, by its place in Combo1.
-void ChooseDepartment(GlobalState& g, ConsoleFace& face, int index);
+void ChooseDepartment(const Store& store, const DepartmentList& departments, Department& department,
+                      ConsoleFace& face, int index);
 
 /// Each time the console comes to the front.
 void ActivateConsole(GlobalState& g, Ports& ports, ConsoleFace& face);
 
 /// The note of the example department is due before the Main Editor opens: once in a run, while it is the
 /// only department.
-bool ExampleNoteIsDue(const GlobalState& g);
+bool ExampleNoteIsDue(const Department& department, const DepartmentList& departments,
+                      const ApplicationState& application);
 
 /// The steps of `cmdSchedule` up to the Main Editor: true when it can open. Trouble with the store is shown.
 bool PrepareSchedule(GlobalState& g, Ports& ports);

@@ -196,16 +196,17 @@ void ConsoleForm::ChangeEmployee() {
 void ConsoleForm::DeleteEmployee() {
     g_.application.FormCommand = FormCommand::Delete;
     const SearchAnswer found = screens_.Open(SearchRequest{FormCommand::Delete}, *this);
-    if (found.SelectedEmployee != 0) AskAndDeleteEmployee(g_, ports_.prompt, found.SelectedEmployee);
+    if (found.SelectedEmployee != 0)
+        AskAndDeleteEmployee(g_.store, g_.department, ports_.prompt, found.SelectedEmployee);
 }
 
 void ConsoleForm::ChooseFromCombo(int index) {
-    ChooseDepartment(g_, model_, index);
+    ChooseDepartment(g_.store, g_.departments, g_.department, model_, index);
     ShowFace();
 }
 
 void ConsoleForm::Schedule() {
-    if (ExampleNoteIsDue(g_)) {
+    if (ExampleNoteIsDue(g_.department, g_.departments, g_.application)) {
         g_.application.FormCommand = FormCommand::Example;
         g_.application.ExampleNoteShown = true;
         const bool all = g_.roster.AllDepartmentsMode;

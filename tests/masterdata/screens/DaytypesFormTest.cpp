@@ -24,7 +24,7 @@ class DaytypesFormTest : public test::FormFixture<qt::DaytypesForm> {
         store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
         store.AddEmployee({.lastName = "Brown", .firstName = "Bob"});
         for (const auto& [symbol, name] : {std::pair("CA", "Cashier"), {"BK", "Baker"}, {"D", "Driver"}})
-            AddDaytype(g, store.prompt(), symbol, name);
+            AddDaytype(g.store, g.department, g.daytypes, store.prompt(), symbol, name);
         store.OpenWeek(Sunday);
         test::WritableWeek(g).WeekChanged = false;
         other.Open(store.folder / "TVX.MDB");
@@ -44,7 +44,7 @@ class DaytypesFormTest : public test::FormFixture<qt::DaytypesForm> {
     void FillUp(int count) {
         for (int i = g.daytypes.DayTypeCount; i < count; ++i) {
             const std::string symbol{static_cast<char>('0' + i / 10), static_cast<char>('0' + i % 10)};
-            AddDaytype(g, store.prompt(), symbol, "Number " + symbol);
+            AddDaytype(g.store, g.department, g.daytypes, store.prompt(), symbol, "Number " + symbol);
         }
         ASSERT_EQ(g.daytypes.DayTypeCount, count);
     }
@@ -83,7 +83,7 @@ TEST_F(DaytypesFormTest, offers_what_can_be_done) {
     Open(0);
     EXPECT_FALSE(Enabled("cmdAdd"));
     EXPECT_EQ(test::FocusOf(*form), "cmdChange");
-    while (g.daytypes.DayTypeCount > 0) DeleteDaytype(g, 1);
+    while (g.daytypes.DayTypeCount > 0) DeleteDaytype(g.store, g.department, g.daytypes, 1);
     Open(0);
     EXPECT_FALSE(Enabled("cmdChange") || Enabled("cmdDelete"));
     EXPECT_EQ(test::FocusOf(*form), "cmdAdd");

@@ -21,8 +21,8 @@ class Pictures : public testing::Test {
         store.AddPeople(12);
         store.OpenWeek(46083);
         store.g.cursor.CurrentEmployee = 1;
-        AddDaytype(store.g, store.prompt(), "CA", "Cashier");
-        AddDaytype(store.g, store.prompt(), "BK", "Baker");
+        AddDaytype(store.g.store, store.g.department, store.g.daytypes, store.prompt(), "CA", "Cashier");
+        AddDaytype(store.g.store, store.g.department, store.g.daytypes, store.prompt(), "BK", "Baker");
         LoadDayTypes(store.g.store, store.g.department.CurrentDepNumber, store.g.daytypes);
     }
 };
@@ -56,7 +56,8 @@ TEST_F(Pictures, of_every_screen) {
 
     test::SetBars(store.g, 1, {{96 + 36, 96 + 68}});
     TakeShiftFromDay(store.g.week, 1, store.g.cursor.CurrentDay, store.g.shifts);
-    EXPECT_EQ(AddShift(store.g, store.prompt(), "Morning, long"), SaveResult::Saved);
+    EXPECT_EQ(AddShift(store.g.paths, store.g.department, store.g.shifts, store.prompt(), "Morning, long"),
+              SaveResult::Saved);
     qt::ShiftsForm shifts(store.g, store.ports(), {ListRequest::Add, 1, 1}, nullptr);
     shifts.ShowModeless();
     test::TakePicture(shifts, "Form23-add");

@@ -482,7 +482,7 @@ TEST_F(DepartmentListTest, keeps_the_cut_off_when_an_old_department_names_none) 
     made.AddDepartment("Old", 2);
     StartReady();
     EXPECT_EQ(g.department.DayCutoffQuarters, 20);
-    ChooseDepartment(g, face, 1);
+    ChooseDepartment(g.store, g.departments, g.department, face, 1);
     EXPECT_EQ(g.department.FirstWeekday, 2);
     EXPECT_EQ(g.department.DayCutoffQuarters, 20);
 }
@@ -552,13 +552,13 @@ TEST_F(DepartmentListTest, is_never_offered_to_a_manager) {
 TEST_F(DepartmentListTest, gives_another_department_on_a_choice) {
     AddThree();
     StartReady();
-    ChooseDepartment(g, face, 1);
+    ChooseDepartment(g.store, g.departments, g.department, face, 1);
     EXPECT_EQ(g.department.CurrentDepNumber, dairy);
     EXPECT_EQ(face.Combo1Index, 1);
     EXPECT_EQ(face.Label2, "------ dairy ------");
     EXPECT_EQ(menus["cmdSchedule"].caption, "Schedule dairy");
     EXPECT_EQ(g.department.FirstWeekday, 1);
-    ChooseDepartment(g, face, 0);
+    ChooseDepartment(g.store, g.departments, g.department, face, 0);
     EXPECT_EQ(g.department.FirstWeekday, 3);
     EXPECT_EQ(g.department.DayCutoffQuarters, 5);
     EXPECT_EQ(g.department.EditorOrder, 2);
@@ -568,11 +568,11 @@ TEST_F(DepartmentListTest, stays_on_a_choice_that_is_none) {
     AddThree();
     StartReady();
     for (const int index : {-1, 3, 99}) {
-        ChooseDepartment(g, face, index);
+        ChooseDepartment(g.store, g.departments, g.department, face, index);
         EXPECT_EQ(g.department.CurrentDepNumber, bakery) << index;
     }
     RawFile(File()).Run("DELETE FROM Department WHERE [Dep number] = ?", {std::int64_t{dairy}});
-    ChooseDepartment(g, face, 1);
+    ChooseDepartment(g.store, g.departments, g.department, face, 1);
     EXPECT_EQ(g.department.CurrentDepNumber, bakery);
 }
 
@@ -707,15 +707,15 @@ TEST_F(ConsoleTest, a_workstation_that_may_not_schedule_loses_four_menus_at_each
 TEST_F(ConsoleTest, the_note_of_the_example_department_is_due_once_while_it_is_alone) {
     made.AddDepartment("Example department");
     StartReady();
-    EXPECT_TRUE(ExampleNoteIsDue(g));
+    EXPECT_TRUE(ExampleNoteIsDue(g.department, g.departments, g.application));
     g.application.ExampleNoteShown = true;
-    EXPECT_FALSE(ExampleNoteIsDue(g));
+    EXPECT_FALSE(ExampleNoteIsDue(g.department, g.departments, g.application));
     g.application.ExampleNoteShown = false;
     g.departments.DepartmentCount = 2;
-    EXPECT_FALSE(ExampleNoteIsDue(g));
+    EXPECT_FALSE(ExampleNoteIsDue(g.department, g.departments, g.application));
     g.departments.DepartmentCount = 1;
     g.department.CurrentDepName = "Bakery";
-    EXPECT_FALSE(ExampleNoteIsDue(g));
+    EXPECT_FALSE(ExampleNoteIsDue(g.department, g.departments, g.application));
 }
 
 TEST(ExampleNote, tells_what_to_do_in_the_words_of_the_department) {
