@@ -23,7 +23,7 @@ Twips ToTwips(double pixels);
 /// A box in logical pixels whose edges fall on device pixels of `device`, so that it is sharp at any scale.
 QRectF SharpRect(const TwipsBox& box, const QPaintDevice& device);
 
-/// A colour number of the system; the two names of desktop colours give the palette's.
+/// A colour number; the two names of desktop colours give the palette's.
 QColor ToColor(Colour colour);
 
 inline QString ToQString(const std::string& text) {

@@ -103,7 +103,7 @@ struct Packed {
     bool known = true;
 };
 
-TEST_F(DepartmentsTest, unpack_the_first_weekday_with_the_rule_of_the_older_format) {
+TEST_F(DepartmentsTest, unpack_a_first_weekday_with_or_without_a_cut_off) {
     g.department.DayCutoffQuarters = 7; // of the time before
     const std::vector<Packed> table{
         {std::int64_t{304}, 3, 4}, {std::int64_t{100}, 1, 0},    {std::int64_t{732}, 7, 32},

@@ -313,7 +313,7 @@ TEST_F(EmployeeRecordTest, every_field_is_stored_and_comes_back) {
               "+1 440 555 0171|000-00-0101|1|4|14|elisabeth.anderson-lindqvist@example.com");
 }
 
-TEST_F(EmployeeRecordTest, empty_boxes_are_stored_by_their_rules) {
+TEST_F(EmployeeRecordTest, empty_boxes_are_stored_as_blank_null_or_zero) {
     ASSERT_EQ(Add(Named("Clark")), SaveResult::Saved);
     EXPECT_EQ(StoredText(3, "Pay"), "0") << "the box never had the focus";
     EXPECT_EQ(StoredText(3, "Email"), " ");

@@ -16,7 +16,7 @@ QuarterSet Covered(const BarList& bars);
 /// The runs of a set as bars, 35 at most.
 BarList RunsOf(const QuarterSet& quarters);
 
-/// What a day's stored bytes say by their rule, as quarters of the week when they stand on a day 1 to 8.
+/// A day's stored bytes read one by one, as quarters of the week when they stand on a day 1 to 8.
 QuarterSet StatedReading(const std::string& bytes, int day);
 
 /// Bars anywhere in the eight days, in no order, overlapping as they come.

@@ -22,7 +22,7 @@ dao::Value FieldOf(dao::Database& db, const std::string& table, const std::strin
 void PutField(dao::Database& db, const std::string& table, const std::string& key, std::int64_t is,
               const std::string& field, const dao::Value& value);
 
-/// Runs a statement on the file as another program would, past the rules of the fields. Throws
+/// Runs a statement on the file as another program would, without the widths and types of fields. Throws
 /// std::runtime_error.
 void RunAsAnotherProgram(const dao::Database& db, const std::string& sql);
 

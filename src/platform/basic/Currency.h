@@ -1,4 +1,4 @@
-// Money as the system keeps it: a whole number of ten-thousandths, and wages in fourths of those.
+// Money: a whole number of ten-thousandths, and wages in fourths of those.
 #pragma once
 
 #include <compare>

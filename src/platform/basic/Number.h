@@ -1,4 +1,4 @@
-// Arithmetic as the rules of the system count it: division that truncates, rounding half to even, the
+// The arithmetic of hours, money and texts with numbers: division that truncates, rounding half to even, the
 // leading-number parse, and numbers as text.
 #pragma once
 

@@ -1,11 +1,11 @@
-// Colours as the system writes them: numbers of the form &HBBGGRR, and the palette of sixteen.
+// Colours as numbers, red in the lowest byte, and the palette of sixteen.
 #pragma once
 
 #include <cstdint>
 
 namespace tvx {
 
-/// A colour, &HBBGGRR: 255 is red. Negative values of the old form &H800000nn name a colour of the desktop.
+/// A colour: red, above it green, then blue. 0x800000nn is colour nn of the desktop instead.
 using Colour = std::uint32_t;
 
 /// Colour from its parts, each 0 to 255.

@@ -1,4 +1,4 @@
-// Text as the system handles it: UTF-8 strings, counted in characters where people count, compared by
+// Text: UTF-8 strings, counted in characters where people count, compared by
 // character code.
 #pragma once
 

@@ -1,4 +1,4 @@
-// What the database engine can refuse, by the numbers that the system dispatches on.
+// What the database engine can refuse, by the numbers that decide what comes next.
 #pragma once
 
 #include <stdexcept>
@@ -6,7 +6,7 @@
 
 namespace tvx::dao {
 
-/// Error numbers of the engine that any part of the system names or shows.
+/// Numbers of trouble that something is decided by or that a box shows.
 namespace error {
 constexpr int PermissionDenied = 70;
 constexpr int NoCurrentRecord = 3021;

@@ -11,8 +11,8 @@ enum class FieldType {
     Text,     // at most `width` characters; compares and sorts without case
     Memo,     // text of any length
     TimeText, // `width` bytes of codes 32 to 128
-    Integer,  // 16 bits in the rules, kept wider here
-    Long,     // 32 bits in the rules
+    Integer,  // a whole number, meant to be small
+    Long,     // a whole number
     Single,
     Double,
     Boolean,    // -1 or 0, never Null

@@ -63,7 +63,7 @@ class Recordset {
 
     /// Both are true on an empty set.
     bool BOF();
-    bool AtEnd(); // the end-of-file mark; its old name is a macro of the C library
+    bool AtEnd(); // the end-of-file mark; named so because EOF is a macro of the C library
     /// Records of a table; of a select, the records visited so far: MoveLast first.
     std::int64_t RecordCount() const;
 

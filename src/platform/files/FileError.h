@@ -6,7 +6,7 @@
 
 namespace tvx {
 
-/// The numbers by which the system speaks of file trouble.
+/// The numbers by which a box tells of file trouble.
 enum class FileErrorNumber : int {
     FileNotFound = 53,
     AlreadyOpen = 55,

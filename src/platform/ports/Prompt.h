@@ -26,7 +26,7 @@ constexpr int Information = 64;
 /// What a person answered, by the number that a box gives back.
 enum class Answer { Ok = 1, Cancel = 2, Abort = 3, Retry = 4, Ignore = 5, Yes = 6, No = 7 };
 
-/// Shapes of the mouse pointer, by the numbers that stand for them in the system.
+/// Shapes of the mouse pointer.
 enum class Pointer {
     Default = 0,
     Arrow = 1,

@@ -1,5 +1,5 @@
-// The shared conversions between day serials, quarters of an hour, and text for people. Their blanks and
-// their oddities reach every display.
+// The shared conversions between day serials, quarters of an hour, and text for people. Blanks that
+// pad a text are part of it: columns on screen and paper line up by them.
 #pragma once
 
 #include "platform/basic/Currency.h"

@@ -16,7 +16,7 @@ struct ApplicationRow {
     std::string timeFormat = "0";
     std::string underAge = "16";
     std::string dayOvertime = "96";
-    std::string weekOvertime = "672)"; // the bracket does no harm: only the leading number is ever used
+    std::string weekOvertime = "672)"; // only the leading number is ever used
     std::string openShared;            // "S" when the database is opened shared
     std::string password;              // the general manager's, in clear; "" is no protection
     std::optional<int> version;        // of the schema

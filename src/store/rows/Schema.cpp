@@ -54,7 +54,7 @@ TableDef Department() {
             {}};
 }
 
-// Reports read these by position: the order is part of the contract.
+// In the order of the files that people have: a new field goes behind the last.
 TableDef Employee() {
     return {"Employee",
             {{"Last name", FieldType::Text, 18},

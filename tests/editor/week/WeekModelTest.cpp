@@ -217,7 +217,7 @@ BarList Remaining(int start, int stop, int day) {
     return {};
 }
 
-TEST_F(DaysOffTest, leave_exactly_what_the_rule_leaves) {
+TEST_F(DaysOffTest, cut_a_bar_that_begins_or_ends_within_them_and_drop_any_other_on_them) {
     test::Random random;
     SCOPED_TRACE(random.Trace());
     for (int round = 0; round < 5000; ++round) {

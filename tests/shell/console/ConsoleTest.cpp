@@ -578,7 +578,7 @@ TEST_F(DepartmentListTest, stays_on_a_choice_that_is_none) {
 
 // --- menus and captions -----------------------------------------------------------------------------------
 
-TEST(ConsoleMenus, stand_with_the_captions_of_their_design) {
+TEST(ConsoleMenus, have_captions_of_their_own_before_a_department_is_known) {
     const std::pair<const char*, const char*> captions[] = {
         {"Fi", "&File"},
         {"Compact", "&Compact database"},
