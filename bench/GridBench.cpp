@@ -109,7 +109,7 @@ void SelectDayPair(const std::shared_ptr<Editor>& editor, const std::shared_ptr<
             const Drawing lanes = LanesOf(*editor);
             Drawing ruler;
             const auto widthOf = [](const std::string& text) { return static_cast<Twips>(text.size()) * 90; };
-            DrawHourRuler(editor->g().grid, 0, editor->g().application, widthOf, ruler);
+            DrawHourRuler(editor->g().grid, 0, editor->g().application.options.ClockStyle, widthOf, ruler);
             DrawTickMarks(editor->g().grid, ruler);
             return FillBare(*editor, *image, lanes, ruler);
         });

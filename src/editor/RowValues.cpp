@@ -22,8 +22,8 @@ constexpr int OptionHireDate = 12;
 constexpr int FirstYearShown = 1900;
 constexpr ValueColours Overtime{QBColor(15), QBColor(12)};
 
-std::string TimeText(const ApplicationState& application, int quarters) {
-    return QuartersToTextShort(quarters, application.Settings[setting::TimeFormat]);
+std::string TimeText(const Options& options, int quarters) {
+    return QuartersToTextShort(quarters, options.TimeFormat);
 }
 
 std::string WageText(const Roster& roster, const Rights& rights, int e, int quarters, const char* salaried) {
@@ -73,11 +73,11 @@ std::array<Colour, 8> DaySquares(const Roster& roster, const Week& week, int e) 
 std::string SingleText(const GlobalState& g, int e, const Region& region) {
     switch (g.grid.ShowOption) {
     case OptionDayTime:
-        return TimeText(g.application, g.week.DayQuarters[e]);
+        return TimeText(g.application.options, g.week.DayQuarters[e]);
     case OptionDayWages:
         return WageText(g.roster, g.rights, e, g.week.DayQuarters[e], "Salary ");
     case OptionWeekTime:
-        return TimeText(g.application, g.week.WeekQuarters[e]);
+        return TimeText(g.application.options, g.week.WeekQuarters[e]);
     case OptionWeekWages:
         return WageText(g.roster, g.rights, e, g.week.WeekQuarters[e], "Salary ");
     case OptionId:
@@ -99,8 +99,8 @@ void FillPair(const GlobalState& g, int e, RowValues& values) {
     values.pair = true;
     values.align = Align::Right;
     if (g.grid.ShowOption == OptionBothTimes) {
-        values.day = " " + TimeText(g.application, g.week.DayQuarters[e]);
-        values.week = " " + TimeText(g.application, g.week.WeekQuarters[e]);
+        values.day = " " + TimeText(g.application.options, g.week.DayQuarters[e]);
+        values.week = " " + TimeText(g.application.options, g.week.WeekQuarters[e]);
     } else {
         values.day = WageText(g.roster, g.rights, e, g.week.DayQuarters[e], "Salary  ");
         values.week = WageText(g.roster, g.rights, e, g.week.WeekQuarters[e], "Salary  ");
@@ -111,8 +111,8 @@ void FillPair(const GlobalState& g, int e, RowValues& values) {
 /// does.
 void ColourRowValues(const GlobalState& g, int e, RowValues& values) {
     const int option = g.grid.ShowOption;
-    const bool dayOver = IsOverDayLimit(g.week, g.application, e);
-    const bool weekOver = IsOverWeekLimit(g.week, g.application, e);
+    const bool dayOver = IsOverDayLimit(g.week, g.application.options, e);
+    const bool weekOver = IsOverWeekLimit(g.week, g.application.options, e);
     if (values.pair) {
         values.dayColours = dayOver ? Overtime : ValueColours{QBColor(0), QBColor(15)};
         values.weekColours = weekOver ? Overtime : ValueColours{QBColor(12), QBColor(14)};

@@ -188,7 +188,7 @@ bool AskAndDeleteDepartment(GlobalState& g, Prompt& prompt) {
     return true;
 }
 
-std::array<std::string, MostCutoffQuarters + 1> CutoffTexts(const std::string& clockStyle) {
+std::array<std::string, MostCutoffQuarters + 1> CutoffTexts(ClockStyle clockStyle) {
     std::array<std::string, MostCutoffQuarters + 1> texts;
     for (int quarter = 0; quarter <= MostCutoffQuarters; ++quarter)
         texts[quarter] = QuarterToClockText(quarter, clockStyle);

@@ -55,6 +55,6 @@ void DeleteDepartment(const Store& store, const Department& department);
 bool AskAndDeleteDepartment(GlobalState& g, Prompt& prompt);
 
 /// The times that a business day can begin at, by the clock of the options: [0..32].
-std::array<std::string, MostCutoffQuarters + 1> CutoffTexts(const std::string& clockStyle);
+std::array<std::string, MostCutoffQuarters + 1> CutoffTexts(ClockStyle clockStyle);
 
 } // namespace tvx

@@ -16,12 +16,8 @@ namespace {
 constexpr std::array<int, 4> LaborCodes{0, 1, 2, 4}; // code 3 was never given
 constexpr int GreatestBarColor = 14;
 
-int DefaultBarColor(const ApplicationState& application) {
-    return static_cast<int>(RoundHalfToEven(Val(application.Settings[setting::BarColor])));
-}
-
-int ColorOf(const std::optional<int>& stored, const ApplicationState& application) {
-    const int color = stored.value_or(DefaultBarColor(application));
+int ColorOf(const std::optional<int>& stored, const Options& options) {
+    const int color = stored.value_or(options.BarColor);
     return color < 0 || color > GreatestBarColor ? 2 : color;
 }
 
@@ -131,9 +127,9 @@ const std::array<EmployeeBox, box_of::Last + 1>& EmployeeBoxes() {
     return boxes;
 }
 
-EmployeeRecord NewEmployeeRecord(const ApplicationState& application) {
+EmployeeRecord NewEmployeeRecord(const Options& options) {
     EmployeeRecord record;
-    record.barColor = ColorOf(std::nullopt, application);
+    record.barColor = ColorOf(std::nullopt, options);
     return record;
 }
 
@@ -148,7 +144,7 @@ EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& ap
     record.hourly = row->wageOrSal != 0;
     record.active = row->active;
     record.laborOption = LaborOptionOf(row->laborType);
-    record.barColor = ColorOf(row->barColor, application);
+    record.barColor = ColorOf(row->barColor, application.options);
     record.absence = DecodeAbsence(row->availStart, row->availStop);
     return record;
 }
@@ -211,13 +207,12 @@ std::optional<std::string> NormalizedDate(const std::string& text, const GlobalS
 }
 
 std::string UnderAgeNotice(const std::string& birthDate, const GlobalState& g, const Ports& ports) {
-    const std::string& age = g.application.Settings[setting::UnderAge];
+    const AgeLimit& age = g.application.options.UnderAge;
     const auto birth = DateValue(birthDate, ports.region, ports.clock.Today());
     if (!birth) return "";
     const DateParts today = PartsOf(ports.clock.Today());
-    const int years = static_cast<int>(std::clamp<std::int64_t>(RoundHalfToEven(Val(age)), 0, 1000));
-    const DaySerial limit = SerialFromParts(today.year - years, today.month, today.day);
-    return *birth > limit ? g.department.EmployeeNameSingle + " is under the age of " + age + "." : "";
+    const DaySerial limit = SerialFromParts(today.year - age.years, today.month, today.day);
+    return *birth > limit ? g.department.EmployeeNameSingle + " is under the age of " + age.text + "." : "";
 }
 
 std::string DateHint(const GlobalState& g, const Ports& ports) {

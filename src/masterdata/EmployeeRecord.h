@@ -56,7 +56,7 @@ struct EmployeeRecord {
 };
 
 /// An empty record with the options' bar colour.
-EmployeeRecord NewEmployeeRecord(const ApplicationState& application);
+EmployeeRecord NewEmployeeRecord(const Options& options);
 
 /// The stored record of an employee. Throws DaoError; 3021 when it is gone.
 EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& application,

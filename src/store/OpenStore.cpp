@@ -1,7 +1,6 @@
 #include "store/OpenStore.h"
 
 #include "platform/basic/Number.h"
-#include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "platform/files/Folder.h"
 #include "store/FirstDatabase.h"
@@ -11,33 +10,12 @@
 namespace tvx {
 namespace {
 
-void TakeSettings(const ApplicationRow& row, ApplicationState& application) {
-    auto& settings = application.Settings;
-    settings[setting::ClockStyle] = Trim(row.clockStyle);
-    settings[setting::StartHour] = Trim(row.startHour);
-    settings[setting::BarColor] = Trim(row.barColor);
-    settings[setting::TimeFormat] = Trim(row.timeFormat);
-    settings[setting::UnderAge] = Trim(row.underAge);
-    settings[setting::DayOvertime] = Trim(row.dayOvertime);
-    settings[setting::WeekOvertime] = Trim(row.weekOvertime);
-    application.OpenShared = !Trim(row.openShared).empty();
-    application.GeneralManagerPassword = row.password;
-}
-
 ApplicationRow DefaultRow(const ScreenState& screen) {
     ApplicationRow row;
     row.startHour = TrimmedNumber(24 - screen.VisibleHours);
     row.weekOvertime = "672";
     row.openShared = "S";
     return row;
-}
-
-void ApplySettings(ApplicationState& application) {
-    auto& settings = application.Settings;
-    if (Val(settings[setting::StartHour]) < 0) settings[setting::StartHour] = "4";
-    application.StartHour = static_cast<int>(RoundHalfToEven(Val(settings[setting::StartHour])));
-    application.DefaultBarColor =
-        QBColor(static_cast<int>(RoundHalfToEven(Val(settings[setting::BarColor]))));
 }
 
 void Authorise(const ApplicationState& application, Rights& rights) {
@@ -58,7 +36,8 @@ void BringToVersion(dao::Database& database) {
 void ReadSettings(dao::Database& database, const ScreenState& screen, ApplicationState& application) {
     std::optional<ApplicationRow> row = ReadApplicationRow(database);
     if (!row) AddApplicationRow(database, row.emplace(DefaultRow(screen)));
-    TakeSettings(*row, application);
+    application.options = OptionsOf(*row);
+    application.GeneralManagerPassword = row->password;
 }
 
 void OpenStore(GlobalState& g, DaySerial today) {
@@ -68,7 +47,6 @@ void OpenStore(GlobalState& g, DaySerial today) {
     RequireUsableFile(database);
     ReadSettings(database, g.screen, g.application);
     Authorise(g.application, g.rights);
-    ApplySettings(g.application);
     BringToVersion(database);
 }
 

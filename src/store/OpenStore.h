@@ -10,8 +10,8 @@ namespace tvx {
 /// what was opened is then still open.
 void OpenStore(GlobalState& g, DaySerial today);
 
-/// Reads the options from the one row of `Application` into the state, each with its default; writes the row
-/// with the defaults when there is none. Throws DaoError.
+/// Reads the options and the general manager's password from the one row of `Application` into the state,
+/// each with its default; writes the row with the defaults when there is none. Throws DaoError.
 void ReadSettings(dao::Database& database, const ScreenState& screen, ApplicationState& application);
 
 } // namespace tvx

@@ -24,9 +24,9 @@ class RowValuesTest : public testing::Test {
         return ShowRowValues(g, e, region);
     }
     std::string Single(int option, int e = 1) { return Values(option, e).single; }
-    void SetLimits(const std::string& day, const std::string& week) {
-        g.application.Settings[setting::DayOvertime] = day;
-        g.application.Settings[setting::WeekOvertime] = week;
+    void SetLimits(int day, int week) {
+        g.application.options.DayOvertime = day;
+        g.application.options.WeekOvertime = week;
     }
 };
 
@@ -88,7 +88,7 @@ TEST_F(RowValuesTest, times_and_wages_of_day_and_week) {
     EXPECT_EQ(Single(4), "119.63");
     EXPECT_EQ(Single(1, 2), " 0:00");
     EXPECT_EQ(Single(2, 2), ".00");
-    g.application.Settings[setting::TimeFormat] = "1";
+    g.application.options.TimeFormat = TimeFormat::Hundredths;
     EXPECT_EQ(Single(1), " 8:50");
 }
 
@@ -167,23 +167,23 @@ TEST_F(RowValuesTest, each_option_has_its_colours) {
 }
 
 TEST_F(RowValuesTest, the_first_four_options_turn_red_above_either_limit) {
-    for (const auto& [day, week] : {std::pair{"33", "672"}, {"96", "65"}, {"33", "65"}}) {
+    for (const auto& [day, week] : {std::pair{33, 672}, {96, 65}, {33, 65}}) {
         SetLimits(day, week);
         for (const int option : {1, 2, 3, 4})
             EXPECT_EQ(Values(option).singleColours, WhiteOnRed) << day << " " << option;
         for (const int option : {5, 6, 10, 11, 12})
             EXPECT_NE(Values(option).singleColours, WhiteOnRed) << option;
     }
-    SetLimits("34", "66"); // an exact hit of both
+    SetLimits(34, 66); // an exact hit of both
     for (const int option : {1, 2, 3, 4}) EXPECT_NE(Values(option).singleColours, WhiteOnRed) << option;
 }
 
 TEST_F(RowValuesTest, of_two_values_each_turns_red_by_its_own_limit) {
     for (const int option : {7, 8}) {
-        SetLimits("33", "66");
+        SetLimits(33, 66);
         EXPECT_EQ(Values(option).dayColours, WhiteOnRed);
         EXPECT_NE(Values(option).weekColours, WhiteOnRed);
-        SetLimits("34", "65");
+        SetLimits(34, 65);
         EXPECT_NE(Values(option).dayColours, WhiteOnRed);
         EXPECT_EQ(Values(option).weekColours, WhiteOnRed);
     }

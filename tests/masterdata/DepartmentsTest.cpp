@@ -135,13 +135,13 @@ TEST_F(DepartmentsTest, that_another_workstation_deleted_say_so_when_they_are_op
 }
 
 TEST_F(DepartmentsTest, offer_33_times_from_midnight_to_8_for_the_cut_off) {
-    const auto texts = CutoffTexts("12");
+    const auto texts = CutoffTexts(ClockStyle::TwelveHours);
     ASSERT_EQ(texts.size(), 33U);
     EXPECT_EQ(texts[0], " Midn. ");
     EXPECT_EQ(texts[1], "12:15am");
     EXPECT_EQ(texts[4], " 1:00am");
     EXPECT_EQ(texts[32], " 8:00am");
-    EXPECT_EQ(CutoffTexts("24")[34 / 2], "  4:15 ");
+    EXPECT_EQ(CutoffTexts(ClockStyle::TwentyFourHours)[34 / 2], "  4:15 ");
 }
 
 // ---- adding ----

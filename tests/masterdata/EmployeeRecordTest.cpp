@@ -3,6 +3,7 @@
 #include "editor/week/RosterBuilder.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
+#include "store/rows/ApplicationRow.h"
 #include "support/OtherWorkstation.h"
 #include "support/Rows.h"
 #include "support/TestStore.h"
@@ -42,7 +43,7 @@ class EmployeeRecordTest : public testing::Test {
         return SaveEmployeeRecord(g.store, g.department, store.ports(), record);
     }
     EmployeeRecord Named(const std::string& lastName) {
-        EmployeeRecord record = NewEmployeeRecord(g.application);
+        EmployeeRecord record = NewEmployeeRecord(g.application.options);
         record.Text2[box_of::LastName] = lastName;
         return record;
     }
@@ -270,14 +271,14 @@ TEST_F(EmployeeRecordTest, a_date_stays_the_same_when_its_shown_form_is_read_aga
 // ---- adding ----
 
 TEST_F(EmployeeRecordTest, a_new_one_is_hourly_active_and_of_the_options_colour) {
-    g.application.Settings[setting::BarColor] = "6";
-    const EmployeeRecord record = NewEmployeeRecord(g.application);
+    g.application.options.BarColor = 6;
+    const EmployeeRecord record = NewEmployeeRecord(g.application.options);
     EXPECT_TRUE(record.hourly && record.active);
     EXPECT_EQ(record.laborOption, 0);
     EXPECT_EQ(record.barColor, 6);
     EXPECT_EQ(record.absence, Absence());
-    g.application.Settings[setting::BarColor] = "15";
-    EXPECT_EQ(NewEmployeeRecord(g.application).barColor, 2);
+    g.application.options.BarColor = 15;
+    EXPECT_EQ(NewEmployeeRecord(g.application.options).barColor, 2);
 }
 
 TEST_F(EmployeeRecordTest, every_field_is_stored_and_comes_back) {
@@ -390,7 +391,7 @@ TEST_F(EmployeeRecordTest, stored_labor_types_without_an_option_choose_none) {
 }
 
 TEST_F(EmployeeRecordTest, stored_colours_beyond_the_palette_become_green) {
-    g.application.Settings[setting::BarColor] = "5";
+    g.application.options.BarColor = 5;
     for (const auto& [stored, shown] : std::vector<std::pair<dao::Value, int>>{{std::int64_t{1}, 1},
                                                                                {std::int64_t{14}, 14},
                                                                                {std::int64_t{15}, 2},
@@ -572,7 +573,7 @@ TEST_F(EmployeeRecordTest, a_text_that_does_not_fit_is_refused_whole) {
 // ---- notices and titles ----
 
 TEST_F(EmployeeRecordTest, somebody_is_under_age_until_the_day_before_the_birthday) {
-    g.application.Settings[setting::UnderAge] = "16";
+    g.application.options.UnderAge = {16, "16"};
     g.department.EmployeeNameSingle = "Associate";
     const auto notice = [&](const std::string& birth) { return UnderAgeNotice(birth, g, store.ports()); };
     EXPECT_EQ(notice("6-Mar-2010"), "Associate is under the age of 16.");
@@ -584,7 +585,7 @@ TEST_F(EmployeeRecordTest, somebody_is_under_age_until_the_day_before_the_birthd
 }
 
 TEST_F(EmployeeRecordTest, somebody_born_on_29_February_comes_of_age_on_that_day_or_the_next) {
-    g.application.Settings[setting::UnderAge] = "17";
+    g.application.options.UnderAge = {17, "17"};
     store.script.clock.Set(SerialFromParts(2025, 2, 28));
     EXPECT_NE(UnderAgeNotice("29-Feb-2008", g, store.ports()), "");
     store.script.clock.Set(SerialFromParts(2025, 3, 1));
@@ -595,8 +596,12 @@ TEST_F(EmployeeRecordTest, somebody_born_on_29_February_comes_of_age_on_that_day
 
 TEST_F(EmployeeRecordTest, an_age_that_is_no_number_is_0) {
     for (const char* age : {"", "abc", "-3"}) {
-        g.application.Settings[setting::UnderAge] = age;
+        ApplicationRow row;
+        row.underAge = age;
+        g.application.options = OptionsOf(row);
         EXPECT_EQ(UnderAgeNotice("1-Jan-2020", g, store.ports()), "") << age;
+        EXPECT_EQ(UnderAgeNotice("1-Jan-2030", g, store.ports()),
+                  g.department.EmployeeNameSingle + " is under the age of " + age + ".");
     }
 }
 

@@ -93,7 +93,7 @@ void MakeRoster(GlobalState& g, int people) {
     r.AvailabilityStops.assign(size, {});
     NewWeek(g, people);
     g.totals = {};
-    g.application.Settings = {"", "", "12", "0", "2", "0", "", "16", "96", "672"};
+    g.application.options = {};
     g.screen = {1920 * 15, 1080 * 15 - 150, 24};
 }
 

@@ -31,15 +31,15 @@ void SetScrollRange(Grid& grid, int cutoff, int startHour) {
     grid.FirstQuarter = std::clamp(wanted, grid.MinFirstQuarter, grid.MaxFirstQuarter);
 }
 
-std::string HourText(const ApplicationState& application, int hourOfDay) {
-    return Trim(QuarterToClockText(hourOfDay * 4, application.Settings[setting::ClockStyle]));
+std::string HourText(ClockStyle clockStyle, int hourOfDay) {
+    return Trim(QuarterToClockText(hourOfDay * 4, clockStyle));
 }
 
 /// Every how many hours a text has room: a divisor of the day.
-int HoursBetweenTexts(const Grid& grid, const ApplicationState& application, const TextWidth& widthOf) {
+int HoursBetweenTexts(const Grid& grid, ClockStyle clockStyle, const TextWidth& widthOf) {
     constexpr Twips Gap = 90;
     Twips widest = 0;
-    for (int hour = 0; hour < 24; ++hour) widest = std::max(widest, widthOf(HourText(application, hour)));
+    for (int hour = 0; hour < 24; ++hour) widest = std::max(widest, widthOf(HourText(clockStyle, hour)));
     for (const int step : {1, 2, 3, 4})
         if (widest + Gap <= step * 4 * grid.QuarterWidth) return step;
     return 6;
@@ -60,7 +60,7 @@ void SetGridGeometry(Grid& grid, const ScreenState& screen, int rows, int cutoff
 
 void SetGridGeometry(GlobalState& g) {
     SetGridGeometry(g.grid, g.screen, g.roster.EmployeeCount, g.department.DayCutoffQuarters,
-                    g.application.StartHour);
+                    g.application.options.StartHour);
     g.cursor.TopRow = 0;
     g.cursor.LastFocusRow = 1;
 }
@@ -81,8 +81,8 @@ void FillOnGrid(Drawing& drawing, const Grid& grid, const TwipsBox& box, Colour 
     if (from < to) drawing.boxes.push_back({{from, box.top, to, box.bottom}, colour});
 }
 
-void DrawHourRuler(const Grid& grid, int cutoffQuarters, const ApplicationState& application,
-                   const TextWidth& widthOf, Drawing& drawing) {
+void DrawHourRuler(const Grid& grid, int cutoffQuarters, ClockStyle clockStyle, const TextWidth& widthOf,
+                   Drawing& drawing) {
     constexpr Twips BandHeight = 280;
     constexpr Twips MidnightGap = 30;
     const Twips boundary = DayBoundaryX(grid);
@@ -92,11 +92,11 @@ void DrawHourRuler(const Grid& grid, int cutoffQuarters, const ApplicationState&
     };
     band(0, parted ? boundary - MidnightGap : grid.GridWidth);
     if (parted) band(boundary + MidnightGap, grid.GridWidth);
-    const int step = HoursBetweenTexts(grid, application, widthOf);
+    const int step = HoursBetweenTexts(grid, clockStyle, widthOf);
     for (int column = FirstHourColumn(grid); column <= grid.HoursShown * 4; column += 4) {
         const int hour = (grid.FirstQuarter + column) / 4 % 24;
         if (hour % step != 0) continue;
-        drawing.texts.push_back({column * grid.QuarterWidth, 40, HourText(application, hour), QBColor(15)});
+        drawing.texts.push_back({column * grid.QuarterWidth, 40, HourText(clockStyle, hour), QBColor(15)});
     }
 }
 
@@ -111,10 +111,9 @@ void DrawTickMarks(const Grid& grid, Drawing& drawing) {
     }
 }
 
-std::string EndOfDayCaption(int cutoffQuarters, const ApplicationState& application) {
+std::string EndOfDayCaption(int cutoffQuarters, ClockStyle clockStyle) {
     if (cutoffQuarters == 0) return "Midnight";
-    const std::string time =
-        Trim(QuarterToClockText(cutoffQuarters, application.Settings[setting::ClockStyle]));
+    const std::string time = Trim(QuarterToClockText(cutoffQuarters, clockStyle));
     return time == "Midn." ? "Midnight" : time;
 }
 

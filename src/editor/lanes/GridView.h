@@ -61,11 +61,11 @@ using TextWidth = std::function<Twips(const std::string&)>;
 
 /// The ruler: its band, the hours' texts, and the ticks. Where hours are narrower than their texts, only
 /// every second, third, fourth or sixth is written.
-void DrawHourRuler(const Grid& grid, int cutoffQuarters, const ApplicationState& application,
-                   const TextWidth& widthOf, Drawing& drawing);
+void DrawHourRuler(const Grid& grid, int cutoffQuarters, ClockStyle clockStyle, const TextWidth& widthOf,
+                   Drawing& drawing);
 void DrawTickMarks(const Grid& grid, Drawing& drawing);
 
 /// Captions of the jumps to both ends of the day: "Midnight", or the time of the cut-off.
-std::string EndOfDayCaption(int cutoffQuarters, const ApplicationState& application);
+std::string EndOfDayCaption(int cutoffQuarters, ClockStyle clockStyle);
 
 } // namespace tvx

@@ -16,14 +16,14 @@ constexpr int CutoffWithRoomForText = 6; // quarters; a narrower part of the nex
 
 LaneView::LaneView(const Lanes& lanes, const BarDrag& drag, const GlobalState& g)
     : lanes_(lanes), drag_(drag), week_(g.week), roster_(g.roster), department_(g.department),
-      application_(g.application) {}
+      options_(g.application.options) {}
 
 Twips LaneView::XOf(const LaneDay& lane, WeekQuarter quarter) const {
     return quarter * lanes_.Geometry().QuarterWidth - lanes_.ScrollX(lane.day);
 }
 
 std::string LaneView::ClockText(int dayQuarter) const {
-    return Trim(QuarterToClockText(dayQuarter, application_.Settings[setting::ClockStyle]));
+    return Trim(QuarterToClockText(dayQuarter, options_.ClockStyle));
 }
 
 void LaneView::DrawRow(int row, Drawing& drawing) const {

@@ -40,7 +40,7 @@ class LaneView {
     const Week& week_;
     const Roster& roster_;
     const Department& department_;
-    const ApplicationState& application_;
+    const Options& options_;
 };
 
 } // namespace tvx

@@ -148,7 +148,8 @@ void MainEditorForm::BuildEndsOfDay(QWidget& sheet) {
     constexpr Twips JumpWidth = 840;
     const auto jump = [&](const char* name, const char* tip, Twips left) {
         auto& button = Add<LabelButton>(name, tip, &sheet);
-        button.setText(ToQString(EndOfDayCaption(g_.department.DayCutoffQuarters, g_.application)));
+        button.setText(
+            ToQString(EndOfDayCaption(g_.department.DayCutoffQuarters, g_.application.options.ClockStyle)));
         button.setToolTip(QLatin1String(tip));
         button.setFont(RowFont(button));
         Place(button, left, 0, JumpWidth, 225);

@@ -94,7 +94,7 @@ void MainEditorForm::ShowTotals() {
 }
 
 void MainEditorForm::RefreshTotalsLabels() {
-    const auto texts = TotalsTexts(g_.totals, g_.rights, g_.application);
+    const auto texts = TotalsTexts(g_.totals, g_.rights, g_.application.options.TimeFormat);
     for (int i = 0; i < 4; ++i) Label15[i].SetText(texts[i]);
 }
 
@@ -141,7 +141,7 @@ void MainEditorForm::PaintRuler(QPainter& painter) const {
     };
     const int cutoff = g_.department.DayCutoffQuarters;
     Drawing ruler;
-    DrawHourRuler(g_.grid, cutoff, g_.application, measure(painter.font()), ruler);
+    DrawHourRuler(g_.grid, cutoff, g_.application.options.ClockStyle, measure(painter.font()), ruler);
     PaintDrawing(painter, ruler, origin);
     QFont small = painter.font();
     small.setPointSizeF(HeadcountPoints);

@@ -36,9 +36,9 @@ void ResizeRoster(Roster& r, int count) {
 }
 
 /// Palette index of an employee's bars: the field, else the default of the options; above 14 it is 2.
-int BarColorOf(const std::optional<int>& stored, const std::string& defaultColor) {
-    const std::int64_t color = stored ? *stored : RoundHalfToEven(Val(defaultColor));
-    return color < 0 || color > 14 ? 2 : static_cast<int>(color);
+int BarColorOf(const std::optional<int>& stored, int defaultColor) {
+    const int color = stored.value_or(defaultColor);
+    return color < 0 || color > 14 ? 2 : color;
 }
 
 void FillRow(const EmployeeRow& row, GlobalState& g, int e) {
@@ -58,7 +58,7 @@ void FillRow(const EmployeeRow& row, GlobalState& g, int e) {
     r.RosterBirthDate[e] = row.birthDate.value_or(0);
     r.RosterHireDate[e] = row.hireDate.value_or(0);
     r.RosterLaborType[e] = LaborTypeText(row.laborType);
-    r.RosterBarColor[e] = BarColorOf(row.barColor, g.application.Settings[setting::BarColor]);
+    r.RosterBarColor[e] = BarColorOf(row.barColor, g.application.options.BarColor);
     DecodeAvailability(row.availStart, row.availStop, r, e);
 }
 

@@ -1,7 +1,6 @@
 #include "editor/week/Totals.h"
 
 #include "platform/basic/Format.h"
-#include "platform/basic/Number.h"
 #include "shell/common/Conversions.h"
 
 #include <algorithm>
@@ -55,10 +54,6 @@ void AddWeek(const Week& week, const Payroll& payroll, int e, int sign) {
     totals.TotalWeekQuarters += quarters;
     AddMoney(totals.TotalWeekWages,
              sign * WagesForQuarters(payroll.roster, payroll.rights, e, week.WeekQuarters[e]));
-}
-
-bool IsOver(int quarters, const std::string& limit) {
-    return quarters > Val(limit);
 }
 
 /// Hours that a ratio divides by, from the two kinds of time and the flags that choose among them.
@@ -173,9 +168,7 @@ void SumFigures(DepartmentFigures& figures, Totals& totals) {
     figures.HasDepartmentFigures = totals.SalesDays > 0 || totals.TransactionsTotal > 0;
 }
 
-std::array<std::string, 4> TotalsTexts(const Totals& totals, const Rights& rights,
-                                       const ApplicationState& application) {
-    const std::string& style = application.Settings[setting::TimeFormat];
+std::array<std::string, 4> TotalsTexts(const Totals& totals, const Rights& rights, TimeFormat style) {
     const auto money = [&](double amount) { return rights.HideWages ? "" : " " + Format(amount, ".00"); };
     return {QuartersToText(totals.TotalDayQuarters, style), QuartersToText(totals.TotalWeekQuarters, style),
             money(totals.TotalDayWages), money(totals.TotalWeekWages)};
@@ -202,12 +195,12 @@ std::array<std::string, 6> ProductivityTexts(const GlobalState& g) {
     };
 }
 
-bool IsOverDayLimit(const Week& week, const ApplicationState& application, int e) {
-    return IsOver(week.DayQuarters[e], application.Settings[setting::DayOvertime]);
+bool IsOverDayLimit(const Week& week, const Options& options, int e) {
+    return week.DayQuarters[e] > options.DayOvertime;
 }
 
-bool IsOverWeekLimit(const Week& week, const ApplicationState& application, int e) {
-    return IsOver(week.WeekQuarters[e], application.Settings[setting::WeekOvertime]);
+bool IsOverWeekLimit(const Week& week, const Options& options, int e) {
+    return week.WeekQuarters[e] > options.WeekOvertime;
 }
 
 std::array<int, QuartersPerDay + 1> FillHeadCount(const Week& week, int day, int cutoffQuarters) {
@@ -236,7 +229,7 @@ std::vector<HeadcountFigure> HeadcountFigures(const Week& week, const Grid& grid
 }
 
 TotalsBox WeeklyTotalsBox(const GlobalState& g) {
-    const std::string& style = g.application.Settings[setting::TimeFormat];
+    const TimeFormat style = g.application.options.TimeFormat;
     const auto money = [&](double amount) { return g.rights.HideWages ? "" : Format(amount, ".00"); };
     TotalsBox box;
     box.Label2 = {"", money(g.totals.TotalWeekWages), money(g.TotalSalaries),

@@ -55,8 +55,7 @@ bool SumsAreRight(const Week& week, const Payroll& payroll);
 void SumFigures(DepartmentFigures& figures, Totals& totals);
 
 /// Texts of the totals: 0 day time, 1 week time, 2 day wages, 3 week wages; wages are "" when pay is hidden.
-std::array<std::string, 4> TotalsTexts(const Totals& totals, const Rights& rights,
-                                       const ApplicationState& application);
+std::array<std::string, 4> TotalsTexts(const Totals& totals, const Rights& rights, TimeFormat style);
 
 /// Texts of the labor figures: 0 to 2 the day's labor percentage, sales per hour and transactions per hour,
 /// 3 to 5 the week's. "" where a divisor is 0, for labor also when pay is hidden; the day's labor is "" too
@@ -73,8 +72,8 @@ struct ValueColours {
 
 /// True when an employee's quarters of the day, or of the week, lie above the limit of the options; an exact
 /// hit does not.
-bool IsOverDayLimit(const Week& week, const ApplicationState& application, int employee);
-bool IsOverWeekLimit(const Week& week, const ApplicationState& application, int employee);
+bool IsOverDayLimit(const Week& week, const Options& options, int employee);
+bool IsOverWeekLimit(const Week& week, const Options& options, int employee);
 
 /// People at work in each quarter of a business day: [1..96], 0 stays 0.
 std::array<int, QuartersPerDay + 1> FillHeadCount(const Week& week, int day, int cutoffQuarters);

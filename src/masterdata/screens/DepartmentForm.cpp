@@ -73,7 +73,7 @@ void DepartmentForm::BuildWeek(QHBoxLayout& row) {
     Frame& cutoff = AddFrame("Frame3D4", "Calculate daily statistics between ", row, CutoffHint);
     auto& line = *new QHBoxLayout(&cutoff);
     Combo2 = &Add<QComboBox>("Combo2", "Start of the business day", &cutoff);
-    for (const std::string& text : CutoffTexts(g_.application.Settings[setting::ClockStyle]))
+    for (const std::string& text : CutoffTexts(g_.application.options.ClockStyle))
         Combo2->addItem(ToQString(text));
     line.addWidget(Combo2);
     Label1 = &Add<Label>("Label1", "End of the business day", &cutoff);

@@ -50,7 +50,7 @@ void EmployeeForm::ReadKeys() {
 
 void EmployeeForm::LoadRecord() {
     const EmployeeRecord record =
-        adding_ ? NewEmployeeRecord(g_.application)
+        adding_ ? NewEmployeeRecord(g_.application.options)
                 : LoadEmployeeRecord(g_.store, g_.application, ports_.region, selectedEmployee_);
     setWindowTitle(ToQString(EmployeeTitle(g_.department, adding_)));
     Command2->setVisible(!adding_);
@@ -112,7 +112,7 @@ bool EmployeeForm::Save() {
 
 /// Empties the screen for the next new employee, who is likely to be of the same kind.
 void EmployeeForm::MakeReadyForNext() {
-    EmployeeRecord next = NewEmployeeRecord(g_.application);
+    EmployeeRecord next = NewEmployeeRecord(g_.application.options);
     next.hourly = Option3D2[1].isChecked();
     next.laborOption = Record().laborOption;
     next.barColor = currentBarColor_;

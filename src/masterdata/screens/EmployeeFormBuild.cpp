@@ -270,7 +270,7 @@ void EmployeeForm::PaintSample(QPainter& painter) const {
 }
 
 void EmployeeForm::PaintHours(QPainter& painter) const {
-    const bool twelve = g_.application.Settings[setting::ClockStyle] == "12";
+    const bool twelve = g_.application.options.ClockStyle == ClockStyle::TwelveHours;
     const QFontMetrics metrics = painter.fontMetrics();
     for (int hour = 0; hour <= 24; ++hour) {
         const bool named = hour % 12 == 0;

@@ -92,8 +92,8 @@ SchedulePage LoadSchedulePage(const GlobalState& g, const Ports& ports, const Sc
     page.departmentName = g.department.CurrentDepName;
     page.printedOn = "Printed on: " + ports.region.ShortDate(ports.clock.Today());
     LoadDays(g, ports.region, page);
-    page.clockStyle = g.application.Settings[setting::ClockStyle];
-    page.timeFormat = g.application.Settings[setting::TimeFormat];
+    page.clockStyle = g.application.options.ClockStyle;
+    page.timeFormat = g.application.options.TimeFormat;
     page.cutoffQuarters = g.department.DayCutoffQuarters;
     page.dayOffWord = g.department.DayOffNameSingle;
     page.options = OptionsOfRun(g.reports.options, g.rights);

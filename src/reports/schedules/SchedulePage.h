@@ -2,6 +2,7 @@
 #pragma once
 
 #include "reports/schedules/PrintedPerson.h"
+#include "shell/state/Options.h"
 #include "shell/state/Report.h"
 
 namespace tvx {
@@ -32,8 +33,8 @@ struct SchedulePage {
     std::array<std::string, 8> mediumDates; // 05-Mar-26
     std::array<std::string, 8> weekNumbers; // all "" where the weeks of the year are not counted
     std::array<std::optional<std::string>, 8> memos;
-    std::string clockStyle;
-    std::string timeFormat;
+    ClockStyle clockStyle = ClockStyle::TwelveHours;
+    TimeFormat timeFormat = TimeFormat::Minutes;
     int cutoffQuarters = 0;
     std::string dayOffWord;
     ReportOptions options;                           // never with wages that may not be seen

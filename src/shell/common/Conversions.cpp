@@ -25,8 +25,8 @@ std::string PadLeft(std::string text, std::size_t width) {
 }
 
 /// Hours and a remainder of quarters as "h:mm", at least two characters for either.
-std::string DurationText(long hours, long remainder, std::string_view timeFormat) {
-    const long minutes = std::labs(remainder * (timeFormat == "0" ? 15 : 25));
+std::string DurationText(long hours, long remainder, TimeFormat timeFormat) {
+    const long minutes = std::labs(remainder * (timeFormat == TimeFormat::Minutes ? 15 : 25));
     std::string text = PadLeft(std::to_string(hours), 2);
     text += minutes < 10 ? ":0" : ":";
     return text += std::to_string(minutes);
@@ -86,36 +86,36 @@ void ShowDateHelp(Prompt& prompt, std::string_view dateFormatSetting, const Regi
     prompt.MsgBox(text, box::Ok, "Date error");
 }
 
-std::string HourLabel(int& hour, std::string_view clockStyle) {
+std::string HourLabel(int& hour, ClockStyle clockStyle) {
     if (hour == 0 || hour == 24) {
         hour = 0;
         return "M";
     }
-    return std::to_string(clockStyle == "12" && hour > 12 ? hour - 12 : hour);
+    return std::to_string(clockStyle == ClockStyle::TwelveHours && hour > 12 ? hour - 12 : hour);
 }
 
-std::string QuartersToText(long quarters, std::string_view timeFormat) {
+std::string QuartersToText(long quarters, TimeFormat timeFormat) {
     return DurationText(quarters / 4, quarters % 4, timeFormat);
 }
 
-std::string QuartersToTextShort(int quarters, std::string_view timeFormat) {
+std::string QuartersToTextShort(int quarters, TimeFormat timeFormat) {
     return DurationText(quarters / 4, quarters & 3, timeFormat);
 }
 
-std::string MinutesToClockText(int& minutes, std::string_view clockStyle) {
+std::string MinutesToClockText(int& minutes, ClockStyle clockStyle) {
     if (minutes > 1440) minutes -= 1440;
     if (minutes == 0 || minutes == 1440) return " Midn. ";
     std::string minuteText = ":" + std::to_string(minutes % 60);
     if (minuteText.size() < 3) minuteText += "0";
-    if (clockStyle != "12") return TwentyFourHourText(minutes, minuteText);
+    if (clockStyle == ClockStyle::TwentyFourHours) return TwentyFourHourText(minutes, minuteText);
     if (minutes == 720) return "  Noon ";
     return TwelveHourText(minutes, minuteText);
 }
 
-std::string QuarterToClockText(int quarter, std::string_view clockStyle) {
+std::string QuarterToClockText(int quarter, ClockStyle clockStyle) {
     constexpr int Minutes = 15;
     constexpr int Known = 2 * QuartersPerDay; // a report asks for thousands of them
-    static const auto textsOf = [](std::string_view style) {
+    static const auto textsOf = [](ClockStyle style) {
         std::array<std::string, Known + 1> texts;
         for (int minutes = 0; std::string & text : texts) {
             int asked = minutes;
@@ -124,10 +124,11 @@ std::string QuarterToClockText(int quarter, std::string_view clockStyle) {
         }
         return texts;
     };
-    static const auto twelve = textsOf("12");
-    static const auto twentyFour = textsOf("24");
+    static const auto twelve = textsOf(ClockStyle::TwelveHours);
+    static const auto twentyFour = textsOf(ClockStyle::TwentyFourHours);
     if (quarter >= 0 && quarter <= Known)
-        return (clockStyle == "12" ? twelve : twentyFour)[static_cast<std::size_t>(quarter)];
+        return (clockStyle == ClockStyle::TwelveHours ? twelve
+                                                      : twentyFour)[static_cast<std::size_t>(quarter)];
     int minutes = quarter * Minutes;
     return MinutesToClockText(minutes, clockStyle);
 }

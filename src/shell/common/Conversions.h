@@ -6,8 +6,8 @@
 #include "platform/basic/Date.h"
 #include "platform/ports/Prompt.h"
 #include "platform/ports/Region.h"
-#include "shell/state/ApplicationState.h"
 #include "shell/state/Department.h"
+#include "shell/state/Options.h"
 #include "shell/state/Rights.h"
 #include "shell/state/Week.h"
 
@@ -32,22 +32,22 @@ void ShowDateHelp(Prompt& prompt, std::string_view dateFormatSetting, const Regi
 
 /// Heading of an hour, 0 to 24: "1" to "12" by the 12-hour clock, else "1" to "23"; "M" for 0 and 24, and
 /// the hour becomes 0.
-std::string HourLabel(int& hour, std::string_view clockStyle);
+std::string HourLabel(int& hour, ClockStyle clockStyle);
 
-/// A duration in quarters as hours and minutes, " 8:30", or " 8:50" when `timeFormat` is not "0".
+/// A duration in quarters as hours and minutes, " 8:30", or " 8:50" in hundredths.
 /// -5 quarters are "-1:15".
-std::string QuartersToText(long quarters, std::string_view timeFormat);
+std::string QuartersToText(long quarters, TimeFormat timeFormat);
 
 /// The same, but the remainder of a negative duration counts up: -5 quarters are "-1:45".
-std::string QuartersToTextShort(int quarters, std::string_view timeFormat);
+std::string QuartersToTextShort(int quarters, TimeFormat timeFormat);
 
-/// Time of day, 7 characters wide as a rule, from minutes after midnight, 0 to 2880: " 8:30am" by the "12"
-/// hour clock, "  8:30 " else; " Midn. " and, by the 12-hour clock, "  Noon ". Above 1440 minutes one day is
+/// Time of day, 7 characters wide as a rule, from minutes after midnight, 0 to 2880: " 8:30am" by the 12-hour
+/// clock, "  8:30 " else; " Midn. " and, by the 12-hour clock, "  Noon ". Above 1440 minutes one day is
 /// taken off, in the caller's variable too.
-std::string MinutesToClockText(int& minutes, std::string_view clockStyle);
+std::string MinutesToClockText(int& minutes, ClockStyle clockStyle);
 
 /// The same for a quarter of the day, 0 to 192.
-std::string QuarterToClockText(int quarter, std::string_view clockStyle);
+std::string QuarterToClockText(int quarter, ClockStyle clockStyle);
 
 /// "Bakery,  Week from 1-Mar-2026  to  7-Mar-2026".
 std::string WeekTitle(const Department& department, const Week& week);

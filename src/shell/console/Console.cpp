@@ -1,7 +1,6 @@
 #include "shell/console/Console.h"
 
 #include "editor/week/RosterBuilder.h"
-#include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "platform/files/FileError.h"
@@ -221,8 +220,6 @@ bool ExampleNoteIsDue(const Department& department, const DepartmentList& depart
 }
 
 bool PrepareSchedule(GlobalState& g, Ports& ports) {
-    g.application.StartHour =
-        static_cast<int>(RoundHalfToEven(Val(g.application.Settings[setting::StartHour])));
     try {
         return PrepareRoster(g, ports.prompt);
     } catch (const dao::DaoError& trouble) {

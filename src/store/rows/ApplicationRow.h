@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/dao/Database.h"
+#include "shell/state/Options.h"
 
 #include <optional>
 #include <string>
@@ -26,6 +27,11 @@ struct ApplicationRow {
 
 /// Nothing while the table is empty. Throws DaoError.
 std::optional<ApplicationRow> ReadApplicationRow(dao::Database& database);
+
+/// The options that stored texts stand for; blanks around them do not count. Any clock but "12" is the one of
+/// 24 hours, any time format but "0" hundredths. Of a number only what leads the text counts, a text without
+/// one is 0, and a negative first hour is 4.
+Options OptionsOf(const ApplicationRow& row);
 
 /// Adds the row with its options alone: the file may be an old one, which is brought up to date next.
 /// Throws DaoError.

@@ -40,7 +40,7 @@ class GridViewTest : public testing::Test {
         g.cursor.CurrentDay = 1;
         test::WritableWeek(g).WeekStartJulian = Sunday;
         g.department.DayCutoffQuarters = cutoff;
-        g.application.StartHour = startHour;
+        g.application.options.StartHour = startHour;
         g.screen = {28800, 16200 - 150, hours};
         SetGridGeometry(g);
         g.grid.QuarterWidth = Width;
@@ -413,7 +413,7 @@ TEST_F(GridViewTest, the_ghost_stays_on_the_row_of_its_employee) {
 }
 
 TEST_F(GridViewTest, the_time_of_the_ghost_snaps_to_quarters_by_the_clock_of_the_options) {
-    g.application.Settings[setting::ClockStyle] = "24";
+    g.application.options.ClockStyle = ClockStyle::TwentyFourHours;
     drag.Press({MouseButton::Left, 36 * Width + 20, 110});
     drag.Move({MouseButton::Left, 68 * Width + 51, 110});
     EXPECT_EQ(view.DragTimeText(), "9:00 - 17:15");
@@ -508,7 +508,8 @@ class RulerTest : public GridViewTest {
 
     Drawing Ruler(const TextWidth& widthOf = Narrow) {
         Drawing drawing;
-        DrawHourRuler(g.grid, g.department.DayCutoffQuarters, g.application, widthOf, drawing);
+        DrawHourRuler(g.grid, g.department.DayCutoffQuarters, g.application.options.ClockStyle, widthOf,
+                      drawing);
         return drawing;
     }
     std::string Hours(const TextWidth& widthOf = Narrow) {
@@ -525,7 +526,7 @@ TEST_F(RulerTest, names_the_hours_at_their_ticks) {
         Hours(),
         "0:8:00am 4:9:00am 8:10:00am 12:11:00am 16:Noon 20:1:00pm 24:2:00pm 28:3:00pm 32:4:00pm 36:5:00pm"
         " 40:6:00pm 44:7:00pm 48:8:00pm 52:9:00pm 56:10:00pm 60:11:00pm 64:Midn. ");
-    g.application.Settings[setting::ClockStyle] = "24";
+    g.application.options.ClockStyle = ClockStyle::TwentyFourHours;
     EXPECT_EQ(Hours().substr(0, 30), "0:8:00 4:9:00 8:10:00 12:11:00");
     EXPECT_NE(Hours().find(" 16:12:00 "), std::string::npos);
 }
@@ -589,15 +590,15 @@ TEST_F(RulerTest, ticks_follow_an_odd_cut_off) {
 // --- captions ---------------------------------------------------------------------------------------------
 
 TEST_F(GridViewTest, the_jumps_are_called_midnight_or_by_the_time_of_the_cut_off) {
-    EXPECT_EQ(EndOfDayCaption(g.department.DayCutoffQuarters, g.application), "Midnight");
+    EXPECT_EQ(EndOfDayCaption(g.department.DayCutoffQuarters, g.application.options.ClockStyle), "Midnight");
     for (const auto& [cutoff, caption] :
          {std::pair{24, "6:00am"}, {5, "1:15am"}, {1, "12:15am"}, {48, "Noon"}, {96, "Midnight"}}) {
         g.department.DayCutoffQuarters = cutoff;
-        EXPECT_EQ(EndOfDayCaption(g.department.DayCutoffQuarters, g.application), caption);
+        EXPECT_EQ(EndOfDayCaption(g.department.DayCutoffQuarters, g.application.options.ClockStyle), caption);
     }
-    g.application.Settings[setting::ClockStyle] = "24";
+    g.application.options.ClockStyle = ClockStyle::TwentyFourHours;
     g.department.DayCutoffQuarters = 24;
-    EXPECT_EQ(EndOfDayCaption(g.department.DayCutoffQuarters, g.application), "6:00");
+    EXPECT_EQ(EndOfDayCaption(g.department.DayCutoffQuarters, g.application.options.ClockStyle), "6:00");
 }
 
 } // namespace

@@ -90,9 +90,9 @@ class MainEditorTest : public testing::Test {
         rows.Update();
     }
     /// From how many quarters of a day, and of a week, on time is overtime.
-    void LimitTime(const std::string& day, const std::string& week) {
-        store.g.application.Settings[setting::DayOvertime] = day;
-        store.g.application.Settings[setting::WeekOvertime] = week;
+    void LimitTime(int day, int week) {
+        store.g.application.options.DayOvertime = day;
+        store.g.application.options.WeekOvertime = week;
     }
     /// The business day of the department begins so many quarters after midnight; the week on a Sunday.
     void BeginDaysAt(int quarters) { store.g.department.DayCutoffQuarters = quarters; }

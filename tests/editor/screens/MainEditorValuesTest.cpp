@@ -148,7 +148,7 @@ TEST_F(MainEditorValuesTest, the_column_follows_the_day) {
 }
 
 TEST_F(MainEditorValuesTest, overtime_is_red) {
-    LimitTime("34", "40");
+    LimitTime(34, 40);
     Open();
     EXPECT_EQ(GroundOf("Label10(1)"), QBColor(15));
     Drag(1, 68, 72);

@@ -1,6 +1,7 @@
 #include "editor/week/RosterBuilder.h"
 
 #include "platform/dao/DaoError.h"
+#include "store/rows/ApplicationRow.h"
 #include "support/Random.h"
 #include "support/TestStore.h"
 
@@ -153,7 +154,7 @@ TEST_F(RosterTest, reads_missing_fields_as_nothing) {
     rs.Fields("Active") = true;
     rs.Fields("Dep number") = g.department.CurrentDepNumber;
     rs.Update();
-    g.application.Settings[setting::BarColor] = "9";
+    g.application.options.BarColor = 9;
     ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
     const Roster& r = g.roster;
     EXPECT_EQ(r.RosterName1[1] + r.RosterName2[1] + r.RosterId[1] + r.RosterAssignment[1] + r.RosterPhone[1] +
@@ -210,7 +211,9 @@ TEST_F(RosterTest, takes_a_bar_colour_of_0_to_14_and_any_other_as_2) {
     const int key = store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     const auto colour = [&](const dao::Value& stored, const char* option) {
         store.SetEmployee(key, "EbarColor", stored);
-        g.application.Settings[setting::BarColor] = option;
+        ApplicationRow row;
+        row.barColor = option;
+        g.application.options.BarColor = OptionsOf(row).BarColor;
         EXPECT_EQ(BuildRoster(g), RosterResult::Ready);
         return g.roster.RosterBarColor[1];
     };

@@ -2,6 +2,7 @@
 
 #include "editor/lanes/GridView.h"
 #include "shell/common/Conversions.h"
+#include "store/rows/ApplicationRow.h"
 #include "support/Quarters.h"
 #include "support/WeekWriter.h"
 
@@ -203,18 +204,20 @@ TEST_F(TotalsTest, the_sum_of_wages_does_not_depend_on_the_order_in_which_it_gre
 using Texts4 = std::array<std::string, 4>;
 
 TEST_F(TotalsTest, texts_are_times_and_money_behind_a_blank) {
-    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application), (Texts4{" 0:00", " 0:00", " .00", " .00"}));
+    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application.options.TimeFormat),
+              (Texts4{" 0:00", " 0:00", " .00", " .00"}));
     Set(2, {{36, 70}, {132, 140}});
-    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application),
+    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application.options.TimeFormat),
               (Texts4{" 8:30", "10:30", " 61.63", " 76.13"})); // 61.625 and 76.125
-    g.application.Settings[setting::TimeFormat] = "1";
-    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application)[0], " 8:50");
+    g.application.options.TimeFormat = TimeFormat::Hundredths;
+    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application.options.TimeFormat)[0], " 8:50");
 }
 
 TEST_F(TotalsTest, texts_of_money_are_empty_while_pay_is_hidden) {
     g.rights.HideWages = true;
     Set(2, {{36, 70}});
-    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application), (Texts4{" 8:30", " 8:30", "", ""}));
+    EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application.options.TimeFormat),
+              (Texts4{" 8:30", " 8:30", "", ""}));
     EXPECT_EQ(g.totals.TotalWeekWages, 0);
 }
 
@@ -334,32 +337,38 @@ TEST_F(ProductivityTest, has_no_percentage_when_the_last_bar_is_gone) {
 // --- overtime ---------------------------------------------------------------------------------------------
 
 TEST_F(TotalsTest, overtime_begins_above_the_limit) {
-    g.application.Settings[setting::DayOvertime] = "32";
-    g.application.Settings[setting::WeekOvertime] = "40";
+    g.application.options.DayOvertime = 32;
+    g.application.options.WeekOvertime = 40;
     Set(1, {{36, 68}, {132, 140}});
-    EXPECT_FALSE(IsOverDayLimit(g.week, g.application, 1));
-    EXPECT_FALSE(IsOverWeekLimit(g.week, g.application, 1));
+    EXPECT_FALSE(IsOverDayLimit(g.week, g.application.options, 1));
+    EXPECT_FALSE(IsOverWeekLimit(g.week, g.application.options, 1));
     Set(1, {{36, 69}, {132, 139}});
-    EXPECT_TRUE(IsOverDayLimit(g.week, g.application, 1));
-    EXPECT_FALSE(IsOverWeekLimit(g.week, g.application, 1));
+    EXPECT_TRUE(IsOverDayLimit(g.week, g.application.options, 1));
+    EXPECT_FALSE(IsOverWeekLimit(g.week, g.application.options, 1));
     Set(1, {{36, 68}, {132, 141}});
-    EXPECT_FALSE(IsOverDayLimit(g.week, g.application, 1));
-    EXPECT_TRUE(IsOverWeekLimit(g.week, g.application, 1));
+    EXPECT_FALSE(IsOverDayLimit(g.week, g.application.options, 1));
+    EXPECT_TRUE(IsOverWeekLimit(g.week, g.application.options, 1));
 }
 
-TEST_F(TotalsTest, only_the_leading_number_of_a_limit_counts) {
-    g.application.Settings[setting::WeekOvertime] = "672)";
+TEST_F(TotalsTest, only_the_leading_number_of_a_stored_limit_counts) {
+    Options& options = g.application.options;
+    const auto store = [&](const char* day, const char* week) {
+        ApplicationRow row;
+        row.dayOvertime = day;
+        row.weekOvertime = week;
+        options = OptionsOf(row);
+    };
+    store("96", "672)");
     Set(1, {{0, 672}});
-    EXPECT_FALSE(IsOverWeekLimit(g.week, g.application, 1));
-    g.application.Settings[setting::WeekOvertime] = "671)";
-    EXPECT_TRUE(IsOverWeekLimit(g.week, g.application, 1));
-    g.application.Settings[setting::DayOvertime] = "95.5";
-    EXPECT_TRUE(IsOverDayLimit(g.week, g.application, 1));
-    g.application.Settings[setting::DayOvertime] = "";
+    EXPECT_FALSE(IsOverWeekLimit(g.week, options, 1));
+    store("95.5", "671)");
+    EXPECT_TRUE(IsOverWeekLimit(g.week, options, 1));
+    EXPECT_TRUE(IsOverDayLimit(g.week, options, 1));
+    store("", "");
     Set(1, {});
-    EXPECT_FALSE(IsOverDayLimit(g.week, g.application, 1));
+    EXPECT_FALSE(IsOverDayLimit(g.week, options, 1));
     Set(1, {{0, 1}});
-    EXPECT_TRUE(IsOverDayLimit(g.week, g.application, 1));
+    EXPECT_TRUE(IsOverDayLimit(g.week, options, 1));
 }
 
 // --- headcount --------------------------------------------------------------------------------------------
@@ -406,7 +415,7 @@ TEST_F(TotalsTest, headcount_figures_are_the_means_of_the_hours_shown) {
 
 TEST_F(TotalsTest, headcount_figures_follow_the_scrolled_day) {
     g.screen.VisibleHours = 8;
-    g.application.StartHour = 8;
+    g.application.options.StartHour = 8;
     SetGridGeometry(g);
     Set(1, {{36, 40}});
     EXPECT_EQ(FiguresText(g), "2:.00 6:1.00 10:.00 14:.00 18:.00 22:.00 26:.00 30:.00 ");

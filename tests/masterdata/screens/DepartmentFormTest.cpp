@@ -348,7 +348,7 @@ TEST_F(DepartmentFormTest, can_be_used_without_mouse_and_without_eyes) {
 
 TEST_F(DepartmentFormTest, shows_every_text_whole_with_the_longest_words_and_times) {
     g.department.EmployeeNameSingle = "WWWWWWWWWWWWWW";
-    g.application.Settings[setting::ClockStyle] = "12";
+    g.application.options.ClockStyle = ClockStyle::TwelveHours;
     Open(FormCommand::Change);
     Pick("Combo2", 32);
     for (const char* frame : {"Frame1", "Frame3", "frmWeekoption", "Frame3D4"}) {

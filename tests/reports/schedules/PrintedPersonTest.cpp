@@ -50,8 +50,6 @@ class PrintedPersonTest : public testing::Test {
     void SetUp() override {
         schedule.page.title = "Both departments";
         schedule.page.options = {0, 1, 1, 0, 0, false, false};
-        schedule.page.clockStyle = "12";
-        schedule.page.timeFormat = "0";
         schedule.page.salaries = Wage();
         schedule.people = {Made("Ann", {{36, 68}}), Made("Bea", {{96 + 36, 96 + 52}})};
     }

@@ -56,9 +56,15 @@ class CaseReader {
             {"cut-off", [this](const std::string& v) { g_.department.DayCutoffQuarters = Quarters(v); }},
             {"week numbers", [this](const std::string& v) { g_.department.WeekMethod = Number(v); }},
             {"words", [this](const std::string& v) { TakeWords(Parts(v, '|')); }},
-            {"clock", [this](const std::string& v) { Setting(setting::ClockStyle, v); }},
+            {"clock",
+             [this](const std::string& v) {
+                 g_.application.options.ClockStyle =
+                     v == "12" ? ClockStyle::TwelveHours : ClockStyle::TwentyFourHours;
+             }},
             {"minutes",
-             [this](const std::string& v) { Setting(setting::TimeFormat, v == "60" ? "0" : "1"); }},
+             [this](const std::string& v) {
+                 g_.application.options.TimeFormat = v == "60" ? TimeFormat::Minutes : TimeFormat::Hundredths;
+             }},
             {"kind", [this](const std::string& v) { made_.request.kind = v; }},
             {"output", [this](const std::string& v) { made_.html = v == "web page"; }},
             {"lines on a page", [this](const std::string& v) { lines_ = Number(v); }},
@@ -127,8 +133,6 @@ class CaseReader {
 
     /// Day 1 to 7 of the week, by the weekday that its first day falls on.
     int DayIn(const std::string& name) const { return (WeekdayIn(name) - Weekday(date_) + 7) % 7 + 1; }
-
-    void Setting(std::size_t place, const std::string& value) { g_.application.Settings[place] = value; }
 
     void TakeWords(const std::vector<std::string>& words) {
         g_.department.EmployeeNameSingle = words.at(0);

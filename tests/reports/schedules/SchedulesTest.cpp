@@ -211,7 +211,7 @@ TEST_F(SchedulesTest, total_what_the_editor_totals_for_any_week_and_cut_off) {
             test::SetBars(g, e, bars);
         }
         SumWeek(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
-        const auto screen = TotalsTexts(g.totals, g.rights, g.application);
+        const auto screen = TotalsTexts(g.totals, g.rights, g.application.options.TimeFormat);
         for (const char* kind : {"7DayShort", "7DayLong"}) {
             Run(kind, false, vp);
             const auto totals = Totals();

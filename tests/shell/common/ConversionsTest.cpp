@@ -11,11 +11,13 @@ namespace tvx {
 namespace {
 
 constexpr DaySerial March5 = 46086; // 5 March 2026, a Thursday
+constexpr ClockStyle Twelve = ClockStyle::TwelveHours;
+constexpr ClockStyle TwentyFour = ClockStyle::TwentyFourHours;
 constexpr const char* MonthFirst = "MM-DD-YYYY";
 constexpr const char* DayFirst = "DD-MM-YYYY";
 constexpr const char* YearFirst = "YYYY-MM-DD";
 
-std::string Clock(int minutes, const char* style) {
+std::string Clock(int minutes, ClockStyle style) {
     return MinutesToClockText(minutes, style);
 }
 
@@ -132,15 +134,15 @@ TEST(HourLabel, counts_by_the_clock_of_the_options) {
     for (int hour = 1; hour <= 23; ++hour) {
         int twelve = hour;
         int twentyFour = hour;
-        EXPECT_EQ(HourLabel(twelve, "12"), std::to_string(hour > 12 ? hour - 12 : hour));
-        EXPECT_EQ(HourLabel(twentyFour, "24"), std::to_string(hour));
+        EXPECT_EQ(HourLabel(twelve, Twelve), std::to_string(hour > 12 ? hour - 12 : hour));
+        EXPECT_EQ(HourLabel(twentyFour, TwentyFour), std::to_string(hour));
         EXPECT_EQ(twelve, hour);
         EXPECT_EQ(twentyFour, hour);
     }
 }
 
 TEST(HourLabel, calls_midnight_M_and_begins_the_hours_again) {
-    for (const char* style : {"12", "24", ""})
+    for (const ClockStyle style : {Twelve, TwentyFour})
         for (const int midnight : {0, 24}) {
             int hour = midnight;
             EXPECT_EQ(HourLabel(hour, style), "M");
@@ -165,35 +167,36 @@ TEST(MinutesToClockText, is_seven_characters_by_both_clocks) {
         {2865, "11:45pm", " 23:45 "}, {2880, " Midn. ", " Midn. "},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(Clock(c.minutes, "12"), c.twelve) << c.minutes;
-        EXPECT_EQ(Clock(c.minutes, "24"), c.twentyFour) << c.minutes;
+        EXPECT_EQ(Clock(c.minutes, Twelve), c.twelve) << c.minutes;
+        EXPECT_EQ(Clock(c.minutes, TwentyFour), c.twentyFour) << c.minutes;
     }
     for (int minutes = 0; minutes <= 2880; minutes += 15)
-        for (const char* style : {"12", "24"}) EXPECT_EQ(Clock(minutes, style).size(), 7U) << minutes;
+        for (const ClockStyle style : {Twelve, TwentyFour})
+            EXPECT_EQ(Clock(minutes, style).size(), 7U) << minutes;
 }
 
 TEST(MinutesToClockText, takes_off_one_day_and_no_more) {
-    EXPECT_EQ(Clock(2895, "24"), " 24:15 ");
-    EXPECT_EQ(Clock(3000, "12"), "14:00pm");
-    EXPECT_EQ(Clock(4320, "24"), " 48:00 ");
+    EXPECT_EQ(Clock(2895, TwentyFour), " 24:15 ");
+    EXPECT_EQ(Clock(3000, Twelve), "14:00pm");
+    EXPECT_EQ(Clock(4320, TwentyFour), " 48:00 ");
 }
 
 TEST(MinutesToClockText, takes_the_day_off_in_the_callers_variable) {
     for (const auto& [before, after] :
          {std::pair{1440, 1440}, {1441, 1}, {1455, 15}, {2880, 1440}, {510, 510}}) {
         int minutes = before;
-        MinutesToClockText(minutes, "12");
+        MinutesToClockText(minutes, Twelve);
         EXPECT_EQ(minutes, after);
     }
 }
 
 TEST(MinutesToClockText, appends_its_zero_behind_a_single_minute_figure) {
-    EXPECT_EQ(Clock(5, "24"), "  0:50 ");
+    EXPECT_EQ(Clock(5, TwentyFour), "  0:50 ");
 }
 
 TEST(QuarterToClockText, is_the_time_of_a_quarter) {
     for (int quarter = 0; quarter <= 192; ++quarter)
-        EXPECT_EQ(QuarterToClockText(quarter, "12"), Clock(quarter * 15, "12")) << quarter;
+        EXPECT_EQ(QuarterToClockText(quarter, Twelve), Clock(quarter * 15, Twelve)) << quarter;
 }
 
 // --- durations --------------------------------------------------------------------------------------------
@@ -212,17 +215,17 @@ TEST(QuartersToText, writes_hours_and_minutes_or_hundredths) {
         {67201, "16800:15", "16800:25"},
     };
     for (const Case& c : cases) {
-        EXPECT_EQ(QuartersToText(c.quarters, "0"), c.minutes) << c.quarters;
-        EXPECT_EQ(QuartersToText(c.quarters, "1"), c.hundredths) << c.quarters;
+        EXPECT_EQ(QuartersToText(c.quarters, TimeFormat::Minutes), c.minutes) << c.quarters;
+        EXPECT_EQ(QuartersToText(c.quarters, TimeFormat::Hundredths), c.hundredths) << c.quarters;
     }
 }
 
 TEST(QuartersToTextShort, counts_the_remainder_of_a_negative_duration_upwards) {
-    EXPECT_EQ(QuartersToTextShort(-5, "0"), "-1:45");
-    EXPECT_EQ(QuartersToTextShort(-4, "0"), "-1:00");
-    EXPECT_EQ(QuartersToTextShort(-1, "0"), " 0:45");
+    EXPECT_EQ(QuartersToTextShort(-5, TimeFormat::Minutes), "-1:45");
+    EXPECT_EQ(QuartersToTextShort(-4, TimeFormat::Minutes), "-1:00");
+    EXPECT_EQ(QuartersToTextShort(-1, TimeFormat::Minutes), " 0:45");
     for (int quarters = 0; quarters <= 768; ++quarters)
-        for (const char* style : {"0", "1"})
+        for (const TimeFormat style : {TimeFormat::Minutes, TimeFormat::Hundredths})
             ASSERT_EQ(QuartersToTextShort(quarters, style), QuartersToText(quarters, style));
 }
 

@@ -265,17 +265,17 @@ TEST_F(WorkstationTest, any_bytes_in_the_file_end_in_a_word_or_in_a_start) {
 
 // --- the options ------------------------------------------------------------------------------------------
 
-using Settings = std::array<std::string, 10>;
-
 TEST_F(ConsoleTest, options_are_read_trimmed_into_their_places) {
     const char* fields[] = {"12 or 24", "StartHour",   "BarColor",    "TimeFormat",
                             "UnderAge", "DayOvertime", "WeekOvertime"};
     const char* values[] = {" 24", "6 ", " 5", "1", "18", " 40 ", "160"};
     for (int i = 0; i < 7; ++i) SetOption(fields[i], std::string(values[i]));
     StartReady();
-    EXPECT_EQ(g.application.Settings, (Settings{"", "", "24", "6", "5", "1", "", "18", "40", "160"}));
-    EXPECT_EQ(g.application.StartHour, 6);
-    EXPECT_EQ(g.application.DefaultBarColor, QBColor(5));
+    EXPECT_EQ(
+        g.application.options,
+        (Options{ClockStyle::TwentyFourHours, TimeFormat::Hundredths, 6, 5, {18, "18"}, 40, 160, true}));
+    EXPECT_EQ(g.application.options.StartHour, 6);
+    EXPECT_EQ(g.application.options.DefaultBarColor(), QBColor(5));
 }
 
 TEST_F(ConsoleTest, missing_options_take_their_defaults) {
@@ -283,10 +283,11 @@ TEST_F(ConsoleTest, missing_options_take_their_defaults) {
                               "WeekOvertime", "To Try", "BigBoss"})
         SetOption(field, std::monostate());
     StartReady();
-    EXPECT_EQ(g.application.Settings, (Settings{"", "", "12", "", "2", "0", "", "16", "96", "672)"}));
-    EXPECT_EQ(g.application.StartHour, 0);
-    EXPECT_EQ(g.application.DefaultBarColor, QBColor(2));
-    EXPECT_FALSE(g.application.OpenShared);
+    EXPECT_EQ(g.application.options,
+              (Options{ClockStyle::TwelveHours, TimeFormat::Minutes, 0, 2, {16, "16"}, 96, 672, false}));
+    EXPECT_EQ(g.application.options.StartHour, 0);
+    EXPECT_EQ(g.application.options.DefaultBarColor(), QBColor(2));
+    EXPECT_FALSE(g.application.options.OpenShared);
     EXPECT_TRUE(g.rights.PasswordOk);
 }
 
@@ -295,22 +296,21 @@ TEST_F(ConsoleTest, the_database_is_shared_unless_the_option_is_blank) {
          {std::pair{"S", true}, {" S", true}, {"x", true}, {"", false}, {"  ", false}}) {
         SetOption("To Try", std::string(stored));
         StartReady();
-        EXPECT_EQ(g.application.OpenShared, shared) << stored;
+        EXPECT_EQ(g.application.options.OpenShared, shared) << stored;
     }
 }
 
 TEST_F(ConsoleTest, a_negative_first_hour_becomes_4) {
     SetOption("StartHour", std::string("-1"));
     StartReady();
-    EXPECT_EQ(g.application.Settings[setting::StartHour], "4");
-    EXPECT_EQ(g.application.StartHour, 4);
+    EXPECT_EQ(g.application.options.StartHour, 4);
 }
 
 TEST_F(ConsoleTest, an_odd_bar_colour_is_black) {
     for (const char* stored : {"16", "-1", "99", "red", "0"}) {
         SetOption("BarColor", std::string(stored));
         StartReady();
-        EXPECT_EQ(g.application.DefaultBarColor, QBColor(0)) << stored;
+        EXPECT_EQ(g.application.options.DefaultBarColor(), QBColor(0)) << stored;
     }
 }
 
@@ -322,14 +322,15 @@ TEST_F(ConsoleTest, a_table_without_a_row_of_options_gets_one_that_is_in_force_a
         RawFile(File()).Rows("SELECT [12 or 24], StartHour, BarColor, TimeFormat, UnderAge, DayOvertime,"
                              " WeekOvertime, [To Try], BigBoss, [DB Version] FROM Application"),
         std::vector<std::string>{"12|12|2|0|16|96|672|S|NULL|8"});
-    EXPECT_EQ(g.application.Settings, (Settings{"", "", "12", "12", "2", "0", "", "16", "96", "672"}));
-    EXPECT_EQ(g.application.StartHour, 12);
-    EXPECT_EQ(g.application.DefaultBarColor, QBColor(2));
-    EXPECT_TRUE(g.application.OpenShared);
+    EXPECT_EQ(g.application.options,
+              (Options{ClockStyle::TwelveHours, TimeFormat::Minutes, 12, 2, {16, "16"}, 96, 672, true}));
+    EXPECT_EQ(g.application.options.StartHour, 12);
+    EXPECT_EQ(g.application.options.DefaultBarColor(), QBColor(2));
+    EXPECT_TRUE(g.application.options.OpenShared);
     EXPECT_TRUE(g.rights.PasswordOk);
-    const Settings first = g.application.Settings;
+    const Options first = g.application.options;
     StartReady();
-    EXPECT_EQ(g.application.Settings, first);
+    EXPECT_EQ(g.application.options, first);
     EXPECT_EQ(RawFile(File()).Rows("SELECT count(*) FROM Application").front(), "1");
 }
 
@@ -734,12 +735,12 @@ TEST(ExampleNote, tells_what_to_do_in_the_words_of_the_department) {
 TEST_F(ConsoleTest, scheduling_begins_with_an_unchanged_week_and_the_first_hour_of_the_options) {
     made.AddDepartment("Bakery");
     made.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
+    SetOption("StartHour", std::string("7"));
     StartReady();
     test::WritableWeek(g).WeekChanged = true;
-    g.application.Settings[setting::StartHour] = "7";
     EXPECT_TRUE(PrepareSchedule(g, made.ports()));
     EXPECT_FALSE(g.week.WeekChanged);
-    EXPECT_EQ(g.application.StartHour, 7);
+    EXPECT_EQ(g.application.options.StartHour, 7);
     EXPECT_EQ(g.roster.EmployeeCount, 1);
 }
 

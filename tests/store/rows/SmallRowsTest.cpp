@@ -53,6 +53,51 @@ TEST_F(ApplicationRowTest, gives_the_password_in_clear_and_the_version_as_a_numb
     EXPECT_EQ(Read().version, 8);
 }
 
+TEST(OptionsOf, gives_a_missing_row_its_defaults) {
+    EXPECT_EQ(OptionsOf(ApplicationRow()).WeekOvertime, 672) << "the bracket behind it does no harm";
+    Options expected;
+    expected.OpenShared = false;
+    EXPECT_EQ(OptionsOf(ApplicationRow()), expected);
+}
+
+TEST(OptionsOf, takes_any_clock_but_12_for_24_and_any_format_but_0_for_hundredths) {
+    ApplicationRow row;
+    for (const char* text : {"24", "", "13", "12h", "1 2"}) {
+        row.clockStyle = text;
+        EXPECT_EQ(OptionsOf(row).ClockStyle, ClockStyle::TwentyFourHours) << text;
+    }
+    for (const char* text : {"1", "", "00", "x"}) {
+        row.timeFormat = text;
+        EXPECT_EQ(OptionsOf(row).TimeFormat, TimeFormat::Hundredths) << text;
+    }
+    row.clockStyle = " 12 ";
+    row.timeFormat = " 0";
+    EXPECT_EQ(OptionsOf(row).ClockStyle, ClockStyle::TwelveHours);
+    EXPECT_EQ(OptionsOf(row).TimeFormat, TimeFormat::Minutes);
+}
+
+TEST(OptionsOf, reads_the_number_that_leads_a_text) {
+    struct Case {
+        const char* stored;
+        int hour, colour, years, quarters;
+    };
+    for (const Case& c : {Case{"7x", 7, 7, 7, 7},
+                          {"", 0, 0, 0, 0},
+                          {"x", 0, 0, 0, 0},
+                          {"-1", 4, -1, 0, -1},
+                          {"6.5", 6, 6, 6, 6},
+                          {"7.5", 8, 8, 8, 7},
+                          {" 9 ", 9, 9, 9, 9}}) {
+        const Options options =
+            OptionsOf({"12", c.stored, c.stored, "0", c.stored, c.stored, c.stored, "S", "", {}});
+        EXPECT_EQ(options.StartHour, c.hour) << c.stored;
+        EXPECT_EQ(options.BarColor, c.colour) << c.stored;
+        EXPECT_EQ(options.UnderAge.years, c.years) << c.stored;
+        EXPECT_EQ(options.DayOvertime, c.quarters) << c.stored;
+        EXPECT_EQ(options.WeekOvertime, c.quarters) << c.stored;
+    }
+}
+
 // --- the figures of a day ---------------------------------------------------------------------------------
 
 class DepartmentDayRowTest : public testing::Test {

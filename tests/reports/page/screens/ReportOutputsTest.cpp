@@ -101,8 +101,8 @@ class ReportOutputsTest : public ScheduleFormFixture {
 
 TEST_F(ReportOutputsTest, a_PDF_holds_the_totals_of_the_screen) {
     if (!IsInstalled("pdftotext")) GTEST_SKIP() << "pdftotext is not installed";
-    const auto screen =
-        TotalsTexts(g.totals, g.rights, g.application); // day time, week time, day wages, week wages
+    const auto screen = TotalsTexts(
+        g.totals, g.rights, g.application.options.TimeFormat); // day time, week time, day wages, week wages
     for (const char* kind : {"7DayShort", "7DayLong"}) {
         std::string text = Squeezed(PdfText(kind));
         std::erase(text, ',');
@@ -119,7 +119,8 @@ TEST_F(ReportOutputsTest, a_PDF_of_each_person_holds_the_hours_of_the_editors_ro
     if (!IsInstalled("pdftotext")) GTEST_SKIP() << "pdftotext is not installed";
     const std::string text = Squeezed(PdfText("SelectedEmployees"));
     for (const int e : {1, 6})
-        EXPECT_NE(text.find("Total: " + Trim(QuartersToText(g.week.WeekQuarters[e], "0"))), std::string::npos)
+        EXPECT_NE(text.find("Total: " + Trim(QuartersToText(g.week.WeekQuarters[e], TimeFormat::Minutes))),
+                  std::string::npos)
             << g.roster.RosterName1[e];
     EXPECT_EQ(std::count(text.begin(), text.end(), '\f'), 2) << "a page each";
 }
@@ -202,7 +203,7 @@ TEST_F(ReportOutputsTest, a_web_page_of_nobody_is_valid) {
 }
 
 TEST_F(ReportOutputsTest, web_pages_hold_the_totals_of_the_screen) {
-    const auto screen = TotalsTexts(g.totals, g.rights, g.application);
+    const auto screen = TotalsTexts(g.totals, g.rights, g.application.options.TimeFormat);
     for (const char* kind : {"7DayShort", "7DayLong"}) {
         std::string page = test::ReadFile(PutPage(kind, kind));
         std::erase(page, ',');
