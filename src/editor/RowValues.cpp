@@ -27,9 +27,9 @@ std::string TimeText(const Options& options, int quarters) {
 }
 
 std::string WageText(const Roster& roster, const Rights& rights, int e, int quarters, const char* salaried) {
-    if (rights.HideWages) return "";
-    if (!roster.IsPaidByHour(e)) return salaried;
-    return Format(WagesForQuarters(roster, rights, e, quarters), ".00");
+    const std::optional<Wage> wages = WagesForQuarters(roster, rights, e, quarters);
+    if (!wages) return "";
+    return roster.IsPaidByHour(e) ? Format(*wages, ".00") : salaried;
 }
 
 std::string HireText(const Roster& roster, int e, const Region& region) {

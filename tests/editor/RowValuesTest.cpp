@@ -1,6 +1,8 @@
 #include "editor/RowValues.h"
 
+#include "platform/basic/Format.h"
 #include "support/Quarters.h"
+#include "support/Random.h"
 
 #include <gtest/gtest.h>
 
@@ -90,6 +92,24 @@ TEST_F(RowValuesTest, times_and_wages_of_day_and_week) {
     EXPECT_EQ(Single(2, 2), ".00");
     g.application.options.TimeFormat = TimeFormat::Hundredths;
     EXPECT_EQ(Single(1), " 8:50");
+}
+
+TEST_F(RowValuesTest, wages_read_as_the_stated_real_number_does_beside_the_name_and_in_the_totals) {
+    test::Random random;
+    SCOPED_TRACE(random.Trace());
+    for (int round = 0; round < 60; ++round) {
+        const auto cents = random.Whole(1, 9999);
+        const double rate = static_cast<double>(cents) / 100;
+        g.roster.RosterPay[1] = Currency::FromAmount(rate);
+        for (int quarters = 1; quarters <= 672; ++quarters) {
+            test::SetBars(g, 1, {{0, quarters}});
+            const double wages = quarters / 4 * rate + quarters % 4 * rate / 4;
+            const std::string text = Format(wages, ".00");
+            ASSERT_EQ(Single(4), text) << rate << " for " << quarters;
+            ASSERT_EQ(TotalsTexts(g.totals, g.rights, TimeFormat::Minutes)[3], " " + text);
+            ASSERT_EQ(WeeklyTotalsBox(g).Label2[1], text);
+        }
+    }
 }
 
 TEST_F(RowValuesTest, a_salary_in_place_of_wages) {

@@ -126,7 +126,7 @@ std::string SumsText(const GlobalState& g) {
     const Totals& t = g.totals;
     text << t.TotalDayQuarters << " " << t.TotalWeekQuarters << " " << t.WageDayQuarters << " "
          << t.WageWeekQuarters << " " << t.SalaryDayQuarters << " " << t.SalaryWeekQuarters << " "
-         << t.TotalDayWages << " " << t.TotalWeekWages << " |";
+         << t.TotalDayWages.Fourths() << " " << t.TotalWeekWages.Fourths() << " |";
     for (int e = 1; e <= g.roster.EmployeeCount; ++e)
         text << " " << g.week.DayQuarters[e] << "/" << g.week.WeekQuarters[e];
     return text.str();

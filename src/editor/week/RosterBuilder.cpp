@@ -94,7 +94,7 @@ void EmptyWeekFor(GlobalState& g, Week& week) {
     g.cursor.CurrentEmployee = 0;
     ForgetSteps(g.steps);
     g.totals = {};
-    g.TotalSalaries = 0;
+    g.TotalSalaries = {};
 }
 
 void FillRoster(GlobalState& g, Week& week, const std::vector<EmployeeRow>& rows) {
@@ -107,7 +107,7 @@ void FillRoster(GlobalState& g, Week& week, const std::vector<EmployeeRow>& rows
         if (g.roster.AllDepartmentsMode)
             FillDepartment(row.depNumber, g, e);
         else if (!g.roster.IsPaidByHour(e))
-            g.TotalSalaries += g.roster.RosterPay[e].Amount();
+            g.TotalSalaries += Wage::Whole(g.roster.RosterPay[e]);
     }
 }
 

@@ -4,7 +4,6 @@
 #include "shell/common/Conversions.h"
 
 #include <algorithm>
-#include <cmath>
 
 namespace tvx {
 namespace {
@@ -22,20 +21,18 @@ DayWindow WindowOfWeek(int cutoffQuarters) {
 
 void ZeroDaySums(Totals& totals) {
     totals.TotalDayQuarters = totals.WageDayQuarters = totals.SalaryDayQuarters = 0;
-    totals.TotalDayWages = 0;
+    totals.TotalDayWages = {};
 }
 
 void ZeroWeekSums(Totals& totals) {
     totals.TotalWeekQuarters = totals.WageWeekQuarters = totals.SalaryWeekQuarters = 0;
-    totals.TotalWeekWages = 0;
+    totals.TotalWeekWages = {};
 }
 
-/// Adds an amount of money to a sum and holds it at four decimals: however often amounts are taken out and
-/// put back, the sum is the one that a count from scratch gives.
-void AddMoney(double& sum, double amount) {
-    constexpr double MoreThanAnyPayroll = 1e11;
-    sum += amount;
-    if (std::fabs(sum) < MoreThanAnyPayroll) sum = Currency::FromAmount(sum).Amount();
+/// Adds what an employee earns in some quarters to a sum, or takes it out.
+void AddWages(Wage& sum, const Payroll& payroll, int e, int quarters, int sign) {
+    const Wage wages = WagesForQuarters(payroll.roster, payroll.rights, e, quarters).value_or(Wage());
+    sum = sign < 0 ? sum - wages : sum + wages;
 }
 
 void AddDay(const Week& week, const Payroll& payroll, int e, int sign) {
@@ -43,8 +40,7 @@ void AddDay(const Week& week, const Payroll& payroll, int e, int sign) {
     const long quarters = static_cast<long>(sign) * week.DayQuarters[e];
     (payroll.roster.IsPaidByHour(e) ? totals.WageDayQuarters : totals.SalaryDayQuarters) += quarters;
     totals.TotalDayQuarters += quarters;
-    AddMoney(totals.TotalDayWages,
-             sign * WagesForQuarters(payroll.roster, payroll.rights, e, week.DayQuarters[e]));
+    AddWages(totals.TotalDayWages, payroll, e, week.DayQuarters[e], sign);
 }
 
 void AddWeek(const Week& week, const Payroll& payroll, int e, int sign) {
@@ -52,8 +48,7 @@ void AddWeek(const Week& week, const Payroll& payroll, int e, int sign) {
     const long quarters = static_cast<long>(sign) * week.WeekQuarters[e];
     (payroll.roster.IsPaidByHour(e) ? totals.WageWeekQuarters : totals.SalaryWeekQuarters) += quarters;
     totals.TotalWeekQuarters += quarters;
-    AddMoney(totals.TotalWeekWages,
-             sign * WagesForQuarters(payroll.roster, payroll.rights, e, week.WeekQuarters[e]));
+    AddWages(totals.TotalWeekWages, payroll, e, week.WeekQuarters[e], sign);
 }
 
 /// Hours that a ratio divides by, from the two kinds of time and the flags that choose among them.
@@ -70,19 +65,23 @@ std::string DayLaborPercent(const GlobalState& g, double cost, double sales) {
     return Ratio(cost, sales / 100);
 }
 
-std::string WeekLaborPercent(const GlobalState& g, double cost) {
-    return g.rights.HideWages ? "" : Ratio(cost, g.totals.SalesTotal / 100);
+std::string WeekLaborPercent(const GlobalState& g, Wage cost) {
+    return g.rights.HideWages ? "" : Ratio(cost.Amount(), g.totals.SalesTotal / 100);
 }
 
+/// The day's share of the salaries is no whole part of money, so a day's cost is a real number.
 double DayCost(const GlobalState& g) {
-    double cost = g.productivity.LaborWages ? g.totals.TotalDayWages : 0;
-    if (g.productivity.LaborSalary && g.totals.SalesDays > 0) cost += g.TotalSalaries / g.totals.SalesDays;
+    double cost = g.productivity.LaborWages ? g.totals.TotalDayWages.Amount() : 0;
+    if (g.productivity.LaborSalary && g.totals.SalesDays > 0)
+        cost += g.TotalSalaries.Amount() / g.totals.SalesDays;
     return cost;
 }
 
-double WeekCost(const GlobalState& g) {
-    return (g.productivity.LaborWages ? g.totals.TotalWeekWages : 0) +
-           (g.productivity.LaborSalary ? g.TotalSalaries : 0);
+Wage WeekCost(const GlobalState& g) {
+    Wage cost;
+    if (g.productivity.LaborWages) cost += g.totals.TotalWeekWages;
+    if (g.productivity.LaborSalary) cost += g.TotalSalaries;
+    return cost;
 }
 
 } // namespace
@@ -169,7 +168,7 @@ void SumFigures(DepartmentFigures& figures, Totals& totals) {
 }
 
 std::array<std::string, 4> TotalsTexts(const Totals& totals, const Rights& rights, TimeFormat style) {
-    const auto money = [&](double amount) { return rights.HideWages ? "" : " " + Format(amount, ".00"); };
+    const auto money = [&](Wage amount) { return rights.HideWages ? "" : " " + Format(amount, ".00"); };
     return {QuartersToText(totals.TotalDayQuarters, style), QuartersToText(totals.TotalWeekQuarters, style),
             money(totals.TotalDayWages), money(totals.TotalWeekWages)};
 }
@@ -230,7 +229,7 @@ std::vector<HeadcountFigure> HeadcountFigures(const Week& week, const Grid& grid
 
 TotalsBox WeeklyTotalsBox(const GlobalState& g) {
     const TimeFormat style = g.application.options.TimeFormat;
-    const auto money = [&](double amount) { return g.rights.HideWages ? "" : Format(amount, ".00"); };
+    const auto money = [&](Wage amount) { return g.rights.HideWages ? "" : Format(amount, ".00"); };
     TotalsBox box;
     box.Label2 = {"", money(g.totals.TotalWeekWages), money(g.TotalSalaries),
                   money(g.totals.TotalWeekWages + g.TotalSalaries)};

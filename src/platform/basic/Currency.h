@@ -36,9 +36,6 @@ class Currency {
     }
     friend constexpr auto operator<=>(Currency, Currency) = default;
 
-    /// A quarter of the amount, rounded half to even at the fourth decimal.
-    Currency Quarter() const;
-
   private:
     std::int64_t scaled_ = 0; // ten-thousandths of the unit of money
 };

@@ -100,7 +100,7 @@ SchedulePage LoadSchedulePage(const GlobalState& g, const Ports& ports, const Sc
     page.lastStop = request.lastStop;
     if (!Trim(request.openWord).empty()) page.openWord = request.openWord;
     page.saveSpace = request.saveSpace;
-    if (!g.rights.HideWages) page.salaries = Wage::Whole(Currency::FromAmount(g.TotalSalaries));
+    if (!g.rights.HideWages) page.salaries = g.TotalSalaries;
     if (request.productivity) page.productivity = LoadProductivity(g.productivity, g.figures, g.totals);
     return page;
 }

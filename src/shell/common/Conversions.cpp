@@ -3,11 +3,8 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 
-#include <algorithm>
 #include <array>
-#include <cmath>
 #include <cstdlib>
-#include <limits>
 
 namespace tvx {
 namespace {
@@ -138,18 +135,10 @@ std::string WeekTitle(const Department& department, const Week& week) {
            week.WeekDateTexts[7];
 }
 
-Currency WageAtRate(long quarters, Currency rate) {
-    // A rate beyond all money is held where the wage can still be counted.
-    const std::int64_t most = std::numeric_limits<std::int64_t>::max() / (std::labs(quarters) + 4);
-    const Currency held = Currency::FromScaled(std::clamp(rate.Scaled(), -most, most));
-    Currency amount = held * (quarters / 4);
-    if (quarters % 4 > 0) amount += (held * (quarters % 4)).Quarter();
-    return amount;
-}
-
-double WagesForQuarters(const Roster& roster, const Rights& rights, int employee, long quarters) {
-    if (rights.HideWages || !roster.IsPaidByHour(employee)) return 0;
-    return WageAtRate(quarters, roster.RosterPay[employee]).Amount();
+std::optional<Wage> WagesForQuarters(const Roster& roster, const Rights& rights, int employee,
+                                     long quarters) {
+    if (rights.HideWages) return std::nullopt;
+    return roster.IsPaidByHour(employee) ? Wage::ForQuarters(quarters, roster.RosterPay[employee]) : Wage();
 }
 
 double HoursOfQuarters(long quarters) {

@@ -11,6 +11,7 @@
 #include "shell/state/Rights.h"
 #include "shell/state/Week.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -52,12 +53,8 @@ std::string QuarterToClockText(int quarter, ClockStyle clockStyle);
 /// "Bakery,  Week from 1-Mar-2026  to  7-Mar-2026".
 std::string WeekTitle(const Department& department, const Week& week);
 
-/// Wage for a number of quarters at an hourly rate, exact to four decimals; the part of an hour rounds half
-/// to even there.
-Currency WageAtRate(long quarters, Currency rate);
-
-/// Wage of one employee for a number of quarters: 0 when pay is hidden, and 0 for a salaried employee.
-double WagesForQuarters(const Roster& roster, const Rights& rights, int employee, long quarters);
+/// Wage of one employee for a number of quarters, nothing for a salaried one; absent while pay is hidden.
+std::optional<Wage> WagesForQuarters(const Roster& roster, const Rights& rights, int employee, long quarters);
 
 /// Paid hours of a day: whole hours plus a quarter for each quarter.
 double HoursOfQuarters(long quarters);

@@ -30,7 +30,7 @@ struct GlobalState {
     Cursor cursor;
     DepartmentFigures figures;
     Totals totals;
-    double TotalSalaries = 0; // weekly salaries of the roster
+    Wage TotalSalaries; // weekly salaries of the roster
     Productivity productivity;
     Daytypes daytypes;
     Shifts shifts;

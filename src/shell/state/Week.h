@@ -94,8 +94,8 @@ struct Totals {
     long WageWeekQuarters = 0;
     long SalaryDayQuarters = 0;
     long SalaryWeekQuarters = 0;
-    double TotalDayWages = 0;
-    double TotalWeekWages = 0;
+    Wage TotalDayWages;  // nothing while pay is hidden
+    Wage TotalWeekWages; // nothing while pay is hidden
     double SalesTotal = 0;
     double TransactionsTotal = 0;
     int SalesDays = 0; // days with sales above 0

@@ -77,7 +77,7 @@ TEST_F(DayShiftsTest, a_paste_puts_the_bars_on_the_day_and_brings_the_sums_up_to
     EXPECT_EQ(g.week.DayQuarters[2], 32);
     EXPECT_EQ(g.week.WeekQuarters[2], 32);
     EXPECT_EQ(g.totals.TotalDayQuarters, 32);
-    EXPECT_EQ(g.totals.TotalWeekWages, 80);
+    EXPECT_EQ(g.totals.TotalWeekWages.Amount(), 80);
 }
 
 TEST_F(DayShiftsTest, a_paste_leaves_the_daytype_of_the_day) {

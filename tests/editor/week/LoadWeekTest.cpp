@@ -137,7 +137,7 @@ TEST_F(LoadWeekTest, forgets_the_bars_of_the_week_before) {
     EXPECT_EQ(g.week.BarCount[1], 0);
     EXPECT_EQ(g.week.DayTypeText[1][1], "");
     EXPECT_EQ(g.totals.TotalWeekQuarters, 0);
-    EXPECT_EQ(g.totals.TotalWeekWages, 0);
+    EXPECT_EQ(g.totals.TotalWeekWages.Amount(), 0);
     test::ExpectSound(g);
 }
 
@@ -202,9 +202,9 @@ TEST_F(LoadWeekTest, adds_up_hours_and_wages_by_kind) {
     EXPECT_EQ(g.totals.WageWeekQuarters, 38);
     EXPECT_EQ(g.totals.SalaryDayQuarters, 32);
     EXPECT_EQ(g.totals.SalaryWeekQuarters, 32);
-    EXPECT_EQ(g.totals.TotalDayWages, 61.625);
-    EXPECT_EQ(g.totals.TotalWeekWages, 68.875);
-    EXPECT_EQ(g.TotalSalaries, 700);
+    EXPECT_EQ(g.totals.TotalDayWages.Amount(), 61.625);
+    EXPECT_EQ(g.totals.TotalWeekWages.Amount(), 68.875);
+    EXPECT_EQ(g.TotalSalaries.Amount(), 700);
 }
 
 TEST_F(LoadWeekTest, leaves_the_sums_as_a_count_from_scratch_would) {

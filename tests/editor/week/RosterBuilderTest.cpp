@@ -141,9 +141,9 @@ TEST_F(RosterTest, sums_the_weekly_salaries) {
     store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "10", .hourly = true});
     store.AddEmployee({.lastName = "Clark", .firstName = "Cleo", .pay = "299.50", .hourly = false});
     ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
-    EXPECT_EQ(g.TotalSalaries, 1000);
+    EXPECT_EQ(g.TotalSalaries.Amount(), 1000);
     ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
-    EXPECT_EQ(g.TotalSalaries, 1000);
+    EXPECT_EQ(g.TotalSalaries.Amount(), 1000);
 }
 
 // --- one row ----------------------------------------------------------------------------------------------
@@ -266,11 +266,11 @@ TEST_F(RosterTest, says_that_somebody_must_be_entered_first_and_keeps_what_was_t
     g.department.EmployeeNameSingle = "Nurse";
     g.department.EmployeeNamePlural = "Nurses";
     g.roster.EmployeeCount = 0;
-    g.TotalSalaries = 5;
+    g.TotalSalaries = Wage::Whole(Currency::FromAmount(5));
     store.prompt().Expect("To begin scheduling, you must\nenter at least one Nurse!", box::Ok,
                           "No Nurses entered");
     EXPECT_FALSE(PrepareRoster(g, store.prompt()));
-    EXPECT_EQ(g.TotalSalaries, 5);
+    EXPECT_EQ(g.TotalSalaries.Amount(), 5);
 }
 
 TEST_F(RosterTest, that_was_ready_survives_an_empty_department) {
@@ -318,9 +318,9 @@ TEST_F(AllDepartmentsTest, lists_who_has_an_ID_that_stands_in_another_row_too) {
 }
 
 TEST_F(AllDepartmentsTest, sums_no_salaries) {
-    g.TotalSalaries = 99;
+    g.TotalSalaries = Wage::Whole(Currency::FromAmount(99));
     Listed(1);
-    EXPECT_EQ(g.TotalSalaries, 0);
+    EXPECT_EQ(g.TotalSalaries.Amount(), 0);
 }
 
 TEST_F(AllDepartmentsTest, tells_IDs_apart_by_their_case) {

@@ -150,24 +150,24 @@ TEST_F(TotalsTest, sums_keep_wages_and_salaries_apart) {
     EXPECT_EQ(g.totals.SalaryWeekQuarters, 30);
     EXPECT_EQ(g.totals.TotalDayQuarters, 86);
     EXPECT_EQ(g.totals.TotalWeekQuarters, 128);
-    EXPECT_EQ(g.totals.TotalDayWages, 80 + 61.625);
-    EXPECT_EQ(g.totals.TotalWeekWages, 160 + 61.625);
+    EXPECT_EQ(g.totals.TotalDayWages.Amount(), 80 + 61.625);
+    EXPECT_EQ(g.totals.TotalWeekWages.Amount(), 160 + 61.625);
 }
 
 TEST_F(TotalsTest, a_week_of_34_hours_and_a_quarter_at_10_costs_342_50) {
     Set(1, {{96, 192}, {200, 241}});
     EXPECT_EQ(g.week.WeekQuarters[1], 137);
-    EXPECT_EQ(g.totals.TotalWeekWages, 342.5);
+    EXPECT_EQ(g.totals.TotalWeekWages.Amount(), 342.5);
 }
 
 TEST_F(TotalsTest, another_day_changes_the_sums_of_the_day_alone) {
     Set(1, {{36, 68}, {132, 140}});
     const long week = g.totals.TotalWeekQuarters;
-    const double wages = g.totals.TotalWeekWages;
+    const Wage wages = g.totals.TotalWeekWages;
     GoTo(2);
     EXPECT_EQ(g.week.DayQuarters[1], 8);
     EXPECT_EQ(g.totals.TotalDayQuarters, 8);
-    EXPECT_EQ(g.totals.TotalDayWages, 20);
+    EXPECT_EQ(g.totals.TotalDayWages.Amount(), 20);
     EXPECT_EQ(g.totals.TotalWeekQuarters, week);
     EXPECT_EQ(g.totals.TotalWeekWages, wages);
     EXPECT_EQ(g.week.WeekQuarters[1], 40);
@@ -186,14 +186,14 @@ TEST_F(TotalsTest, an_employee_taken_out_and_put_back_changes_no_sum) {
         ASSERT_EQ(test::SumsText(g), sums);
     }
     for (int e = 1; e <= 20; ++e) AddEmployeeToTotals(g.week, PayrollOf(g), e, -1);
-    EXPECT_EQ(g.totals.TotalWeekWages, 0) << "nobody costs exactly nothing";
-    EXPECT_EQ(g.totals.TotalDayWages, 0);
+    EXPECT_EQ(g.totals.TotalWeekWages.Amount(), 0) << "nobody costs exactly nothing";
+    EXPECT_EQ(g.totals.TotalDayWages.Amount(), 0);
 }
 
 TEST_F(TotalsTest, the_sum_of_wages_does_not_depend_on_the_order_in_which_it_grew) {
     test::MakeRoster(g, 200);
     for (int e = 1; e <= 200; ++e) Set(e, {{36, 69}});
-    const double upwards = g.totals.TotalWeekWages;
+    const Wage upwards = g.totals.TotalWeekWages;
     g.totals = {};
     for (int e = 200; e >= 1; --e) AddEmployeeToTotals(g.week, PayrollOf(g), e, 1);
     EXPECT_EQ(g.totals.TotalWeekWages, upwards);
@@ -218,7 +218,7 @@ TEST_F(TotalsTest, texts_of_money_are_empty_while_pay_is_hidden) {
     Set(2, {{36, 70}});
     EXPECT_EQ(TotalsTexts(g.totals, g.rights, g.application.options.TimeFormat),
               (Texts4{" 8:30", " 8:30", "", ""}));
-    EXPECT_EQ(g.totals.TotalWeekWages, 0);
+    EXPECT_EQ(g.totals.TotalWeekWages.Amount(), 0);
 }
 
 // --- labor figures ----------------------------------------------------------------------------------------
@@ -229,7 +229,7 @@ class ProductivityTest : public TotalsTest {
   protected:
     void SetUp() override {
         TotalsTest::SetUp();
-        g.TotalSalaries = 700;
+        g.TotalSalaries = Wage::Whole(Currency::FromAmount(700));
         g.figures.DailySales[1] = 1000;
         g.figures.DailySales[2] = 400;
         g.figures.DailyTransactions[1] = 120;
@@ -437,7 +437,7 @@ TEST_F(TotalsTest, headcount_figures_begin_at_the_first_full_hour_behind_an_odd_
 // --- the totals box ---------------------------------------------------------------------------------------
 
 TEST_F(TotalsTest, the_totals_box_shows_the_week_by_kind) {
-    g.TotalSalaries = 700;
+    g.TotalSalaries = Wage::Whole(Currency::FromAmount(700));
     g.department.EmployeeNamePlural = "Nurses";
     Set(1, {{36, 68}});
     Set(2, {{36, 70}});
@@ -452,7 +452,7 @@ TEST_F(TotalsTest, the_totals_box_shows_the_week_by_kind) {
 }
 
 TEST_F(TotalsTest, the_totals_box_shows_no_money_while_pay_is_hidden) {
-    g.TotalSalaries = 700;
+    g.TotalSalaries = Wage::Whole(Currency::FromAmount(700));
     g.rights.HideWages = true;
     Set(1, {{36, 68}});
     EXPECT_EQ(WeeklyTotalsBox(g).Label2, (Texts4{"", "", "", ""}));

@@ -376,7 +376,7 @@ class SideBySide {
             if (e % 3 != 0) wages += (7.2501 + 1.2347 * e) * ofWeek / 4;
         }
         if (g_.totals.TotalWeekQuarters != week || g_.totals.TotalDayQuarters != day) return "sums";
-        return std::fabs(g_.totals.TotalWeekWages - wages) > 0.01 ? "wages" : "";
+        return std::fabs(g_.totals.TotalWeekWages.Amount() - wages) > 0.01 ? "wages" : "";
     }
 
     int cutoff_;

@@ -41,41 +41,6 @@ TEST(Currency, compares_by_amount) {
     EXPECT_NE(Currency::FromScaled(1), Currency());
 }
 
-TEST(Quarter, pays_two_quarters_of_an_hour_exactly) {
-    EXPECT_EQ((Currency::FromAmount(7.25) * 2).Quarter(), Currency::FromAmount(3.625));
-}
-
-TEST(Quarter, rounds_half_to_even_at_the_fourth_decimal) {
-    struct Case {
-        std::int64_t scaled;
-        std::int64_t quarter;
-    };
-    constexpr Case cases[] = {{0, 0}, {1, 0}, {2, 0}, {3, 1},  {4, 1},
-                              {5, 1}, {6, 2}, {7, 2}, {10, 2}, {14, 4}};
-    for (const Case& c : cases) {
-        EXPECT_EQ(Currency::FromScaled(c.scaled).Quarter().Scaled(), c.quarter) << c.scaled;
-        EXPECT_EQ(Currency::FromScaled(-c.scaled).Quarter().Scaled(), -c.quarter) << -c.scaled;
-    }
-}
-
-/// True when no whole number is nearer to a quarter of n than q, and q is the even one of two that are as
-/// near.
-bool IsQuarter(std::int64_t n, std::int64_t q) {
-    const std::int64_t miss = 4 * q - n;
-    return (miss > -2 && miss < 2) || ((miss == 2 || miss == -2) && q % 2 == 0);
-}
-
-TEST(Quarter, is_the_nearest_amount_there_is) {
-    test::Random random;
-    SCOPED_TRACE(random.Trace());
-    for (std::int64_t n = -1000; n <= 1000; ++n)
-        ASSERT_TRUE(IsQuarter(n, Currency::FromScaled(n).Quarter().Scaled())) << n;
-    for (int i = 0; i < 20000; ++i) {
-        const std::int64_t n = random.Whole(-1000000000000000, 1000000000000000);
-        ASSERT_TRUE(IsQuarter(n, Currency::FromScaled(n).Quarter().Scaled())) << n;
-    }
-}
-
 // ---- wages ----
 
 TEST(Wage, is_the_same_whatever_parts_it_is_paid_in) {

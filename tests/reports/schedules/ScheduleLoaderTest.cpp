@@ -303,7 +303,7 @@ TEST_F(ScheduleLoaderTest, sums_what_the_editor_sums) {
     test::SetBars(g, boss, {{36, 68}});
     const ScheduleSums sums = Sums();
     EXPECT_EQ(sums.PrintTotalQuarters, g.totals.TotalWeekQuarters);
-    EXPECT_DOUBLE_EQ(sums.PrintTotalWagesSum.Amount(), g.totals.TotalWeekWages);
+    EXPECT_EQ(sums.PrintTotalWagesSum, g.totals.TotalWeekWages);
     EXPECT_EQ(sums.DayTotalQuarters[1], 34 + 32);
 }
 

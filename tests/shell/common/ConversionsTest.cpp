@@ -238,7 +238,7 @@ TEST(HoursOfQuarters, are_whole_hours_and_fourths) {
 
 // --- wages ------------------------------------------------------------------------------------------------
 
-double Wage(long quarters, double rate, bool hourly = true, bool hidden = false) {
+std::optional<Wage> Paid(long quarters, double rate, bool hourly = true, bool hidden = false) {
     Roster roster;
     roster.RosterPay = {Currency(), Currency::FromAmount(rate)};
     roster.RosterWageOrSal = {0, hourly ? -1 : 0};
@@ -248,24 +248,24 @@ double Wage(long quarters, double rate, bool hourly = true, bool hidden = false)
 }
 
 TEST(WagesForQuarters, pays_whole_hours_and_the_part_of_one) {
-    EXPECT_EQ(Wage(137, 10), 342.5);
-    EXPECT_EQ(Wage(34, 7.25), 61.625);
-    EXPECT_EQ(Wage(0, 7.25), 0);
-    EXPECT_EQ(Wage(1, 7.25), 1.8125);
-    EXPECT_EQ(Wage(4, 0.0001), 0.0001);
+    EXPECT_EQ(Paid(137, 10)->Amount(), 342.5);
+    EXPECT_EQ(Paid(34, 7.25)->Amount(), 61.625);
+    EXPECT_EQ(Paid(0, 7.25)->Amount(), 0);
+    EXPECT_EQ(Paid(1, 7.25)->Amount(), 1.8125);
+    EXPECT_EQ(Paid(4, 0.0001)->Amount(), 0.0001);
 }
 
-TEST(WagesForQuarters, rounds_the_part_of_an_hour_half_to_even_at_the_fourth_decimal) {
-    EXPECT_EQ(Wage(2, 0.0001), 0);      // 0.00005
-    EXPECT_EQ(Wage(2, 0.0003), 0.0002); // 0.00015
-    EXPECT_EQ(Wage(1, 10.0001), 2.5);   // 2.500025
-    EXPECT_EQ(Wage(6, 0.0003), 0.0005);
+TEST(WagesForQuarters, keep_the_part_of_an_hour_exact_behind_the_fourth_decimal) {
+    EXPECT_EQ(Paid(2, 0.0001)->Amount(), 0.00005);
+    EXPECT_EQ(Paid(2, 0.0003)->Amount(), 0.00015);
+    EXPECT_EQ(Paid(1, 10.0001)->Amount(), 2.500025);
+    EXPECT_EQ(Paid(6, 0.0003)->Amount(), 0.00045);
 }
 
-TEST(WagesForQuarters, are_nothing_for_a_salary_or_while_pay_is_hidden) {
-    EXPECT_EQ(Wage(40, 700, false), 0);
-    EXPECT_EQ(Wage(40, 10, true, true), 0);
-    EXPECT_EQ(Wage(40, 700, false, true), 0);
+TEST(WagesForQuarters, are_nothing_for_a_salary_and_absent_while_pay_is_hidden) {
+    EXPECT_EQ(Paid(40, 700, false), Wage());
+    EXPECT_EQ(Paid(40, 10, true, true), std::nullopt);
+    EXPECT_EQ(Paid(40, 700, false, true), std::nullopt);
 }
 
 TEST(WagesForQuarters, take_any_mark_but_0_for_an_hourly_wage) {
@@ -273,13 +273,13 @@ TEST(WagesForQuarters, take_any_mark_but_0_for_an_hourly_wage) {
         Roster roster;
         roster.RosterPay = {Currency(), Currency::FromAmount(10)};
         roster.RosterWageOrSal = {0, mark};
-        EXPECT_EQ(WagesForQuarters(roster, Rights(), 1, 4), 10) << mark;
+        EXPECT_EQ(WagesForQuarters(roster, Rights(), 1, 4)->Amount(), 10) << mark;
     }
 }
 
 TEST(WagesForQuarters, stay_a_number_for_a_pay_beyond_all_money) {
     for (const double pay : {1e15, 1e30, 1e99, -1e99}) {
-        const double wage = Wage(671, pay);
+        const double wage = Paid(671, pay)->Amount();
         EXPECT_TRUE(std::isfinite(wage)) << pay;
         EXPECT_EQ(wage > 0, pay > 0) << pay;
     }
