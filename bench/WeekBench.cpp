@@ -176,7 +176,8 @@ void SaveUnchanged(const std::shared_ptr<Department>& d, const std::string& size
         "SaveWeek unchanged/" + size,
         [d] {
             return Seconds([&] {
-                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian);
+                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian,
+                          0);
             });
         },
         [d] {
@@ -196,7 +197,8 @@ void SaveFirst(const std::shared_ptr<Department>& d, const std::string& size) {
         [d, next] {
             test::WritableWeek(d->store.g).WeekStartJulian = *next += 8;
             const double seconds = Seconds([&] {
-                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian);
+                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian,
+                          0);
             });
             test::WritableWeek(d->store.g).WeekStartJulian = d->week;
             return seconds;
@@ -229,7 +231,8 @@ void SaveSome(const std::shared_ptr<Department>& d, const std::string& size) {
         [d, change] {
             change();
             return Seconds([&] {
-                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian);
+                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian,
+                          0);
             });
         },
         [d, change] {

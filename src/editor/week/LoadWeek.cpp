@@ -48,7 +48,11 @@ void TakeEmployee(Week& week, const Payroll& payroll, int e,
         week.DayOffFlag[d][e] = day.vacationDay && !dropDaysOff;
         PaintStoredDay(week, d, day.startsStops);
     }
-    if (!scheduled) return;
+    week.KnownDaytypeOfDay8[e] = week.DayTypeText[DaysInSpan][e];
+    if (!scheduled) {
+        week.UnreadOfDay8[e] = days[DaysInSpan].startsStops;
+        return;
+    }
     week.BarCount[e] = ReadWeekGrid(week, e);
     CountBars(week, e, payroll.cutoffQuarters);
     AddEmployeeToTotals(week, payroll, e, 1);

@@ -1,6 +1,7 @@
 #include "editor/week/SaveWeek.h"
 
 #include "editor/week/LoadWeek.h"
+#include "editor/week/NextWeek.h"
 #include "editor/week/StoredDays.h"
 #include "editor/week/WeekEdit.h"
 #include "platform/basic/Text.h"
@@ -78,24 +79,29 @@ void WriteDay(DayTable& table, const Roster& roster, int e, DayRow wanted, const
 }
 
 void WriteRows(dao::Database& database, DayTable& table, const Roster& roster, const Week& week,
-               DaySerial firstSerial) {
+               DaySerial firstSerial, int cutoffQuarters) {
     dao::Transaction transaction(database);
     const StoredWeek stored = ReadStoredWeek(database, roster, firstSerial);
     for (int row = 1; row <= roster.EmployeeCount; ++row) {
         const int e = roster.EmployeeRowIndex[row];
-        for (int d = 1; d <= DaysInSpan; ++d)
-            WriteDay(table, roster, e, WantedOf(roster, week, firstSerial, e, d), stored[e][d]);
+        const auto& days = stored[e];
+        for (int d = 1; d < DaysInSpan; ++d)
+            WriteDay(table, roster, e, WantedOf(roster, week, firstSerial, e, d), days[d]);
+        const DayRow ofModel = WantedOf(roster, week, firstSerial, e, DaysInSpan);
+        const auto wanted =
+            WithNextWeek(ofModel, week, e, days[DaysInSpan - 1], days[DaysInSpan], cutoffQuarters);
+        if (wanted) WriteDay(table, roster, e, *wanted, days[DaysInSpan]);
     }
     transaction.Commit();
 }
 
-bool TryToWrite(Store& store, const Roster& roster, Prompt& prompt, const Week& week, DaySerial firstSerial) {
+bool TryToWrite(GlobalState& g, Prompt& prompt, const Week& week, DaySerial firstSerial) {
     const Hourglass hourglass(prompt);
     Occasion occasion = Occasion::BeginningSave;
     try {
-        DayTable table(store.Open());
+        DayTable table(g.store.Open());
         occasion = Occasion::Saving;
-        WriteRows(store.Open(), table, roster, week, firstSerial);
+        WriteRows(g.store.Open(), table, g.roster, week, firstSerial, g.department.DayCutoffQuarters);
         return true;
     } catch (const dao::DaoError& trouble) {
         TellTrouble(prompt, TroubleOf(occasion, trouble, "schedule"));
@@ -105,10 +111,11 @@ bool TryToWrite(Store& store, const Roster& roster, Prompt& prompt, const Week& 
 
 } // namespace
 
-void WriteWeek(dao::Database& database, const Roster& roster, const Week& week, DaySerial firstSerial) {
+void WriteWeek(dao::Database& database, const Roster& roster, const Week& week, DaySerial firstSerial,
+               int cutoffQuarters) {
     if (!week.IsLoaded) throw std::logic_error("A week that is not loaded cannot be saved.");
     DayTable table(database);
-    WriteRows(database, table, roster, week, firstSerial);
+    WriteRows(database, table, roster, week, firstSerial, cutoffQuarters);
 }
 
 bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle, const Week& week,
@@ -118,7 +125,7 @@ bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& s
     gauge.Show(true);
     ports.prompt.DoEvents();
     settle(); // events may have taken hold of a bar
-    const bool saved = TryToWrite(g.store, g.roster, ports.prompt, week, firstSerial);
+    const bool saved = TryToWrite(g, ports.prompt, week, firstSerial);
     if (saved) {
         // Before the flood lets events run: what is edited meanwhile is a change again.
         if (&week == &g.week && firstSerial == week.WeekStartJulian) WeekEdit(g).Saved();

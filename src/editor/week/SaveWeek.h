@@ -17,9 +17,11 @@ using SettleGesture = std::function<void()>;
 /// Writes days 1 to 8 of every roster row to `Day Schedule`, day 1 under the date `firstSerial`, in one
 /// transaction: a row for each employee and day that holds anything, none otherwise; only rows that differ
 /// from what stands there now are touched. A day off in the store keeps its row and stores no working time. A
-/// row that carries a rate keeps it. Throws DaoError and changes no row if the store refuses, logic_error for
+/// row that carries a rate keeps it. Of day 8 the week behind keeps what is its own there, told by the
+/// cut-off. Throws DaoError and changes no row if the store refuses, logic_error for
 /// a week that is not loaded. Leaves the model and `WeekChanged` alone.
-void WriteWeek(dao::Database& database, const Roster& roster, const Week& week, DaySerial firstSerial);
+void WriteWeek(dao::Database& database, const Roster& roster, const Week& week, DaySerial firstSerial,
+               int cutoffQuarters);
 
 /// WriteWeek with its gauge and its boxes. True when the week was saved; when it is the loaded one and went
 /// to its own date, `WeekChanged` is then False. After a refusal the model is untouched, and the person saves

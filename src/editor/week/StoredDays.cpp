@@ -17,13 +17,20 @@ StoredWeek ReadStoredWeek(const dao::Database& database, const Roster& roster, D
     return stored;
 }
 
+std::vector<Period> ReadablePeriods(std::string_view startsStops) {
+    std::vector<Period> readable;
+    for (const Period& period : DecodePeriods(startsStops)) {
+        if (!period.IsUsed()) continue;
+        if (period.start > period.stop) break;
+        readable.push_back(period);
+    }
+    return readable;
+}
+
 void PaintStoredDay(Week& week, int day, std::string_view text) {
     const int offset = (day - 1) * QuartersPerDay;
-    for (const Period& period : DecodePeriods(text)) {
-        if (!period.IsUsed()) continue;
-        if (period.start > period.stop) return;
+    for (const Period& period : ReadablePeriods(text))
         PaintWeekGrid(week, period.start + offset, period.stop + offset);
-    }
 }
 
 std::string StartsStopsOf(const Week& week, int e, int day, int& quarters) {

@@ -25,8 +25,11 @@ using StoredWeek = std::vector<std::array<StoredDay, DaysInSpan + 1>>;
 /// DaoError.
 StoredWeek ReadStoredWeek(const dao::Database& database, const Roster& roster, DaySerial firstSerial);
 
-/// Marks the periods of a day's stored text in the string of quarters. Day 1 to 8. A text shorter than 14
-/// bytes is an empty day; a period whose start lies after its stop ends the reading of the day.
+/// The periods of a day's stored text that count, in their order. A text shorter than 14 bytes is an empty
+/// day; a period whose start lies after its stop ends the reading of the day.
+std::vector<Period> ReadablePeriods(std::string_view startsStops);
+
+/// Marks the readable periods of a day's stored text in the string of quarters. Day 1 to 8.
 void PaintStoredDay(Week& week, int day, std::string_view startsStops);
 
 /// The stored text of a day, 14 bytes, from the bars of an employee, and the quarters that it holds. More

@@ -142,6 +142,7 @@ std::string WeekEdit::RedoHint() const {
 
 void WeekEdit::Saved() {
     KeepPlace(g_.steps);
+    Open().KnownDaytypeOfDay8 = Open().DayTypeText[DaysInSpan];
     Open().WeekChanged = DiffersFromStore(g_.steps);
 }
 

@@ -11,6 +11,8 @@ void Week::Resize(int count) {
     DayQuarters.assign(size, 0);
     for (auto& day : DayTypeText) day.assign(size, "");
     for (auto& day : DayOffFlag) day.assign(size, false);
+    KnownDaytypeOfDay8.assign(size, "");
+    UnreadOfDay8.assign(size, "");
     IsLoaded = false;
     WeekChanged = false;
 }

@@ -26,6 +26,10 @@ struct Week {
     std::array<std::vector<std::string>, DaysInSpan + 1> DayTypeText; // [day 1..8][employee]
     std::array<std::vector<bool>, DaysInSpan + 1> DayOffFlag;         // [day 1..8][employee]
 
+    // [employee], of day 8, the first day of the week behind, as far as the store is concerned.
+    std::vector<std::string> KnownDaytypeOfDay8; // since the load, or the last save
+    std::vector<std::string> UnreadOfDay8;       // times of who has no other row in the week
+
     std::string WeekGrid; // 769 characters of working space; quarter p is character p, "X" is worked
 
     bool IsLoaded = false;         // false: the arrays are empty, and no date is theirs

@@ -192,10 +192,10 @@ TEST_F(TwoWorkstationsTest, a_load_that_finds_the_file_held_alone_keeps_the_week
 
 constexpr int People = 6;
 
-/// The bars of a version of the week: everybody works at the same times on all eight days.
+/// The bars of a version of the week: everybody works at the same times on all seven days.
 BarList BarsOfVersion(int version) {
     BarList bars;
-    for (int day = 0; day < 8; ++day)
+    for (int day = 0; day < 7; ++day)
         bars.emplace_back(day * 96 + 1 + version % 40, day * 96 + 50 + version % 40);
     return bars;
 }
@@ -224,7 +224,7 @@ void SaveForEver(const fs::path& folder, int first, ChildProcess& test) {
 std::vector<std::string> VersionsOf(RawFile& file, DaySerial first) {
     return file.Rows(
         "SELECT DISTINCT [Starts & Stops] FROM [Day Schedule] WHERE [Day Julian] BETWEEN ? AND ?",
-        {std::int64_t{first}, std::int64_t{first + 7}});
+        {std::int64_t{first}, std::int64_t{first + 6}});
 }
 
 using Moment = std::chrono::steady_clock;
@@ -263,8 +263,8 @@ TEST(PowerCut, leaves_every_week_wholly_old_or_wholly_new) {
             if (versions.empty()) continue;
             seen.insert(versions.front());
             ASSERT_EQ(file.Rows("SELECT count(*) FROM [Day Schedule] WHERE [Day Julian] BETWEEN ? AND ?",
-                                {std::int64_t{first}, std::int64_t{first + 7}}),
-                      Rows{std::to_string(8 * People)})
+                                {std::int64_t{first}, std::int64_t{first + 6}}),
+                      Rows{std::to_string(7 * People)})
                 << "round " << round;
         }
         if (round % 25 == 0) {
@@ -337,7 +337,7 @@ TEST(FullDisk, refuses_a_save_that_does_not_fit_and_takes_it_when_there_is_room)
     EXPECT_GE(refused, 3);
     EXPECT_TRUE(saved) << "with more room it fits";
     EXPECT_FALSE(g.week.WeekChanged);
-    EXPECT_EQ(store.Rows().size(), 8U * 120);
+    EXPECT_EQ(store.Rows().size(), 7U * 120);
     EXPECT_EQ(test::SumsText(g), sums);
     EXPECT_EQ(RawFile(store.folder / "TVX.MDB").Integrity(), "ok");
 }

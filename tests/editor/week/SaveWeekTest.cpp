@@ -221,12 +221,152 @@ TEST_F(SaveWeekTest, small_letters_of_a_daytype_become_capitals) {
     EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "V", "9:00am-5:00pm", "8|10|W|0")});
 }
 
-TEST_F(SaveWeekTest, a_row_of_the_eighth_day_alone_goes_with_a_save_of_the_week_before) {
-    store.PutDay(Sunday + 7, adams, StartsStops({{36, 68}}));
-    store.OpenWeek(Sunday);
-    ASSERT_TRUE(Save());
-    EXPECT_TRUE(store.Rows().empty()) << "the week before shows no bars there, and writes what it shows";
+// --- the first day of the week behind ---------------------------------------------------------------------
+
+class NextWeekTest : public SaveWeekTest {
+  protected:
+    static constexpr int SixInTheMorning = 24;
+    static constexpr DaySerial NextSunday = Sunday + 7;
+
+    /// Opens the week with days that begin so many quarters after midnight.
+    void OpenWithCutoff(int quarters) {
+        g.department.DayCutoffQuarters = quarters;
+        store.OpenWeek(Sunday);
+    }
+    /// What the file holds of somebody's first day of the week behind, "" without a row.
+    std::string NextDay(int key) {
+        const std::string start = std::to_string(NextSunday) + "|" + std::to_string(key) + "|";
+        for (const std::string& row : store.Rows())
+            if (row.starts_with(start)) return row.substr(start.size());
+        return "";
+    }
+};
+
+TEST_F(NextWeekTest, stays_of_who_has_no_row_in_this_week_however_it_is_planned) {
+    store.PutDay(NextSunday, adams, StartsStops({{10, 20}, {36, 68}}), "v", false, "W", 6.5);
+    const std::string before = NextDay(adams);
+    for (const int cutoff : {0, SixInTheMorning}) {
+        OpenWithCutoff(cutoff);
+        ASSERT_TRUE(Save());
+        EXPECT_EQ(NextDay(adams), before) << "without an edit";
+        WeekEdit(g).PutBars(1, {{36, 68}});
+        for (int time = 1; time <= 2; ++time) {
+            ASSERT_TRUE(Save());
+            EXPECT_EQ(NextDay(adams), before) << cutoff << ", save " << time;
+        }
+        WeekEdit(g).ClearPerson(1);
+        ASSERT_TRUE(Save());
+        EXPECT_EQ(NextDay(adams), before) << cutoff << ", cleared";
+    }
 }
+
+TEST_F(NextWeekTest, outlives_the_clearing_of_a_week_that_was_read) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
+    store.PutDay(NextSunday, adams, StartsStops({{36, 68}}), "A");
+    OpenWithCutoff(SixInTheMorning);
+    WeekEdit(g).ClearWeek();
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), Rows{Row(NextSunday, adams, "A", "9:00am-5:00pm", "0|10|W|0")});
+    WeekEdit(g).Undo();
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(NextDay(adams), "A|9:00am-5:00pm|0|10|W|0");
+}
+
+TEST_F(NextWeekTest, takes_a_night_in_and_gives_it_back_without_losing_its_own_time) {
+    store.PutDay(NextSunday, adams, StartsStops({{36, 68}}));
+    for (const int cutoff : {0, SixInTheMorning}) {
+        OpenWithCutoff(cutoff);
+        WeekEdit(g).PutBars(1, {{660, 692}});
+        ASSERT_TRUE(Save());
+        EXPECT_EQ(NextDay(adams), "|12:00am-5:00am 9:00am-5:00pm|13|10|W|0");
+        Load();
+        const int night = 1;
+        WeekEdit(g).ReplaceBar(1, night, {660, 680});
+        ASSERT_TRUE(Save());
+        EXPECT_EQ(NextDay(adams), "|12:00am-2:00am 9:00am-5:00pm|10|10|W|0");
+        WeekEdit(g).CutBars(1, {night});
+        ASSERT_TRUE(Save());
+        EXPECT_EQ(NextDay(adams), "|9:00am-5:00pm|8|10|W|0");
+    }
+}
+
+TEST_F(NextWeekTest, is_told_from_a_night_that_runs_up_to_it) {
+    store.PutDay(NextSunday, adams, StartsStops({{36, 68}}));
+    OpenWithCutoff(0);
+    WeekEdit(g).PutBars(1, {{660, 708}});
+    ASSERT_TRUE(Save());
+    Load();
+    EXPECT_EQ(test::Bars(g, 1), (BarList{{660, 740}}));
+    WeekEdit(g).CutBars(1, {1});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(NextDay(adams), "|9:00am-5:00pm|8|10|W|0");
+}
+
+TEST_F(NextWeekTest, gets_no_row_when_a_night_that_reached_it_is_taken_back) {
+    OpenWithCutoff(0);
+    WeekEdit(g).PutBars(1, {{660, 692}});
+    ASSERT_TRUE(Save());
+    EXPECT_NE(NextDay(adams), "");
+    WeekEdit(g).ReplaceBar(1, 1, {660, 672});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(NextDay(adams), "");
+}
+
+TEST_F(NextWeekTest, keeps_what_a_colleague_has_planned_there_meanwhile) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
+    OpenWithCutoff(SixInTheMorning);
+    store.PutDay(NextSunday, adams, StartsStops({{40, 60}}), "B");
+    const std::string planned = NextDay(adams);
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(NextDay(adams), planned);
+}
+
+TEST_F(NextWeekTest, takes_the_daytype_that_was_given_to_it_here) {
+    store.PutDay(NextSunday, adams, StartsStops({{36, 68}}), "A");
+    OpenWithCutoff(0);
+    WeekEdit(g).SetDaytype(1, 8, "B");
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(NextDay(adams), "B|9:00am-5:00pm|0|10|W|0");
+}
+
+TEST_F(NextWeekTest, keeps_its_own_time_where_there_is_no_room_for_more) {
+    std::vector<std::pair<int, int>> seven;
+    for (int p = 0; p < 7; ++p) seven.emplace_back(30 + 8 * p, 34 + 8 * p);
+    store.PutDay(NextSunday, adams, StartsStops(seven));
+    const std::string before = NextDay(adams);
+    OpenWithCutoff(SixInTheMorning);
+    WeekEdit(g).PutBars(1, {{660, 690}});
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(NextDay(adams), before);
+}
+
+TEST_F(NextWeekTest, is_as_it_was_after_a_load_and_a_save_whatever_stands_in_the_week) {
+    test::Random random;
+    SCOPED_TRACE(random.Trace());
+    for (int round = 0; round < 60; ++round) {
+        const DaySerial first = Sunday + 14 * round;
+        g.department.DayCutoffQuarters = static_cast<int>(random.Whole(0, 32));
+        for (int d = 0; d < 8; ++d) {
+            if (random.Chance(50)) continue;
+            const int start = static_cast<int>(random.Whole(0, 40));
+            const int late = static_cast<int>(random.Whole(50, 80));
+            store.PutDay(first + d, adams, StartsStops({{start, start + 8}, {late, 96}}), "a",
+                         random.Chance(20), "W", 6.5);
+        }
+        const std::string start = std::to_string(first + 7) + "|";
+        const auto eighth = [&] {
+            Rows rows = store.Rows();
+            std::erase_if(rows, [&](const std::string& row) { return !row.starts_with(start); });
+            return rows;
+        };
+        const Rows before = eighth();
+        store.OpenWeek(first);
+        ASSERT_TRUE(Save());
+        ASSERT_EQ(eighth(), before) << round;
+    }
+}
+
+// --- the rows of others -----------------------------------------------------------------------------------
 
 TEST_F(SaveWeekTest, touches_nobody_elses_rows_and_no_other_days) {
     store.PutDay(Sunday - 1, adams, StartsStops({{36, 68}}));
@@ -313,7 +453,7 @@ TEST_F(SaveWeekTest, a_week_that_is_not_loaded_is_not_saved) {
     EXPECT_FALSE(Save());
     EXPECT_FALSE(SaveWeek(
         g, store.ports(), store.gauge, [] {}, g.week, Sunday));
-    EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week, Sunday), std::logic_error);
+    EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week, Sunday, 0), std::logic_error);
     EXPECT_EQ(store.Rows(), before);
     EXPECT_TRUE(store.gauge.floods.empty());
 }
@@ -437,11 +577,11 @@ TEST_F(SaveWeekTest, WriteWeek_says_what_went_wrong_and_leaves_the_flag_alone) {
     store.OpenWeek(Sunday);
     test::SetBars(g, 1, {{36, 68}});
     test::WritableWeek(g).WeekChanged = true;
-    WriteWeek(store.db(), g.roster, g.week, g.week.WeekStartJulian);
+    WriteWeek(store.db(), g.roster, g.week, g.week.WeekStartJulian, 0);
     EXPECT_EQ(store.Rows().size(), 1U);
     EXPECT_TRUE(g.week.WeekChanged);
     RawFile(store.folder / "TVX.MDB").Run("DROP TABLE [Day Schedule]");
-    EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week, g.week.WeekStartJulian), dao::DaoError);
+    EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week, g.week.WeekStartJulian, 0), dao::DaoError);
 }
 
 // --- leaving the week -------------------------------------------------------------------------------------
