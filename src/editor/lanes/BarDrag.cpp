@@ -178,9 +178,4 @@ void BarDrag::Forget() {
     LeftDown = false;
 }
 
-void TellSchedulingNotPermitted(Prompt& prompt) {
-    prompt.MsgBox("Your authorization does not allow scheduling changes", box::Exclamation,
-                  "Scheduling not permitted");
-}
-
 } // namespace tvx

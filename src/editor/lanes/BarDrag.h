@@ -80,7 +80,4 @@ class BarDrag {
     bool LeftDown = false;
 };
 
-/// The message for who may not change schedules.
-void TellSchedulingNotPermitted(Prompt& prompt);
-
 } // namespace tvx

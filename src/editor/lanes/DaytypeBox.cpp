@@ -1,6 +1,6 @@
 #include "editor/lanes/DaytypeBox.h"
 
-#include "editor/lanes/BarDrag.h"
+#include "editor/week/Refusal.h"
 #include "platform/basic/Text.h"
 
 namespace tvx {

@@ -4,6 +4,7 @@
 #include "editor/screens/TotalsForm.h"
 #include "editor/week/DayShifts.h"
 #include "editor/week/LoadWeek.h"
+#include "editor/week/Refusal.h"
 #include "editor/week/SaveWeek.h"
 #include "editor/week/WeekEdit.h"
 #include "masterdata/DaytypeList.h"

@@ -2,6 +2,7 @@
 
 #include "editor/lanes/GridView.h"
 #include "editor/lanes/LineMenu.h"
+#include "editor/week/Refusal.h"
 #include "editor/week/Totals.h"
 #include "support/Quarters.h"
 #include "support/WeekWriter.h"
