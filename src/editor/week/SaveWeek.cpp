@@ -2,6 +2,7 @@
 
 #include "editor/week/LoadWeek.h"
 #include "editor/week/NextWeek.h"
+#include "editor/week/Refusal.h"
 #include "editor/week/StoredDays.h"
 #include "editor/week/WeekEdit.h"
 #include "platform/basic/Text.h"
@@ -121,6 +122,10 @@ void WriteWeek(dao::Database& database, const Roster& roster, const Week& week, 
 bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle, const Week& week,
               DaySerial firstSerial) {
     if (!week.IsLoaded) return false;
+    if (!g.rights.SchedulingAllowed) {
+        TellSchedulingNotPermitted(ports.prompt);
+        return false;
+    }
     gauge.Flood(0);
     gauge.Show(true);
     ports.prompt.DoEvents();
@@ -142,7 +147,7 @@ bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& s
 bool MayLeaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle,
                   const std::string& title) {
     settle();
-    if (!g.week.WeekChanged) return true;
+    if (!g.week.WeekChanged || !g.rights.SchedulingAllowed) return true;
     switch (ports.prompt.MsgBox("Save the changes first?", box::YesNoCancel + box::Question, title)) {
     case Answer::Yes:
         return SaveWeek(g, ports, gauge, settle);

@@ -25,14 +25,16 @@ void WriteWeek(dao::Database& database, const Roster& roster, const Week& week, 
 
 /// WriteWeek with its gauge and its boxes. True when the week was saved; when it is the loaded one and went
 /// to its own date, `WeekChanged` is then False. After a refusal the model is untouched, and the person saves
-/// again. False, without a word, for a week that is not loaded.
+/// again. Who may not schedule is told so, and nothing is written. False, without a word, for a week that is
+/// not loaded.
 bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle, const Week& week,
               DaySerial firstSerial);
 /// The loaded week to its own date.
 bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle);
 
 /// Before a changed week is left: asks "Save the changes first?" and saves on Yes. True when the week may be
-/// left: nothing was changed, the changes are saved, or the person gives them up. `title` heads the box.
+/// left: nothing was changed, the changes are saved, the person gives them up or could not save them. `title`
+/// heads the box.
 bool MayLeaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle,
                   const std::string& title);
 

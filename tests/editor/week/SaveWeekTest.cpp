@@ -584,6 +584,23 @@ TEST_F(SaveWeekTest, WriteWeek_says_what_went_wrong_and_leaves_the_flag_alone) {
     EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week, g.week.WeekStartJulian, 0), dao::DaoError);
 }
 
+TEST_F(SaveWeekTest, who_may_not_schedule_is_told_so_and_nothing_is_written) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
+    const Rows before = store.Rows();
+    store.OpenWeek(Sunday);
+    test::SetBars(g, 1, {{10, 20}});
+    test::WritableWeek(g).WeekChanged = true;
+    g.rights.SchedulingAllowed = false;
+    store.prompt().Expect("Your authorization does not allow scheduling changes", box::Exclamation,
+                          "Scheduling not permitted");
+    EXPECT_FALSE(Save());
+    EXPECT_EQ(store.Rows(), before);
+    EXPECT_TRUE(store.gauge.floods.empty());
+    EXPECT_TRUE(MayLeaveWeek(
+        g, store.ports(), store.gauge, [] {}, "You made changes"))
+        << "and is not asked about what cannot be saved";
+}
+
 // --- leaving the week -------------------------------------------------------------------------------------
 
 class LeaveWeekTest : public SaveWeekTest {
