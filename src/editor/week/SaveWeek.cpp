@@ -105,6 +105,8 @@ bool TryToWrite(GlobalState& g, Prompt& prompt, const Week& week, DaySerial firs
         WriteRows(g.store.Open(), table, g.roster, week, firstSerial, g.department.DayCutoffQuarters);
         return true;
     } catch (const dao::DaoError& trouble) {
+        // Another's commit may be met at any step, the opening of the table included.
+        if (trouble.Number() == dao::error::CouldNotLock) occasion = Occasion::Saving;
         TellTrouble(prompt, TroubleOf(occasion, trouble, "schedule"));
         return false;
     }

@@ -7,6 +7,7 @@
 #include "platform/dao/DaoError.h"
 #include "shell/common/TVXMOD1.h"
 #include "support/Bakery.h"
+#include "support/FailingSession.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
 #include "support/WeekWriter.h"
@@ -582,6 +583,32 @@ TEST_F(SaveWeekTest, WriteWeek_says_what_went_wrong_and_leaves_the_flag_alone) {
     EXPECT_TRUE(g.week.WeekChanged);
     RawFile(store.folder / "TVX.MDB").Run("DROP TABLE [Day Schedule]");
     EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week, g.week.WeekStartJulian, 0), dao::DaoError);
+}
+
+TEST(LockedSave, tells_of_a_locked_page_wherever_it_meets_the_commit_of_another) {
+    const auto faults = std::make_shared<test::Faults>();
+    test::TestStore store{dao::Engine(test::TestEngineOptions(), test::FailingSessions(faults))};
+    store.AddDepartment("Bakery");
+    store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
+    store.OpenWeek(Sunday);
+    store.prompt().AlwaysAnswer(Answer::Ok);
+    WeekEdit(store.g).PutBars(1, {{36, 68}});
+    using test::Call;
+    for (const Call call : {Call::Prepare, Call::Step, Call::Begin, Call::Commit})
+        test::FailEachInTurn(
+            *faults, call, dao::error::CouldNotLock,
+            [&] {
+                // A file that another has altered is looked at anew.
+                RawFile(store.folder / "TVX.MDB").Run("CREATE TABLE Altered (a)");
+                RawFile(store.folder / "TVX.MDB").Run("DROP TABLE Altered");
+                WeekEdit(store.g).Touch();
+                SaveWeek(store.g, store.ports(), store.gauge, [] {});
+            },
+            [&](int nth) {
+                EXPECT_EQ(store.prompt().Last().title, "Locked page...") << nth;
+                EXPECT_TRUE(store.g.week.WeekChanged) << nth;
+            });
+    EXPECT_GE(store.prompt().Boxes().size(), 4U);
 }
 
 TEST_F(SaveWeekTest, who_may_not_schedule_is_told_so_and_nothing_is_written) {
