@@ -11,6 +11,8 @@
 #include "shell/common/TVXMOD1.h"
 #include "store/rows/DepartmentDayRow.h"
 
+#include <optional>
+
 namespace tvx {
 namespace {
 
@@ -65,12 +67,20 @@ void TakeFigures(const DepartmentDayRow& row, int d, DepartmentFigures& figures)
     figures.DayMemoFlag[d] = !Trim(row.remarks).empty();
 }
 
+/// The schedule can be worked on without the figures: a day whose row cannot be read is as one without.
+std::optional<DepartmentDayRow> FiguresOf(const GlobalState& g, int d) {
+    const DaySerial day = g.week.WeekStartJulian + d - 1;
+    try {
+        return FindDepartmentDayRow(g.store.Open(), g.department.CurrentDepNumber, day);
+    } catch (const dao::DaoError&) {
+        return std::nullopt;
+    }
+}
+
 void ReadFigures(GlobalState& g) {
     if (g.roster.AllDepartmentsMode) return;
-    const DaySerial first = g.week.WeekStartJulian;
-    for (const DepartmentDayRow& row :
-         ReadDepartmentDayRows(g.store.Open(), g.department.CurrentDepNumber, first, first + 6))
-        TakeFigures(row, row.day - first + 1, g.figures);
+    for (int d = 1; d < DaysInSpan; ++d)
+        if (const auto row = FiguresOf(g, d)) TakeFigures(*row, d, g.figures);
     SumFigures(g.figures, g.totals);
 }
 
@@ -90,11 +100,7 @@ void LoadWeek(GlobalState& g, Ports& ports, DaySerial firstSerial, bool dropDays
         TakeEmployee(week, PayrollOf(g), e, stored[e], dropDaysOff);
     }
     week.IsLoaded = true;
-    try {
-        ReadFigures(g);
-    } catch (const dao::DaoError&) {
-        EmptyFigures(g.figures, g.totals); // the schedule can be worked on without the figures
-    }
+    ReadFigures(g);
 }
 
 void LoadWeekOf(GlobalState& g, Ports& ports, DaySerial date) {

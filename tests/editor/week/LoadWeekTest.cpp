@@ -8,11 +8,14 @@
 #include "platform/dao/DaoError.h"
 #include "shell/common/TVXMOD1.h"
 #include "support/Bakery.h"
+#include "support/FailingSession.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
 #include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace tvx {
 namespace {
@@ -300,6 +303,37 @@ TEST_F(LoadWeekTest, opens_the_week_without_a_word_when_the_figures_cannot_be_re
     EXPECT_FALSE(g.figures.HasDepartmentFigures);
     EXPECT_EQ(g.totals.SalesTotal, 0);
     EXPECT_EQ(g.figures.DayMemoText[1], "");
+    EXPECT_TRUE(store.prompt().Boxes().empty());
+}
+
+TEST(LoadWeekFigures, of_a_day_that_cannot_be_read_leave_the_other_days_theirs) {
+    const auto faults = std::make_shared<test::Faults>();
+    test::TestStore store{dao::Engine(test::TestEngineOptions(), test::FailingSessions(faults))};
+    store.AddDepartment("Bakery");
+    store.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
+    for (int d = 0; d < 7; ++d) store.PutFigures(Sunday + d, 100, 10, "Fair");
+    store.OpenWeek(Sunday);
+    const DepartmentFigures& figures = store.g.figures;
+    int loaded = 0;
+    bool refused = false;
+    test::FailEachInTurn(
+        *faults, test::Call::Step, dao::error::DiskError,
+        [&] {
+            refused = false;
+            try {
+                LoadWeek(store.g, store.ports(), Sunday);
+            } catch (const dao::DaoError&) {
+                refused = true;
+            }
+        },
+        [&](int nth) {
+            if (refused) return;
+            ++loaded;
+            EXPECT_EQ(std::count(figures.DailySales.begin(), figures.DailySales.end(), 100), 6) << nth;
+            EXPECT_EQ(std::count(figures.DayMemoFlag.begin(), figures.DayMemoFlag.end(), true), 6) << nth;
+            EXPECT_EQ(store.g.totals.SalesTotal, 600) << nth;
+        });
+    EXPECT_GE(loaded, 7);
     EXPECT_TRUE(store.prompt().Boxes().empty());
 }
 
