@@ -17,14 +17,16 @@ Command ShiftEntry(const std::function<LineMenu()>& arranged, LineActions& actio
     return entry;
 }
 
-} // namespace
-
-bool DayHasBar(const Week& week, const LaneDay& lane, int cutoffQuarters) {
-    const DayWindow day = WindowOfDay(lane.day, cutoffQuarters);
-    const int e = lane.employee;
+bool BeginsOn(const Week& week, int e, const DayWindow& day) {
     for (int b = 1; b <= week.BarCount[e]; ++b)
         if (week.BarStarts[e][b] >= day.low && week.BarStarts[e][b] < day.high) return true;
     return false;
+}
+
+} // namespace
+
+bool DayHasBar(const Week& week, const LaneDay& lane, int cutoffQuarters) {
+    return BeginsOn(week, lane.employee, WindowOfDay(lane.day, cutoffQuarters));
 }
 
 LineMenu ArrangeLineMenu(const Week& week, const LaneDay& lane, int cutoffQuarters, const Shifts& shifts,
@@ -32,7 +34,9 @@ LineMenu ArrangeLineMenu(const Week& week, const LaneDay& lane, int cutoffQuarte
     LineMenu menu;
     if (DayHasBar(week, lane, cutoffQuarters)) {
         menu.CutLine = menu.CopyLine = true;
-        menu.AddToShift = shifts.ShiftCount < MostShiftsToAdd;
+        // A shift takes what begins between two midnights, and a night behind the last one is none.
+        menu.AddToShift =
+            shifts.ShiftCount < MostShiftsToAdd && BeginsOn(week, lane.employee, WindowOfDay(lane.day, 0));
         return menu;
     }
     menu.PasteLine = clipboard.ClipFull;

@@ -33,6 +33,14 @@ TEST_F(LineMenuTest, the_line_menu_of_a_day_with_a_bar_cuts_copies_and_stores) {
     }
 }
 
+TEST_F(LineMenuTest, a_night_that_begins_behind_midnight_is_not_offered_as_a_shift) {
+    const auto menu = [this] { return ArrangeLineMenu(g.week, {1, 1}, Cutoff, g.shifts, g.clipboard); };
+    test::SetBars(g, 1, {{100, 115}});
+    EXPECT_EQ(menu(), (LineMenu{true, true, false, false, false, {}}));
+    test::SetBars(g, 1, {{60, 70}, {100, 115}});
+    EXPECT_TRUE(menu().AddToShift) << "the bar of the afternoon would be taken";
+}
+
 TEST_F(LineMenuTest, the_line_menu_of_a_day_without_bar_pastes) {
     EXPECT_EQ(Menu(), LineMenu{});
     g.clipboard.ClipFull = true;
