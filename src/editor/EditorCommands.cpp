@@ -204,7 +204,7 @@ Commands Table::Line() const {
             return ArrangeLineMenu(g.week, {g.cursor.CurrentEmployee, g.cursor.CurrentDay},
                                    g.department.DayCutoffQuarters, g.shifts, g.clipboard);
         },
-        actions_);
+        OneDepartment(), actions_);
 }
 
 } // namespace

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace tvx {
 namespace {
 
@@ -85,6 +87,25 @@ TEST_F(EditorCommandsTest, hide_what_makes_no_sense_with_all_departments_shown) 
     for (const std::string& name : hidden) EXPECT_FALSE(commands.Entry(name).visible) << name;
     EXPECT_TRUE(commands.CanChoose("SaveIt"));
     EXPECT_TRUE(commands.Entry("IDsort").visible);
+}
+
+TEST_F(EditorCommandsTest, keep_stored_shifts_off_the_lanes_of_all_departments) {
+    g.shifts.ShiftCount = 1;
+    const CommandTable commands = Commands();
+    const auto shown = [&] {
+        Texts names;
+        for (const MenuEntry& entry : commands.Entries("Popup"))
+            if (entry.visible) names.push_back(entry.name);
+        return names;
+    };
+    const auto has = [&](const char* name) {
+        const Texts names = shown();
+        return std::find(names.begin(), names.end(), name) != names.end();
+    };
+    EXPECT_TRUE(has("AddToShift") && has("PasteShift") && commands.CanChoose("ShiftNaam(1)"));
+    g.roster.AllDepartmentsMode = true;
+    EXPECT_FALSE(has("AddToShift") || has("PasteShift") || commands.CanChoose("ShiftNaam(1)"));
+    EXPECT_TRUE(has("CutLine"));
 }
 
 TEST_F(EditorCommandsTest, run_what_the_form_does) {

@@ -46,7 +46,8 @@ LineMenu ArrangeLineMenu(const Week& week, const LaneDay& lane, int cutoffQuarte
     return menu;
 }
 
-std::vector<Command> LineMenuCommands(const std::function<LineMenu()>& arranged, LineActions& actions) {
+std::vector<Command> LineMenuCommands(const std::function<LineMenu()>& arranged,
+                                      const std::function<bool()>& haveShifts, LineActions& actions) {
     const auto offers = [arranged](bool LineMenu::*entry) { return [=] { return arranged().*entry; }; };
     std::vector<Command> commands{
         {.name = "Popup"},
@@ -61,11 +62,13 @@ std::vector<Command> LineMenuCommands(const std::function<LineMenu()>& arranged,
          .parent = "Popup",
          .caption = "&Add to standard Shifts",
          .run = [&actions] { actions.StoreShift(); },
-         .offered = offers(&LineMenu::AddToShift)},
+         .offered = offers(&LineMenu::AddToShift),
+         .shown = haveShifts},
         {.name = "PasteShift",
          .parent = "Popup",
          .caption = "Paste &Shift",
-         .offered = offers(&LineMenu::PasteShift)},
+         .offered = offers(&LineMenu::PasteShift),
+         .shown = haveShifts},
     };
     for (int i = 1; i <= MostShifts; ++i) commands.push_back(ShiftEntry(arranged, actions, i));
     return commands;

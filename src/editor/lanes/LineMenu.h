@@ -37,8 +37,9 @@ class LineActions {
     virtual void PasteStoredShift(int index) = 0;
 };
 
-/// The menu `Popup` and its entries. `arranged` is asked anew whenever the menu opens; `actions` must outlive
-/// the commands.
-std::vector<Command> LineMenuCommands(const std::function<LineMenu()>& arranged, LineActions& actions);
+/// The menu `Popup` and its entries. `arranged` is asked anew whenever the menu opens, and so is
+/// `haveShifts`, whether the lanes have to do with stored shifts; `actions` must outlive the commands.
+std::vector<Command> LineMenuCommands(const std::function<LineMenu()>& arranged,
+                                      const std::function<bool()>& haveShifts, LineActions& actions);
 
 } // namespace tvx
