@@ -10,7 +10,6 @@
 #include "masterdata/DaytypeList.h"
 #include "masterdata/DaytypesRequest.h"
 #include "masterdata/ShiftsRequest.h"
-#include "masterdata/files/ProductivityFile.h"
 #include "masterdata/files/ShiftFile.h"
 #include "reports/schedules/SchedulesRequest.h"
 #include "shell/common/TVXMOD1.h"
@@ -67,7 +66,6 @@ void MainEditorForm::LoadLists() {
 }
 
 bool MainEditorForm::Opened() {
-    ReadProductivity(g_.paths.ProgramPath, g_.department.CurrentDepNumber, g_.productivity);
     LoadWeekOf(g_, ports_, ports_.clock.Today());
     SelectDay();
     ShowSelectedOption();

@@ -5,6 +5,7 @@
 #include "editor/week/Undo.h"
 #include "editor/week/WeekEdit.h"
 #include "editor/week/WeekModel.h"
+#include "masterdata/files/ProductivityFile.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
@@ -100,6 +101,7 @@ void LoadWeek(GlobalState& g, Ports& ports, DaySerial firstSerial, bool dropDays
         TakeEmployee(week, PayrollOf(g), e, stored[e], dropDaysOff);
     }
     week.IsLoaded = true;
+    ReadProductivity(g.paths.ProgramPath, g.department.CurrentDepNumber, g.productivity);
     ReadFigures(g);
 }
 

@@ -337,6 +337,15 @@ TEST(LoadWeekFigures, of_a_day_that_cannot_be_read_leave_the_other_days_theirs) 
     EXPECT_TRUE(store.prompt().Boxes().empty());
 }
 
+TEST_F(LoadWeekTest, reads_what_enters_the_ratios_of_its_department) {
+    store.OpenWeek(Sunday);
+    EXPECT_FALSE(g.productivity.LaborSalary);
+    test::WriteFile(store.folder / "1WS.DAT", " 12 \r\n"); // labor of both kinds
+    Load(Sunday + 7);
+    EXPECT_TRUE(g.productivity.LaborWages && g.productivity.LaborSalary);
+    EXPECT_FALSE(g.productivity.SalesWageHours);
+}
+
 // --- what a load resets -----------------------------------------------------------------------------------
 
 TEST_F(LoadWeekTest, begins_unchanged_with_the_first_row_and_an_empty_clipboard) {
