@@ -7,6 +7,7 @@
 #include "masterdata/DaytypesRequest.h"
 #include "masterdata/ShiftsRequest.h"
 #include "reports/schedules/SchedulesRequest.h"
+#include "support/FailingSession.h"
 #include "support/Screens.h"
 #include "support/TestStore.h"
 #include "support/Usability.h"
@@ -46,7 +47,8 @@ class MainEditorTest : public testing::Test {
     using Rows = std::vector<std::string>;
     static constexpr DaySerial Sunday = 46082; // 1 March 2026; the editor opens on the Monday after
 
-    test::TestStore store;
+    std::shared_ptr<test::Faults> faults = std::make_shared<test::Faults>();
+    test::TestStore store{dao::Engine(test::TestEngineOptions(), test::FailingSessions(faults))};
     ScriptedScreens screens;
     std::unique_ptr<qt::MainEditorForm> form;
 

@@ -1,5 +1,8 @@
 // Weeks and days of the Main Editor: the arrows, the day header, saving and closing.
 #include "MainEditorFixture.h"
+#include "editor/week/SaveWeek.h"
+#include "editor/week/WeekEdit.h"
+#include "platform/dao/DaoError.h"
 #include "support/OtherWorkstation.h"
 
 namespace tvx {
@@ -238,6 +241,84 @@ TEST_F(MainEditorWeekTest, the_editor_stays_when_the_save_on_closing_is_refused)
     EXPECT_TRUE(form->isVisible());
     EXPECT_TRUE(HasChanges());
     other.LetGo();
+}
+
+// --- a store that fails -----------------------------------------------------------------------------------
+
+constexpr int DiskError = 3043;
+
+class FailingEditorTest : public MainEditorTest {
+  protected:
+    /// Opens the editor. A trouble before the week is the console's to tell, and one with the roster leaves
+    /// the week that was.
+    void TryToOpen() {
+        form.reset();
+        hasRoster = false;
+        try {
+            store.OpenEditor();
+            hasRoster = true;
+            form = std::make_unique<qt::MainEditorForm>(store.g, store.ports(), screens, nullptr);
+            form->ShowModeless();
+        } catch (const dao::DaoError&) {
+            form.reset();
+        }
+    }
+    bool hasRoster = false;
+    bool IsOpen() const { return form != nullptr && form->isVisible(); }
+    /// All that an arrow may not lose when the week that it leads to cannot be read.
+    Rows Seen() {
+        return {Title(),
+                DayShown(),
+                Spoken(1),
+                Spoken(3),
+                DaytypeOf(2),
+                TextOf("Label15(1)"),
+                WeekEdit(store.g).UndoHint(),
+                HasChanges() ? "changed" : "as stored"};
+    }
+};
+
+TEST_F(FailingEditorTest, whatever_read_fails_no_editor_stands_over_a_week_that_was_not_read) {
+    const Rows stored = FileRows();
+    store.prompt().AlwaysAnswer(Answer::Ok);
+    int closed = 0;
+    for (const test::Call call : {test::Call::Prepare, test::Call::Step, test::Call::Begin})
+        test::FailEachInTurn(
+            *faults, call, DiskError, [&] { TryToOpen(); },
+            [&](int nth) {
+                if (!hasRoster) return;
+                EXPECT_EQ(IsOpen(), store.g.week.IsLoaded) << nth;
+                if (IsOpen()) return; // not all that was read belongs to the schedule
+                ++closed;
+                EXPECT_TRUE(form == nullptr || store.prompt().Boxes().size() > 0) << nth;
+                EXPECT_FALSE(SaveWeek(store.g, store.ports(), store.gauge, [] {})) << nth;
+                EXPECT_EQ(FileRows(), stored) << nth;
+            });
+    EXPECT_GE(closed, 3);
+}
+
+TEST_F(FailingEditorTest, an_arrow_whose_week_cannot_be_read_says_why_and_leaves_everything_as_it_was) {
+    store.prompt().AlwaysAnswer(Answer::No); // to give the changes up
+    int stayed = 0;
+    for (const test::Call call : {test::Call::Prepare, test::Call::Step, test::Call::Begin}) {
+        form.reset();
+        Open();
+        Drag(3, 32, 48);
+        TypeInto(2, "bk");
+        const Rows before = Seen();
+        test::FailEachInTurn(
+            *faults, call, DiskError,
+            [&] {
+                if (HasChanges()) Click("Label7(1)");
+            },
+            [&](int nth) {
+                if (!HasChanges()) return; // the next week is here, without its figures
+                ++stayed;
+                EXPECT_EQ(Seen(), before) << nth;
+                EXPECT_EQ(store.prompt().Last().text, "A fault that a test wants.");
+            });
+    }
+    EXPECT_GE(stayed, 3);
 }
 
 } // namespace
