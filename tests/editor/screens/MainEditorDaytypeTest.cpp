@@ -1,10 +1,36 @@
 // The daytype boxes of the Main Editor, and its use without a mouse.
 #include "MainEditorFixture.h"
 
+#include <QContextMenuEvent>
+#include <QTimer>
+
 namespace tvx {
 namespace {
 
-using MainEditorDaytypeTest = MainEditorTest;
+class MainEditorDaytypeTest : public MainEditorTest {
+  protected:
+    qt::TextBox& BoxOf(int row) { return test::Find<qt::TextBox>(*form, Indexed("Text1", row)); }
+    /// Chooses an entry of a box's own menu, with its text selected.
+    void ChooseInMenu(int row, const char* caption) {
+        qt::TextBox& box = BoxOf(row);
+        box.setFocus();
+        box.selectAll();
+        QTimer::singleShot(0, &box, [caption] {
+            auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            ASSERT_NE(menu, nullptr);
+            for (QAction* entry : menu->actions())
+                if (entry->text().startsWith(caption)) entry->trigger();
+            menu->close();
+        });
+        const QPoint corner(4, 4);
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, corner, box.mapToGlobal(corner));
+        QApplication::sendEvent(&box, &event);
+    }
+    /// The daytype of somebody on the day shown, as the week has it.
+    std::string Planned(int employee) const {
+        return store.g.week.DayTypeText[store.g.cursor.CurrentDay][employee];
+    }
+};
 
 TEST_F(MainEditorDaytypeTest, a_box_takes_two_characters_and_no_more) {
     Open();
@@ -70,6 +96,48 @@ TEST_F(MainEditorDaytypeTest, who_may_not_schedule_cannot_take_a_symbol_away_by_
         EXPECT_EQ(DaytypeOf(1), "CA");
     }
     EXPECT_FALSE(HasChanges());
+}
+
+TEST_F(MainEditorDaytypeTest, the_menu_of_a_box_is_closed_to_who_may_not_schedule) {
+    Open();
+    TypeInto(3, "bk");
+    ForbidScheduling();
+    for (const char* entry : {"Cu&t", "Delete", "&Undo"}) {
+        store.prompt().Expect("Your authorization does not allow scheduling changes", box::Exclamation,
+                              "Scheduling not permitted");
+        ChooseInMenu(3, entry);
+        EXPECT_EQ(DaytypeOf(3), "BK") << entry;
+        EXPECT_EQ(Planned(3), "BK") << entry;
+    }
+    const Rows before = FileRows();
+    Click("Label13");
+    EXPECT_FALSE(form->isVisible()) << "nobody is asked about what cannot be saved";
+    EXPECT_EQ(FileRows(), before);
+}
+
+TEST_F(MainEditorDaytypeTest, the_menu_of_a_box_changes_the_week_at_once) {
+    Open();
+    ChooseInMenu(1, "Cu&t");
+    EXPECT_EQ(Planned(1), "");
+    ChooseInMenu(1, "&Paste");
+    EXPECT_EQ(Planned(1), "CA");
+    ChooseInMenu(1, "Delete");
+    EXPECT_EQ(Planned(1), "");
+}
+
+TEST_F(MainEditorDaytypeTest, letters_of_keys_that_overlap_and_of_a_key_still_down_are_kept) {
+    Open();
+    qt::TextBox& box = BoxOf(3);
+    box.setFocus();
+    QTest::keyPress(&box, Qt::Key_B);
+    QTest::keyPress(&box, Qt::Key_K);
+    EXPECT_EQ(Planned(3), "BK");
+    ClickDay(3);
+    QTest::keyRelease(&box, Qt::Key_B);
+    QTest::keyRelease(&box, Qt::Key_K);
+    EXPECT_EQ(Planned(3), "");
+    ClickDay(2);
+    EXPECT_EQ(DaytypeOf(3), "BK");
 }
 
 TEST_F(MainEditorDaytypeTest, a_symbol_is_taken_by_cut_and_given_back_by_undo_in_the_week_too) {
