@@ -63,6 +63,7 @@ void OptionFrames::AddTotals(Frame& frame, bool wagesMayBeSeen) {
 
 Frame& OptionFrames::AddListingOrder(const FrameNames& frame, int& order) {
     std::vector<std::string> captions;
+    captions.reserve(ListingOrders.size());
     for (const ListingOrder& listing : ListingOrders) captions.emplace_back(listing.caption);
     return AddChoice(Option3D1, "Option3D1", frame, captions, ListingOrders.front().index, order);
 }
