@@ -39,7 +39,8 @@ AboutForm::AboutForm(const GlobalState& g, Ports& ports, Form* owner)
     column.addSpacing(Pixels(240));
     QHBoxLayout& buttons = Row(column);
     buttons.addStretch();
-    AddCommand({"cmdSysInfo", "&System Info...", [this] { StartSysInfo(); }}, buttons);
+    AddCommand({"cmdSysInfo", "&System Info...", [this] { StartSysInfo(); }}, buttons)
+        .setAccessibleName(QStringLiteral("System information"));
     QPushButton& ok = AddCommand({"cmdOK", "OK", [this] { Unload(); }, Role::Default}, buttons);
     SetCancelButton(ok);
     FixSize();
