@@ -52,7 +52,9 @@ std::string Squeezed(const std::string& text) {
 
 class ReportOutputsTest : public ScheduleFormFixture {
   protected:
-    const fs::path out = fs::path(TVX_BINARY_DIR) / "reports";
+    // Kept for a look at them; each test its own, for tests run side by side.
+    const fs::path out =
+        fs::path(TVX_BINARY_DIR) / "reports" / testing::UnitTest::GetInstance()->current_test_info()->name();
     qt::QtFontMeasures measures;
 
     void SetUp() override {
