@@ -27,7 +27,7 @@ bool Smoke() {
 class Bare {
   public:
     explicit Bare(const std::filesystem::path& file) {
-        sqlite3_open_v2(file.c_str(), &db_, SQLITE_OPEN_READWRITE, nullptr);
+        sqlite3_open_v2(file.c_str(), &db_, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
         for (const char* pragma : {"PRAGMA journal_mode = DELETE", "PRAGMA synchronous = EXTRA",
                                    "PRAGMA mmap_size = 0", "PRAGMA cell_size_check = ON"})
             Run(pragma);

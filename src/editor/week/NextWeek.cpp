@@ -15,7 +15,7 @@ void Mark(QuarterSet& quarters, const Period& period) {
     for (int q = std::max(period.start, 0); q < stop; ++q) quarters.set(static_cast<std::size_t>(q));
 }
 
-QuarterSet QuartersOf(const std::vector<Period>& periods) {
+QuarterSet QuartersOf(const auto& periods) {
     QuarterSet quarters;
     for (const Period& period : periods) Mark(quarters, period);
     return quarters;
@@ -75,10 +75,14 @@ std::string DaytypeOfNextWeek(const std::string& model, const std::string& known
 
 std::optional<DayRow> WithNextWeek(DayRow wanted, const Week& week, int e, const StoredDay& day7,
                                    const StoredDay& day8, int cutoffQuarters) {
-    const QuarterSet stored = QuartersOf(ReadablePeriods(day8.startsStops));
-    const QuarterSet unread = QuartersOf(ReadablePeriods(week.UnreadOfDay8[e]));
-    const auto periods = Joined(OwnOfNextWeek(day7, day8, unread, cutoffQuarters),
-                                QuartersOf(ReadablePeriods(wanted.startsStops)));
+    const ReadPeriods ofModel = ReadablePeriods(wanted.startsStops);
+    const ReadPeriods ofStore = ReadablePeriods(day8.startsStops);
+    const ReadPeriods ofBefore = ReadablePeriods(week.UnreadOfDay8[e]);
+    const bool noTime = ofModel.empty() && ofStore.empty() && ofBefore.empty();
+    if (noTime && wanted.dayType == day8.dayType) return std::nullopt; // so with nearly everybody
+    const QuarterSet stored = QuartersOf(ofStore);
+    const auto periods =
+        Joined(OwnOfNextWeek(day7, day8, QuartersOf(ofBefore), cutoffQuarters), QuartersOf(ofModel));
     const QuarterSet joined = QuartersOf(periods);
     wanted.dayType = DaytypeOfNextWeek(wanted.dayType, week.KnownDaytypeOfDay8[e], day8);
     if (joined == stored && wanted.dayType == day8.dayType) return std::nullopt;

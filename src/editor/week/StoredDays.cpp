@@ -17,12 +17,12 @@ StoredWeek ReadStoredWeek(const dao::Database& database, const Roster& roster, D
     return stored;
 }
 
-std::vector<Period> ReadablePeriods(std::string_view startsStops) {
-    std::vector<Period> readable;
+ReadPeriods ReadablePeriods(std::string_view startsStops) {
+    ReadPeriods readable;
     for (const Period& period : DecodePeriods(startsStops)) {
         if (!period.IsUsed()) continue;
         if (period.start > period.stop) break;
-        readable.push_back(period);
+        readable.Add(period);
     }
     return readable;
 }

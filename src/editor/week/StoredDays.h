@@ -25,9 +25,23 @@ using StoredWeek = std::vector<std::array<StoredDay, DaysInSpan + 1>>;
 /// DaoError.
 StoredWeek ReadStoredWeek(const dao::Database& database, const Roster& roster, DaySerial firstSerial);
 
+/// Up to seven periods. A load reads those of every day, so they take no memory of their own.
+class ReadPeriods {
+  public:
+    void Add(const Period& period) { periods_[count_++] = period; }
+    const Period* begin() const { return periods_.data(); }
+    const Period* end() const { return begin() + count_; }
+    bool empty() const { return count_ == 0; }
+    std::size_t size() const { return count_; }
+
+  private:
+    DayPeriods periods_{};
+    std::size_t count_ = 0;
+};
+
 /// The periods of a day's stored text that count, in their order. A text shorter than 14 bytes is an empty
 /// day; a period whose start lies after its stop ends the reading of the day.
-std::vector<Period> ReadablePeriods(std::string_view startsStops);
+ReadPeriods ReadablePeriods(std::string_view startsStops);
 
 /// Marks the readable periods of a day's stored text in the string of quarters. Day 1 to 8.
 void PaintStoredDay(Week& week, int day, std::string_view startsStops);
