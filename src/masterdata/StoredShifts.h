@@ -14,7 +14,11 @@
 
 namespace tvx {
 
-/// Names the shift that waits behind the last one, and writes the file.
+// Each works on the file as it is at that moment, by the name of the shift, so that what another workstation
+// stored meanwhile stays. A file that is not read to its end is never written; a box names it. After Saved
+// the list in memory is that of the file, after anything else it is as it was.
+
+/// Names the shift that waits behind the last one, and writes the file; refused when it holds twenty.
 SaveResult AddShift(const Paths& paths, const Department& department, Shifts& shifts, Prompt& prompt,
                     const std::string& name);
 /// Gives the shift at an index another name.

@@ -15,22 +15,48 @@ namespace {
 
 constexpr int MostQuarters = 768; // a bar of any length that a week can hold
 
-int ReadWhole(SequentialReader& reader, int most) {
-    return static_cast<int>(std::clamp<std::int64_t>(RoundHalfToEven(reader.InputNumber()), 0, most));
+[[noreturn]] void FailDamaged(const char* why) {
+    throw FileError(FileErrorNumber::PathFileAccess, std::string("The file is damaged: ") + why);
 }
 
-/// Reads one shift into slot n. False when it has more bars than a shift can hold.
-bool ReadShift(SequentialReader& reader, Shifts& shifts, int n) {
-    shifts.ShiftNames[n] = reader.InputText();
-    const int bars = ReadWhole(reader, MostShiftBars + 1);
-    if (bars > MostShiftBars) return false;
-    for (int k = 1; k <= bars; ++k) {
-        shifts.ShiftStarts[n][k] = ReadWhole(reader, MostQuarters);
-        shifts.ShiftStops[n][k] = ReadWhole(reader, MostQuarters);
+/// Reads the values of the file one after another, as far as they make sense, and remembers whether all did.
+class ShiftReader {
+  public:
+    explicit ShiftReader(const std::filesystem::path& file) : values_(file) {}
+
+    /// Adds the shifts that stand in the file. Throws FileError where the reading ends before the file does.
+    void ReadInto(Shifts& shifts) {
+        while (!values_.OnlyBlanksLeft()) {
+            if (shifts.ShiftCount == MostShifts) FailDamaged("it holds more than 21 shifts");
+            ReadShift(shifts, shifts.ShiftCount + 1);
+            ++shifts.ShiftCount;
+        }
+        if (!sound_) FailDamaged("it holds other things than shifts");
     }
-    shifts.ShiftBarCount[n] = bars;
-    return true;
-}
+
+  private:
+    int ReadWhole(int most) {
+        sound_ = sound_ && values_.DigitsNext();
+        const std::int64_t value = RoundHalfToEven(values_.InputNumber());
+        const std::int64_t taken = std::clamp<std::int64_t>(value, 0, most);
+        sound_ = sound_ && value == taken;
+        return static_cast<int>(taken);
+    }
+
+    void ReadShift(Shifts& shifts, int n) {
+        shifts.ShiftNames[n] = values_.InputText();
+        const int bars = ReadWhole(MostShiftBars + 1);
+        if (bars > MostShiftBars) FailDamaged("a shift has more than 35 bars");
+        for (int k = 1; k <= bars; ++k) {
+            shifts.ShiftStarts[n][k] = ReadWhole(MostQuarters);
+            shifts.ShiftStops[n][k] = ReadWhole(MostQuarters);
+        }
+        shifts.ShiftBarCount[n] = bars;
+    }
+
+    SequentialReader values_;
+    bool sound_ = true;
+};
 
 /// Indexes of the named shifts in the order of their names, capitals and small letters alike. Equal names
 /// keep the order in which they stand.
@@ -45,6 +71,10 @@ std::vector<int> SortedIndexes(const Shifts& shifts) {
     return indexes;
 }
 
+std::filesystem::path ShiftFilePath(const std::filesystem::path& programFolder, int departmentNumber) {
+    return FilePath(programFolder, ShiftFileName(departmentNumber));
+}
+
 } // namespace
 
 std::string ShiftFileName(int departmentNumber) {
@@ -54,27 +84,49 @@ std::string ShiftFileName(int departmentNumber) {
 void LoadStoredShifts(const std::filesystem::path& programFolder, int departmentNumber, Shifts& shifts) {
     shifts.ShiftCount = 0;
     try {
-        SequentialReader reader(FilePath(programFolder, ShiftFileName(departmentNumber)));
-        while (!reader.AtEnd() && shifts.ShiftCount < MostShifts &&
-               ReadShift(reader, shifts, shifts.ShiftCount + 1))
-            ++shifts.ShiftCount;
+        ShiftReader(ShiftFilePath(programFolder, departmentNumber)).ReadInto(shifts);
     } catch (const FileError&) {
-        return; // the end of the file, or a file that is not there: what was read stays
+        return; // the end of the reading, or a file that is not there: what was read stays
     }
+}
+
+Shifts ReadStoredShifts(const std::filesystem::path& programFolder, int departmentNumber) {
+    Shifts shifts;
+    const std::filesystem::path file = ShiftFilePath(programFolder, departmentNumber);
+    try {
+        ShiftReader(file).ReadInto(shifts);
+    } catch (const FileError& trouble) {
+        if (trouble.Number() != static_cast<int>(FileErrorNumber::FileNotFound))
+            throw FileError(FileErrorNumber::PathFileAccess, file.string() + "\r\n" + trouble.what());
+    }
+    return shifts;
+}
+
+Shifts InOrderOfNames(const Shifts& shifts) {
+    Shifts sorted;
+    for (const int n : SortedIndexes(shifts)) {
+        const int to = ++sorted.ShiftCount;
+        sorted.ShiftNames[to] = shifts.ShiftNames[n];
+        sorted.ShiftBarCount[to] = shifts.ShiftBarCount[n];
+        sorted.ShiftStarts[to] = shifts.ShiftStarts[n];
+        sorted.ShiftStops[to] = shifts.ShiftStops[n];
+    }
+    return sorted;
 }
 
 void WriteStoredShifts(const std::filesystem::path& programFolder, int departmentNumber,
                        const Shifts& shifts) {
     SequentialWriter writer;
-    for (const int n : SortedIndexes(shifts)) {
-        writer.WriteText(shifts.ShiftNames[n]);
-        writer.WriteNumber(shifts.ShiftBarCount[n]);
-        for (int k = 1; k <= shifts.ShiftBarCount[n]; ++k) {
-            writer.WriteNumber(shifts.ShiftStarts[n][k]);
-            writer.WriteNumber(shifts.ShiftStops[n][k]);
+    const Shifts sorted = InOrderOfNames(shifts);
+    for (int n = 1; n <= sorted.ShiftCount; ++n) {
+        writer.WriteText(sorted.ShiftNames[n]);
+        writer.WriteNumber(sorted.ShiftBarCount[n]);
+        for (int k = 1; k <= sorted.ShiftBarCount[n]; ++k) {
+            writer.WriteNumber(sorted.ShiftStarts[n][k]);
+            writer.WriteNumber(sorted.ShiftStops[n][k]);
         }
     }
-    writer.ReplaceFile(FilePath(programFolder, ShiftFileName(departmentNumber)));
+    writer.ReplaceFile(ShiftFilePath(programFolder, departmentNumber));
 }
 
 } // namespace tvx

@@ -15,6 +15,14 @@ std::string ShiftFileName(int departmentNumber);
 /// file means none; whatever ends the reading early leaves the shifts that were read whole.
 void LoadStoredShifts(const std::filesystem::path& programFolder, int departmentNumber, Shifts& shifts);
 
+/// The same before the file is changed: a missing file means none, but one that was not read to its end
+/// (unreadable, damaged, over 1 MB, more than 21 shifts) throws FileError 75, which names it.
+Shifts ReadStoredShifts(const std::filesystem::path& programFolder, int departmentNumber);
+
+/// The shifts as they stand in the file after a write: in the order of their names, case ignored, those
+/// without a name left out.
+Shifts InOrderOfNames(const Shifts& shifts);
+
 /// Writes the shifts in the order of their names, case ignored, those without a name left out, and replaces
 /// the file in one step. Throws FileError; the file is then as it was.
 void WriteStoredShifts(const std::filesystem::path& programFolder, int departmentNumber,

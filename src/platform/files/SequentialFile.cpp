@@ -5,11 +5,14 @@
 #include "platform/files/FileError.h"
 #include "platform/files/WholeFile.h"
 
+#include <algorithm>
+
 namespace fs = std::filesystem;
 
 namespace tvx {
 namespace {
 
+constexpr std::size_t MostBytes = 1024 * 1024; // a hundred times the largest that the program writes
 constexpr std::string_view LineEnd = "\r\n";
 
 bool IsLineEnd(char c) {
@@ -18,7 +21,7 @@ bool IsLineEnd(char c) {
 
 } // namespace
 
-SequentialReader::SequentialReader(const fs::path& path) : text_(ReadWholeFile(path)) {}
+SequentialReader::SequentialReader(const fs::path& path) : text_(ReadWholeFile(path, MostBytes)) {}
 
 SequentialReader SequentialReader::FromText(std::string text) {
     SequentialReader reader;
@@ -28,6 +31,19 @@ SequentialReader SequentialReader::FromText(std::string text) {
 
 bool SequentialReader::AtEnd() const {
     return at_ >= text_.size();
+}
+
+bool SequentialReader::OnlyBlanksLeft() const {
+    return text_.find_first_not_of(" \t\r\n", at_) == std::string::npos;
+}
+
+bool SequentialReader::DigitsNext() const {
+    const std::size_t begin = text_.find_first_not_of(" \t\r\n", at_);
+    if (begin == std::string::npos) return false;
+    const std::size_t end = std::min(text_.find_first_of(", \t\r\n", begin), text_.size());
+    return end > begin && std::all_of(text_.begin() + static_cast<std::ptrdiff_t>(begin),
+                                      text_.begin() + static_cast<std::ptrdiff_t>(end),
+                                      [](char c) { return c >= '0' && c <= '9'; });
 }
 
 void SequentialReader::SkipBlanks() {

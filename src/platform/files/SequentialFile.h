@@ -12,12 +12,17 @@ namespace tvx {
 /// read alike. The file is read whole when it is opened.
 class SequentialReader {
   public:
-    /// Throws FileError 53 when there is no such file, 75 when it cannot be read.
+    /// Throws FileError 53 when there is no such file, 75 when it is there and cannot be read to its end, or
+    /// holds more than 1 MB.
     explicit SequentialReader(const std::filesystem::path& path);
     /// Reads from text in memory.
     static SequentialReader FromText(std::string text);
 
     bool AtEnd() const;
+    /// True when no value is left to read.
+    bool OnlyBlanksLeft() const;
+    /// True when the next value is a number in plain digits and nothing else.
+    bool DigitsNext() const;
 
     /// The next value as text. Leading blanks and empty line ends are passed over. A text that begins with a
     /// double quote runs to the closing quote, commas and line ends included; any other runs to the comma or

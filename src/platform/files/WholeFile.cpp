@@ -2,20 +2,16 @@
 
 #include "platform/files/FileError.h"
 
+#include <array>
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <fstream>
-#include <iterator>
+#include <fcntl.h>
 #include <memory>
 #include <random>
+#include <sys/stat.h>
 #include <system_error>
-
-#ifdef _WIN32
-#include <io.h>
-#else
 #include <unistd.h>
-#endif
 
 namespace fs = std::filesystem;
 
@@ -46,11 +42,7 @@ using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 /// Makes the system put on the disk what was written; 0 on success.
 int FlushToDisk(std::FILE* file) {
     if (std::fflush(file) != 0) return -1;
-#ifdef _WIN32
-    return _commit(_fileno(file));
-#else
     return fsync(fileno(file));
-#endif
 }
 
 void WriteAndFlush(const fs::path& path, const std::function<void(const ByteSink&)>& write) {
@@ -63,6 +55,53 @@ void WriteAndFlush(const fs::path& path, const std::function<void(const ByteSink
     if (std::fclose(file.release()) != 0) FailFromErrno(path);
 }
 
+[[noreturn]] void FailToRead(const fs::path& path, const std::string& why) {
+    throw FileError(FileErrorNumber::PathFileAccess,
+                    "Path/File access error: " + path.string() + " (" + why + ")");
+}
+
+/// A link to what is not there, perhaps on a share that is not mounted, is no missing file.
+[[noreturn]] void FailToOpen(const fs::path& path) {
+    const int code = errno;
+    std::error_code ignored;
+    if ((code == ENOENT || code == ENOTDIR) && !fs::is_symlink(fs::symlink_status(path, ignored)))
+        throw FileError(FileErrorNumber::FileNotFound, "File not found: " + path.string());
+    FailToRead(path, std::strerror(code));
+}
+
+/// A plain file that is open for reading.
+class OpenFile {
+  public:
+    /// Opened without waiting, since nobody may ever write to a pipe of that name.
+    explicit OpenFile(const fs::path& path)
+        : path_(path), file_(open(path.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC)) {
+        if (file_ < 0) FailToOpen(path);
+        struct stat found {};
+        const bool plain = fstat(file_, &found) == 0 && S_ISREG(found.st_mode);
+        if (plain) return;
+        close(file_);
+        FailToRead(path, "no plain file");
+    }
+    ~OpenFile() { close(file_); }
+    OpenFile(const OpenFile&) = delete;
+    OpenFile& operator=(const OpenFile&) = delete;
+
+    /// Adds the next bytes to the content; false at the end of the file.
+    bool ReadPiece(std::string& content) const {
+        std::array<char, 65536> piece{};
+        ssize_t got = 0;
+        do got = read(file_, piece.data(), piece.size());
+        while (got < 0 && errno == EINTR);
+        if (got < 0) FailToRead(path_, std::strerror(errno));
+        content.append(piece.data(), static_cast<std::size_t>(got));
+        return got > 0;
+    }
+
+  private:
+    const fs::path& path_;
+    int file_;
+};
+
 } // namespace
 
 std::string RandomSuffix() {
@@ -70,15 +109,12 @@ std::string RandomSuffix() {
     return std::to_string(device()) + ".tmp";
 }
 
-std::string ReadWholeFile(const fs::path& path) {
-    std::error_code error;
-    if (!fs::exists(path, error))
-        throw FileError(FileErrorNumber::FileNotFound, "File not found: " + path.string());
-    // Asked before opening: a pipe would be waited for.
-    if (fs::is_regular_file(path, error))
-        if (std::ifstream file(path, std::ios::binary); file)
-            return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-    throw FileError(FileErrorNumber::PathFileAccess, "Path/File access error: " + path.string());
+std::string ReadWholeFile(const fs::path& path, std::size_t limit) {
+    const OpenFile file(path);
+    std::string content;
+    while (file.ReadPiece(content))
+        if (content.size() > limit) FailToRead(path, "the file is too large");
+    return content;
 }
 
 void ReplaceWholeFile(const fs::path& path, std::string_view content) {

@@ -1,6 +1,7 @@
 // Files read and written in one piece.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <functional>
 #include <string>
@@ -8,8 +9,12 @@
 
 namespace tvx {
 
-/// Throws FileError 53 when there is no such file, 75 when it cannot be read or is no plain file.
-std::string ReadWholeFile(const std::filesystem::path& path);
+constexpr std::size_t NoLimit = static_cast<std::size_t>(-1);
+
+/// The content of a file. Throws FileError 53 when there is no such file, and 75, with the name and the
+/// reason, when it is there and cannot be read to its end, is no plain file, or holds more than `limit`
+/// bytes. Never waits for a pipe; a link that leads nowhere is no missing file.
+std::string ReadWholeFile(const std::filesystem::path& path, std::size_t limit = NoLimit);
 
 /// Writes a file under a temporary name of its own, flushes it to the disk and renames it, so that `path` is
 /// either as before or complete, also when two workstations write it at once. Throws FileError 61 on a full
