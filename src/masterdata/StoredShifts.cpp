@@ -67,6 +67,8 @@ SaveResult Append(const Shifts& waiting, const std::string& name, Shifts& stored
     const SaveResult result = Check(stored, prompt, name, 0, "Shift ");
     if (result != SaveResult::Saved) return result;
     const int from = waiting.ShiftCount + 1;
+    if (waiting.ShiftBarCount[from] == 0)
+        return TellRefusal(prompt, "No time begins on this day. There is nothing to store.");
     const int to = ++stored.ShiftCount;
     stored.ShiftNames[to] = Trim(name);
     stored.ShiftBarCount[to] = waiting.ShiftBarCount[from];

@@ -18,7 +18,8 @@ namespace tvx {
 // stored meanwhile stays. A file that is not read to its end is never written; a box names it. After Saved
 // the list in memory is that of the file, after anything else it is as it was.
 
-/// Names the shift that waits behind the last one, and writes the file; refused when it holds twenty.
+/// Names the shift that waits behind the last one, and writes the file; refused when it holds twenty, and
+/// when the one that waits has no bar.
 SaveResult AddShift(const Paths& paths, const Department& department, Shifts& shifts, Prompt& prompt,
                     const std::string& name);
 /// Gives the shift at an index another name.

@@ -89,6 +89,15 @@ TEST_F(StoredShiftsTest, twenty_can_be_added) {
     EXPECT_EQ(Names().size(), 20U);
 }
 
+TEST_F(StoredShiftsTest, a_day_without_a_bar_of_its_own_is_never_stored) {
+    g.department.DayCutoffQuarters = 16;
+    test::SetBars(g, 1, {{96 + 96 + 4, 96 + 96 + 12}}); // a night that begins behind Monday's midnight
+    TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
+    store.prompt().Expect("No time begins on this day. There is nothing to store.", 0, "Stored shifts");
+    EXPECT_EQ(Add("Night"), SaveResult::Refused);
+    EXPECT_FALSE(fs::exists(store.folder / "1.SFT"));
+}
+
 // ---- renaming and deleting ----
 
 TEST_F(StoredShiftsTest, a_new_name_moves_a_shift_with_its_bars) {

@@ -16,8 +16,9 @@ namespace tvx::qt {
 class ListForm : public Form {
     Q_OBJECT
   protected:
-    /// Which controls are there. A row is taken when it was chosen to be changed or deleted.
-    enum class Page { Menu, Add, List, Taken, Drop };
+    /// Which controls are there. A row is taken when it was chosen to be changed or deleted; the menu that
+    /// was reached from the list to pick from has nothing to add beside it.
+    enum class Page { Menu, DropMenu, Add, List, Taken, Drop };
 
     ListForm(Ports& ports, const char* designerName, Form* owner) : Form(ports, designerName, owner) {}
 

@@ -19,8 +19,8 @@ ShiftsForm::ShiftsForm(GlobalState& g, Ports& ports, const ShiftsRequest& reques
     BuildCommands(column, {"OptionsCMD", "SaveCMD", "ExitCMD"});
     pages_.ShowIn({Page::List, Page::Taken, Page::Drop}, {task_, List1});
     pages_.ShowIn({Page::Add, Page::Menu, Page::Taken}, {Frame1, save_});
-    pages_.ShowIn({Page::Menu}, {OtherActFRAME}); // beside the name of the one to add
-    pages_.ShowIn({Page::Add}, {other_});
+    pages_.ShowIn({Page::Menu, Page::DropMenu}, {OtherActFRAME}); // beside the name of the one to add
+    pages_.ShowIn({Page::Add, Page::Drop}, {other_});             // with twenty stored none can be added
     FixSize(5400, 5100);
 }
 
@@ -81,7 +81,8 @@ void ShiftsForm::AnnounceTaken(bool deleting) {
 }
 
 void ShiftsForm::ShowMenu() {
-    pages_.Show(Page::Menu);
+    const bool picking = request_.DayTypeRequest == ListRequest::Drop;
+    pages_.Show(picking ? Page::DropMenu : Page::Menu);
     cmdChange->setEnabled(g_.shifts.ShiftCount != 0);
     cmdDelete->setEnabled(g_.shifts.ShiftCount != 0);
     cmdChange->isEnabled() ? cmdChange->setFocus() : Text1->setFocus();

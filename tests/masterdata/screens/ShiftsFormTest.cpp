@@ -214,6 +214,56 @@ TEST_F(ShiftsFormTest, a_shift_is_deleted_without_a_question) {
     EXPECT_EQ(File(), "");
 }
 
+// ---- with twenty ----
+
+class TwentyShiftsTest : public ShiftsFormTest {
+  protected:
+    void SetUp() override {
+        ShiftsFormTest::SetUp();
+        Shifts twenty;
+        for (int n = 1; n <= MostShiftsToAdd; ++n) {
+            twenty.ShiftNames[++twenty.ShiftCount] = "Shift " + std::to_string(100 + n);
+            twenty.ShiftBarCount[n] = 1;
+            twenty.ShiftStarts[n][1] = n;
+            twenty.ShiftStops[n][1] = n + 8;
+        }
+        WriteStoredShifts(g.paths.ProgramPath, 1, twenty);
+        LoadStoredShifts(g.paths.ProgramPath, 1, g.shifts);
+    }
+    /// The way that is left when no more can be stored: from the list to pick from.
+    void OpenOthers() {
+        Open(33);
+        ASSERT_TRUE(Shown("OptionsCMD"));
+        test::Click(*form, "OptionsCMD");
+        EXPECT_FALSE(Shown("Frame1") || Shown("SaveCMD")) << "there is nothing to name";
+        EXPECT_EQ(TextOf("Label3"), "The current number of Shifts to copy is:20");
+        EXPECT_EQ(test::FocusOf(*form), "cmdChange");
+    }
+};
+
+TEST_F(TwentyShiftsTest, one_is_deleted_from_the_list_to_pick_from) {
+    OpenOthers();
+    test::Click(*form, "cmdDelete");
+    ClickRow(4);
+    test::Click(*form, "SaveCMD");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(form->Answer().SelectedDayType, 0) << "nothing is dropped on the day";
+    EXPECT_EQ(g.shifts.ShiftCount, 19);
+    EXPECT_EQ(File().find("Shift 105"), std::string::npos);
+}
+
+TEST_F(TwentyShiftsTest, one_is_renamed_from_the_list_to_pick_from) {
+    OpenOthers();
+    test::Click(*form, "cmdChange");
+    ClickRow(4);
+    Retype(Name(), "Baking");
+    test::Press(*form, Qt::Key_Return);
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(form->Answer().SelectedDayType, 0);
+    EXPECT_EQ(Names().front(), "Baking");
+    EXPECT_EQ(g.shifts.ShiftCount, 20);
+}
+
 // ---- picking ----
 
 TEST_F(ShiftsFormTest, a_click_picks_a_shift_for_the_day) {
@@ -222,7 +272,7 @@ TEST_F(ShiftsFormTest, a_click_picks_a_shift_for_the_day) {
     Open(33);
     EXPECT_EQ(Title(), "Bakery: Adams Anna");
     EXPECT_EQ(TextOf("Label1"), "Select Shift name for Tuesday, 3-Mar-2026");
-    EXPECT_FALSE(Shown("Frame1") || Shown("SaveCMD") || Shown("OptionsCMD"));
+    EXPECT_FALSE(Shown("Frame1") || Shown("SaveCMD"));
     ClickRow(1);
     EXPECT_FALSE(form->isVisible());
     EXPECT_EQ(form->Answer().SelectedDayType, 2);
@@ -272,8 +322,11 @@ TEST_F(ShiftsFormTest, can_be_used_without_mouse_and_without_eyes) {
     ExpectUsable({"Text1", "SaveCMD", "ExitCMD", "List1"});
     test::TakePicture(*form, "Form23-change");
     Open(33);
-    ExpectUsable({"List1", "ExitCMD"});
+    ExpectUsable({"List1", "OptionsCMD", "ExitCMD"});
     test::TakePicture(*form, "Form23-drop");
+    test::Click(*form, "OptionsCMD");
+    ExpectUsable({"cmdChange", "cmdDelete", "ExitCMD"});
+    test::TakePicture(*form, "Form23-drop-menu");
 }
 
 } // namespace
