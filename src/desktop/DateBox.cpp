@@ -18,6 +18,11 @@ std::optional<DaySerial> DateBox::Date() const {
     return Text() == shown_ ? date_ : std::nullopt;
 }
 
+std::optional<DaySerial> DateBox::DateSoFar() const {
+    const std::string typed = Text();
+    return typed == shown_ ? date_ : read(typed);
+}
+
 bool DateBox::ReadText() {
     const std::string typed = Text();
     if (typed == shown_) return true;

@@ -22,6 +22,8 @@ class DateBox : public TextBox {
     void SetDate(std::optional<DaySerial> date);
     /// The date behind the text, once the box is settled; nothing when it is empty.
     std::optional<DaySerial> Date() const;
+    /// The date that the text comes to while it is being typed; nothing when it is empty or none.
+    std::optional<DaySerial> DateSoFar() const;
 
   private:
     bool ReadText();

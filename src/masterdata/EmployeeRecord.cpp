@@ -50,37 +50,28 @@ std::string EmployeeRow::*TextOfBox(int index) {
     return texts[static_cast<std::size_t>(index)];
 }
 
-std::string DateOf(const std::optional<DaySerial>& date, const ApplicationState& application,
-                   const Region& region) {
-    return date ? DateText(*date, application.DateFormatSetting, region) : "";
-}
-
-void ShowTexts(EmployeeRecord& record, const EmployeeRow& row, const ApplicationState& application,
-               const Region& region) {
+void ShowTexts(EmployeeRecord& record, const EmployeeRow& row) {
     for (int i = 1; i <= box_of::Last; ++i)
         if (const auto text = TextOfBox(i)) record.Text2[i] = row.*text;
     record.Text2[box_of::Pay] = NormalizedPay(row.pay);
-    record.Text2[box_of::HireDate] = DateOf(row.hireDate, application, region);
-    record.Text2[box_of::BirthDate] = DateOf(row.birthDate, application, region);
+    record.hireDate = row.hireDate;
+    record.birthDate = row.birthDate;
 }
 
-void TakeTexts(EmployeeRow& row, const EmployeeRecord& record, const Ports& ports) {
-    const auto dateIn = [&](int box) {
-        return DateValue(record.Text2[box], ports.region, ports.clock.Today());
-    };
+void TakeTexts(EmployeeRow& row, const EmployeeRecord& record) {
     for (int i = 1; i <= box_of::Last; ++i)
         if (const auto text = TextOfBox(i)) row.*text = record.Text2[i];
     row.pay = record.Text2[box_of::Pay].empty() ? "0" : record.Text2[box_of::Pay];
     if (row.email.empty()) row.email = " ";
-    row.hireDate = dateIn(box_of::HireDate);
-    row.birthDate = dateIn(box_of::BirthDate);
+    row.hireDate = record.hireDate;
+    row.birthDate = record.birthDate;
 }
 
-EmployeeRow RowOf(const EmployeeRecord& record, const Department& department, const Ports& ports) {
+EmployeeRow RowOf(const EmployeeRecord& record, const Department& department) {
     EmployeeRow row;
     row.key = record.key;
     row.depNumber = department.CurrentDepNumber;
-    TakeTexts(row, record, ports);
+    TakeTexts(row, record);
     row.wageOrSal = record.hourly ? -1 : 0;
     row.active = record.active;
     row.laborType = LaborCodes[static_cast<std::size_t>(std::max(0, record.laborOption))];
@@ -91,9 +82,8 @@ EmployeeRow RowOf(const EmployeeRecord& record, const Department& department, co
     return row;
 }
 
-void WriteRecord(const Store& store, const Department& department, const EmployeeRecord& record,
-                 const Ports& ports) {
-    const EmployeeRow row = RowOf(record, department, ports);
+void WriteRecord(const Store& store, const Department& department, const EmployeeRecord& record) {
+    const EmployeeRow row = RowOf(record, department);
     dao::Transaction transaction(store.Open());
     if (record.key == 0)
         AddEmployeeRow(store.Open(), row);
@@ -133,13 +123,12 @@ EmployeeRecord NewEmployeeRecord(const Options& options) {
     return record;
 }
 
-EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& application,
-                                  const Region& region, int employeeKey) {
+EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& application, int employeeKey) {
     const std::optional<EmployeeRow> row = FindEmployeeRow(store.Open(), employeeKey);
     if (!row) throw dao::DaoError(dao::error::NoCurrentRecord, "No current record.");
     EmployeeRecord record;
     record.key = row->key;
-    ShowTexts(record, *row, application, region);
+    ShowTexts(record, *row);
     record.comments = row->comments;
     record.hourly = row->wageOrSal != 0;
     record.active = row->active;
@@ -161,7 +150,7 @@ SaveResult SaveEmployeeRecord(const Store& store, const Department& department, 
         return SaveResult::Incomplete;
     }
     try {
-        WriteRecord(store, department, record, ports);
+        WriteRecord(store, department, record);
     } catch (const dao::DaoError& trouble) {
         TellTrouble(ports.prompt, TroubleOf(Occasion::Saving, trouble, department.EmployeeNameSingle));
         return SaveResult::Refused;
@@ -198,21 +187,13 @@ std::string NormalizedPay(const std::string& text) {
     return Format(Val(text), ".00");
 }
 
-std::optional<std::string> NormalizedDate(const std::string& text, const GlobalState& g, const Ports& ports) {
-    if (Trim(text).empty()) return "";
-    const std::string normal =
-        NormalizeDateText(text, g.application.DateFormatSetting, ports.region, ports.clock.Today());
-    if (normal.empty()) return std::nullopt;
-    return normal;
-}
-
-std::string UnderAgeNotice(const std::string& birthDate, const GlobalState& g, const Ports& ports) {
+std::string UnderAgeNotice(std::optional<DaySerial> birthDate, const GlobalState& g, const Ports& ports) {
     const AgeLimit& age = g.application.options.UnderAge;
-    const auto birth = DateValue(birthDate, ports.region, ports.clock.Today());
-    if (!birth) return "";
+    if (!birthDate) return "";
     const DateParts today = PartsOf(ports.clock.Today());
     const DaySerial limit = SerialFromParts(today.year - age.years, today.month, today.day);
-    return *birth > limit ? g.department.EmployeeNameSingle + " is under the age of " + age.text + "." : "";
+    return *birthDate > limit ? g.department.EmployeeNameSingle + " is under the age of " + age.text + "."
+                              : "";
 }
 
 std::string DateHint(const GlobalState& g, const Ports& ports) {

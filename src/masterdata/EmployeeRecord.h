@@ -44,7 +44,9 @@ const std::array<EmployeeBox, box_of::Last + 1>& EmployeeBoxes();
 /// What the screen holds.
 struct EmployeeRecord {
     int key = 0;                                     // of the stored record; 0 for a new one
-    std::array<std::string, box_of::Last + 1> Text2; // [1..16]
+    std::array<std::string, box_of::Last + 1> Text2; // [1..16], empty for the two dates
+    std::optional<DaySerial> hireDate;
+    std::optional<DaySerial> birthDate;
     std::string comments;
     bool hourly = true;
     bool active = true;
@@ -59,8 +61,7 @@ struct EmployeeRecord {
 EmployeeRecord NewEmployeeRecord(const Options& options);
 
 /// The stored record of an employee. Throws DaoError; 3021 when it is gone.
-EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& application,
-                                  const Region& region, int employeeKey);
+EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& application, int employeeKey);
 
 /// Keys of the whole department in the order of last names, inactive people included. Throws DaoError.
 std::vector<int> EmployeeKeys(const Store& store, const Department& department);
@@ -82,11 +83,8 @@ int BoxAfterArrow(int index, int direction, bool hideWages);
 /// A pay as it stands after leaving its box: its leading number, two decimals.
 std::string NormalizedPay(const std::string& text);
 
-/// A date as it stands after leaving its box: "" for a blank, else the display form; nothing when it is none.
-std::optional<std::string> NormalizedDate(const std::string& text, const GlobalState& g, const Ports& ports);
-
 /// "Robert is under the age of 16." when the birth date says so, else "". On the birthday itself nobody is.
-std::string UnderAgeNotice(const std::string& birthDate, const GlobalState& g, const Ports& ports);
+std::string UnderAgeNotice(std::optional<DaySerial> birthDate, const GlobalState& g, const Ports& ports);
 
 /// What can be typed as a date, for the hint line: "Use format like 2-Jan-2026 or Apr-12-26".
 std::string DateHint(const GlobalState& g, const Ports& ports);

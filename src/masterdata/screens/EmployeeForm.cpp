@@ -49,9 +49,8 @@ void EmployeeForm::ReadKeys() {
 }
 
 void EmployeeForm::LoadRecord() {
-    const EmployeeRecord record =
-        adding_ ? NewEmployeeRecord(g_.application.options)
-                : LoadEmployeeRecord(g_.store, g_.application, ports_.region, selectedEmployee_);
+    const EmployeeRecord record = adding_ ? NewEmployeeRecord(g_.application.options)
+                                          : LoadEmployeeRecord(g_.store, g_.application, selectedEmployee_);
     setWindowTitle(ToQString(EmployeeTitle(g_.department, adding_)));
     Command2->setVisible(!adding_);
     Command3->setVisible(!adding_);
@@ -67,6 +66,8 @@ void EmployeeForm::ShowRecord(const EmployeeRecord& record) {
     loading_ = true;
     key_ = record.key;
     for (const auto& [index, box] : Text2) box->SetText(record.Text2[index]);
+    dates[box_of::HireDate].SetDate(record.hireDate);
+    dates[box_of::BirthDate].SetDate(record.birthDate);
     Text1->setPlainText(ToQString(record.comments));
     Option3D1[record.active ? 1 : 2].setChecked(true);
     Option3D2[record.hourly ? 1 : 2].setChecked(true);
@@ -86,7 +87,10 @@ void EmployeeForm::ShowRecord(const EmployeeRecord& record) {
 EmployeeRecord EmployeeForm::Record() const {
     EmployeeRecord record;
     record.key = key_;
-    for (const auto& [index, box] : Text2) record.Text2[index] = box->Text();
+    for (const auto& [index, box] : Text2)
+        if (!dates.Has(index)) record.Text2[index] = box->Text();
+    record.hireDate = dates[box_of::HireDate].Date();
+    record.birthDate = dates[box_of::BirthDate].Date();
     record.comments = FromQString(Text1->toPlainText());
     record.active = Option3D1[1].isChecked();
     record.hourly = Option3D2[1].isChecked();
@@ -184,22 +188,12 @@ void EmployeeForm::FocusBox(int index) {
     Text2[index].setFocus(Qt::OtherFocusReason);
 }
 
-/// Brings a box into its resting form. False when it holds what is no date.
-bool EmployeeForm::Rest(int index) {
-    TextBox& box = Text2[index];
-    if (index == box_of::Pay) box.SetText(NormalizedPay(box.Text()));
-    if (index != box_of::HireDate && index != box_of::BirthDate) return true;
-    const auto normal = NormalizedDate(box.Text(), g_, ports_);
-    if (normal) box.SetText(*normal);
-    return normal.has_value();
-}
-
 void EmployeeForm::ShowHint(const std::string& hint) {
     Label3->SetText(hint);
 }
 
 void EmployeeForm::ShowUnderAgeNotice() {
-    const std::string notice = UnderAgeNotice(Text2[box_of::BirthDate].Text(), g_, ports_);
+    const std::string notice = UnderAgeNotice(dates[box_of::BirthDate].DateSoFar(), g_, ports_);
     Label6->SetText(notice);
     Label6->setVisible(!notice.empty());
 }
@@ -218,7 +212,16 @@ void EmployeeForm::ConnectBox(int index) {
         FocusBox(BoxAfterArrow(index, direction, g_.rights.HideWages));
     };
     box.onFocus = [=, this] { Text2[index].SetText(TrimRight(Text2[index].Text())); };
-    box.rest = [=, this] { return Rest(index); };
+}
+
+void EmployeeForm::ConnectDate(int index) {
+    DateBox& box = dates[index];
+    box.read = [this](const std::string& text) {
+        return TypedDate(text, ports_.region, ports_.clock.Today());
+    };
+    box.write = [this](DaySerial date) {
+        return DateText(date, g_.application.DateFormatSetting, ports_.region);
+    };
     box.refuse = Guarded([this] {
         ShowDateHelp(ports_.prompt, g_.application.DateFormatSetting, ports_.region, ports_.clock.Today());
     });

@@ -1,6 +1,7 @@
 // Employee record: adds an employee or changes one, with pay, status, colour and hours of absence.
 #pragma once
 
+#include "desktop/DateBox.h"
 #include "desktop/Form.h"
 #include "masterdata/AvailabilityGrid.h"
 #include "masterdata/EmployeeRecord.h"
@@ -35,6 +36,7 @@ class EmployeeForm : public Form {
   private:
     // building
     void BuildBoxes();
+    TextBox& AddBox(int index);
     void BuildBox(int index, Twips left, Twips top, Twips width);
     void BuildGrid();
     void BuildFrames();
@@ -44,6 +46,7 @@ class EmployeeForm : public Form {
     void BuildButtons();
     void HidePay();
     void ConnectBox(int index);
+    void ConnectDate(int index);
     void ConnectGrid();
     Frame& AddFrame(const char* name, const char* title, Twips left, Twips width, const std::string& hint);
     void AddOption(ControlArray<QRadioButton>& array, const char* name, int index, const char* caption,
@@ -64,7 +67,6 @@ class EmployeeForm : public Form {
     void Changed();
 
     // boxes
-    bool Rest(int index);
     void ShowUnderAgeNotice();
     void FocusBox(int index);
 
@@ -94,6 +96,7 @@ class EmployeeForm : public Form {
     std::unique_ptr<Gauge> gauge_;
 
     ControlArray<TextBox> Text2;             // [1..16]
+    ControlArray<DateBox> dates;             // those of Text2 that hold a date: 10 and 11
     ControlArray<Label> Label1;              // [1..16], their captions
     QPlainTextEdit* Text1 = nullptr;         // comments
     Label* Label2 = nullptr;                 // what is done here

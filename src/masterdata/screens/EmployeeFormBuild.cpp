@@ -72,16 +72,30 @@ void EmployeeForm::BuildBoxes() {
     }
 }
 
+TextBox& EmployeeForm::AddBox(int index) {
+    const std::string label = EmployeeBoxes()[index].label;
+    if (index != box_of::HireDate && index != box_of::BirthDate) return Add(Text2, "Text2", index, label);
+    DateBox& date = Add(dates, "Text2", index, label);
+    Text2.Put(index, date);
+    ConnectDate(index);
+    return date;
+}
+
 void EmployeeForm::BuildBox(int index, Twips left, Twips top, Twips width) {
     const EmployeeBox& facts = EmployeeBoxes()[index];
     auto& caption = Add(Label1, "Label1", index, "");
     caption.SetText(facts.label);
     Place(caption, left, top, width, CaptionHeight);
-    auto& box = Add(Text2, "Text2", index, facts.label);
+    TextBox& box = AddBox(index);
     box.SetTypingLimit(facts.maxLength);
     box.SetFocusColours(QBColor(14), QBColor(15));
     Place(box, left, top + CaptionHeight, width, BoxHeight);
     ConnectBox(index);
+    if (index == box_of::Pay)
+        box.rest = [&box] {
+            box.SetText(NormalizedPay(box.Text()));
+            return true;
+        };
 }
 
 void EmployeeForm::BuildGrid() {

@@ -52,17 +52,19 @@ std::optional<DaySerial> DateValue(std::string_view text, const Region& region, 
     return ParseDate(text, region.ShortDateOrder(), region.Names(), today);
 }
 
+std::optional<DaySerial> TypedDate(std::string_view text, const Region& region, DaySerial today) {
+    const std::string trimmed = Trim(text);
+    if (const auto date = DateValue(trimmed, region, today)) return date;
+    const double number = Val(trimmed);
+    const bool inCalendar = number >= FirstSerial && number <= LastSerial;
+    if (number == 0 || !inCalendar || CharacterCount(trimmed) >= 7) return std::nullopt;
+    return static_cast<DaySerial>(Int(number));
+}
+
 std::string NormalizeDateText(std::string_view text, std::string_view dateFormatSetting, const Region& region,
                               DaySerial today) {
-    const std::string trimmed = Trim(text);
-    std::optional<DaySerial> serial = DateValue(trimmed, region, today);
-    if (!serial) {
-        const double number = Val(trimmed);
-        const bool inCalendar = number >= FirstSerial && number <= LastSerial;
-        if (number == 0 || !inCalendar || CharacterCount(trimmed) >= 7) return "";
-        serial = static_cast<DaySerial>(Int(number));
-    }
-    return DateText(*serial, dateFormatSetting, region);
+    const auto date = TypedDate(text, region, today);
+    return date ? DateText(*date, dateFormatSetting, region) : "";
 }
 
 void ShowDateHelp(Prompt& prompt, std::string_view dateFormatSetting, const Region& region, DaySerial today) {

@@ -1,5 +1,6 @@
 #include "masterdata/screens/EmployeeForm.h"
 
+#include "desktop/QtPorts.h"
 #include "platform/dao/TimeText.h"
 #include "support/FormFixture.h"
 #include "support/OtherWorkstation.h"
@@ -389,6 +390,24 @@ TEST_F(EmployeeFormTest, a_date_is_stored_as_its_day_and_none_as_null) {
     test::Click(*form, "Command3D1");
     EXPECT_EQ(Stored(4, "Hire Date"), "46083");
     EXPECT_EQ(Stored(4, "Birth date"), "(null)");
+}
+
+TEST_F(EmployeeFormTest, dates_that_nobody_touches_stay_in_every_language) {
+    for (const char* language : {"zh_CN", "ja_JP", "ko_KR", "vi_VN", "th_TH", "ar_LB", "cs_CZ", "de_DE"}) {
+        store.SetEmployee(1, "Hire Date", std::int64_t{Today - 4000});
+        store.SetEmployee(1, "Birth date", std::int64_t{Today - 12345});
+        qt::QtRegion region{QLocale(QLatin1String(language))};
+        Ports ports{store.prompt(),        store.script.clock, region, store.script.help, store.script.screen,
+                    store.script.instance, store.script.teller};
+        form = std::make_unique<qt::EmployeeForm>(g, ports, EmployeeRequest{1}, nullptr);
+        form->ShowModeless();
+        for (const int box : {10, 11, 1}) Box(box).setFocus();
+        Enter(2, "Ann");
+        test::Click(*form, "Command3D1");
+        EXPECT_EQ(Stored(1, "Hire Date"), std::to_string(Today - 4000)) << language;
+        EXPECT_EQ(Stored(1, "Birth date"), std::to_string(Today - 12345)) << language;
+        form.reset();
+    }
 }
 
 // ---- under age ----

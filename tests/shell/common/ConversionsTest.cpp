@@ -62,6 +62,78 @@ TEST(NormalizeDateText, takes_every_form_that_its_help_lists) {
     for (const Case& c : cases) EXPECT_EQ(Normalized(c.text, c.order, c.setting), c.shown) << c.text;
 }
 
+struct Typed {
+    const char* text;
+    const char* shown; // "": refused
+};
+
+void ExpectShown(DateOrder order, const char* setting, const std::vector<Typed>& table) {
+    for (const Typed& typed : table)
+        EXPECT_EQ(Normalized(typed.text, order, setting), typed.shown) << typed.text;
+}
+
+const std::vector<Typed> TypedAnywhere{
+    {"hello", ""},
+    {"-", ""},
+    {"0", ""},
+    {"31-Feb-2026", ""},
+    {"99/99/9999", ""},
+    {"1234567", ""},
+    {"2-Mar", "2-Mar-2026"},
+    {"Mar", ""},
+    {"'; --", ""},
+    {"1-2-3-4-5", ""},
+    {"\xF0\x9F\xA5\x90", ""},
+    {"2-Mxr-2026", ""},
+};
+
+TEST(NormalizeDateText, takes_every_accepted_form_where_the_month_comes_first) {
+    ExpectShown(DateOrder::MonthDayYear, "MM-DD-YYYY",
+                {{"2-Mar-2026", "2-Mar-2026"},
+                 {"2-Jan-2026", "2-Jan-2026"},
+                 {"Apr-12-26", "12-Apr-2026"},
+                 {"Aug-12-2026", "12-Aug-2026"},
+                 {"12-23-2026", "23-Dec-2026"},
+                 {"12/23/2026", "23-Dec-2026"},
+                 {"23/12/2026", "23-Dec-2026"},
+                 {"2/3/2026", "3-Feb-2026"},
+                 {" 2-mar-26 ", "2-Mar-2026"},
+                 {"2-March-1998", "2-Mar-1998"},
+                 {"2/3/29", "3-Feb-2029"},
+                 {"2/3/30", "3-Feb-1930"},
+                 {"2026-12-23", "23-Dec-2026"},
+                 {"29-Feb-2024", "29-Feb-2024"},
+                 {"29-Feb-2026", ""},
+                 {"36526", "1-Jan-2000"},
+                 {"123456", "3-Jan-2238"}});
+    ExpectShown(DateOrder::MonthDayYear, "MM-DD-YYYY", TypedAnywhere);
+}
+
+TEST(NormalizeDateText, takes_every_accepted_form_where_the_day_comes_first) {
+    ExpectShown(DateOrder::DayMonthYear, "DD-MM-YYYY",
+                {{"2-Mar-2026", "2-Mar-2026"},
+                 {"Aug-12-2026", "12-Aug-2026"},
+                 {"23-12-2026", "23-Dec-2026"},
+                 {"23/12/2026", "23-Dec-2026"},
+                 {"12/23/2026", "23-Dec-2026"},
+                 {"2.3.2026", "2-Mar-2026"},
+                 {"36526", "1-Jan-2000"}});
+    ExpectShown(DateOrder::DayMonthYear, "DD-MM-YYYY", TypedAnywhere);
+}
+
+TEST(NormalizeDateText, takes_every_accepted_form_where_the_year_comes_first) {
+    ExpectShown(DateOrder::YearMonthDay, "YYYY-MM-DD",
+                {{"Mar-12-2026", "2026-Mar-12"},
+                 {"2026-Aug-12", "2026-Aug-12"},
+                 {"2026-12-23", "2026-Dec-23"},
+                 {"2026/12/23", "2026-Dec-23"},
+                 {"26-12-23", "2026-Dec-23"},
+                 {"Jan-12-26", "2026-Jan-12"},
+                 {"26-Apr-12", "2026-Apr-12"},
+                 {"36526", "2000-Jan-1"},
+                 {"hello", ""}});
+}
+
 TEST(NormalizeDateText, reads_its_own_output_as_the_same_date) {
     for (const auto& [order, setting] : {std::pair{DateOrder::MonthDayYear, MonthFirst},
                                          {DateOrder::DayMonthYear, DayFirst},
