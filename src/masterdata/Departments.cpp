@@ -85,14 +85,15 @@ bool WriteProfile(const Store& store, const Department& department, const Depart
     if (renamed && CheckDepartmentNameInUse(rows, profile.name)) return false;
     DepartmentRow row = RowOf(profile);
     if (adding) {
-        AddDepartmentRow(database, row);
+        row.number = AddDepartmentRow(database, row);
     } else {
         const DepartmentRow* present = Named(rows, department.CurrentDepName);
         if (present == nullptr) FailGone();
         row.number = present->number;
         ChangeDepartmentRow(database, row);
     }
-    transaction.Commit();
+    const auto written = FindDepartmentRow(database, row.number);
+    transaction.Commit([&] { return FindDepartmentRow(database, row.number) == written; });
     return true;
 }
 

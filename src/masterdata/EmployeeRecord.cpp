@@ -83,13 +83,14 @@ EmployeeRow RowOf(const EmployeeRecord& record, const Department& department) {
 }
 
 void WriteRecord(const Store& store, const Department& department, const EmployeeRecord& record) {
-    const EmployeeRow row = RowOf(record, department);
+    EmployeeRow row = RowOf(record, department);
     dao::Transaction transaction(store.Open());
     if (record.key == 0)
-        AddEmployeeRow(store.Open(), row);
+        row.key = AddEmployeeRow(store.Open(), row);
     else
         ChangeEmployeeRow(store.Open(), row);
-    transaction.Commit();
+    const auto written = FindEmployeeRow(store.Open(), row.key);
+    transaction.Commit([&] { return FindEmployeeRow(store.Open(), row.key) == written; });
 }
 
 } // namespace

@@ -49,6 +49,7 @@ class FailingSession final : public dao::Session {
     void Commit() override {
         faults_->Meet(Call::Commit);
         real_->Commit();
+        faults_->Meet(Call::Committed);
     }
     const dao::Dialect& Words() const override { return real_->Words(); }
     std::int64_t Changes() const override { return real_->Changes(); }

@@ -11,7 +11,8 @@
 
 namespace tvx::test {
 
-enum class Call { Prepare, Step, Begin, Commit };
+/// Committed fails behind the commit, which stands: an answer of the network was lost.
+enum class Call { Prepare, Step, Begin, Commit, Committed };
 
 /// What is to fail, and what was called; shared by a test and the sessions of its engine.
 class Faults {
@@ -36,7 +37,7 @@ class Faults {
         int number;
     };
     std::optional<Wanted> wanted_;
-    std::array<int, 4> counts_{};
+    std::array<int, 5> counts_{};
     bool met_ = false;
 };
 

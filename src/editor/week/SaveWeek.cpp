@@ -63,37 +63,53 @@ void KeepStored(DayRow& wanted, const StoredDay& stored, const Roster& roster, i
     if (!stored.HasRate()) FreezeRate(wanted, roster, e);
 }
 
-void WriteDay(DayTable& table, const Roster& roster, int e, DayRow wanted, const StoredDay& stored) {
+/// False when the row stands already as it is wanted.
+bool WriteDay(DayTable& table, const Roster& roster, int e, DayRow wanted, const StoredDay& stored) {
     KeepWideSymbol(wanted, stored);
     const bool empty = IsEmpty(wanted);
     if (!stored.found) {
-        if (empty) return;
+        if (empty) return false;
         FreezeRate(wanted, roster, e);
         table.Add(wanted);
     } else if (stored.vacationDay || !empty) {
         KeepStored(wanted, stored, roster, e);
-        if (wanted == stored) return;
+        if (wanted == stored) return false;
         stored.HasRate() ? table.ChangeWork(wanted) : table.Change(wanted);
     } else {
         table.Delete(wanted.day, wanted.employee);
     }
+    return true;
 }
 
-void WriteRows(dao::Database& database, DayTable& table, const Roster& roster, const Week& week,
-               DaySerial firstSerial, int cutoffQuarters) {
-    dao::Transaction transaction(database);
+/// Inside a transaction. Returns how many rows had to be written.
+int WriteDifferences(dao::Database& database, DayTable& table, const Roster& roster, const Week& week,
+                     DaySerial firstSerial, int cutoffQuarters) {
+    int written = 0;
     const StoredWeek stored = ReadStoredWeek(database, roster, firstSerial);
     for (int row = 1; row <= roster.EmployeeCount; ++row) {
         const int e = roster.EmployeeRowIndex[row];
         const auto& days = stored[e];
         for (int d = 1; d < DaysInSpan; ++d)
-            WriteDay(table, roster, e, WantedOf(roster, week, firstSerial, e, d), days[d]);
+            written += WriteDay(table, roster, e, WantedOf(roster, week, firstSerial, e, d), days[d]);
         const DayRow ofModel = WantedOf(roster, week, firstSerial, e, DaysInSpan);
         const auto wanted =
             WithNextWeek(ofModel, week, e, days[DaysInSpan - 1], days[DaysInSpan], cutoffQuarters);
-        if (wanted) WriteDay(table, roster, e, *wanted, days[DaysInSpan]);
+        if (wanted) written += WriteDay(table, roster, e, *wanted, days[DaysInSpan]);
     }
-    transaction.Commit();
+    return written;
+}
+
+void WriteRows(dao::Database& database, DayTable& table, const Roster& roster, const Week& week,
+               DaySerial firstSerial, int cutoffQuarters) {
+    const auto write = [&] {
+        return WriteDifferences(database, table, roster, week, firstSerial, cutoffQuarters);
+    };
+    dao::Transaction transaction(database);
+    write();
+    transaction.Commit([&] {
+        const dao::Transaction look(database); // undone: it only asks what there would be to write
+        return write() == 0;
+    });
 }
 
 bool TryToWrite(GlobalState& g, Prompt& prompt, const Week& week, DaySerial firstSerial) {

@@ -44,6 +44,15 @@ class Step {
     bool kept_ = false;
 };
 
+/// False also when that cannot be told.
+bool IsTrue(const std::function<bool()>& question) {
+    try {
+        return question();
+    } catch (const DaoError&) {
+        return false;
+    }
+}
+
 } // namespace
 
 bool ScanRow::IsNull(int column) const {
@@ -155,8 +164,17 @@ Transaction::~Transaction() {
 }
 
 void Transaction::Commit() {
-    database_.CommitTrans();
-    open_ = false;
+    Commit([] { return false; });
+}
+
+void Transaction::Commit(const std::function<bool()>& stands) {
+    try {
+        database_.CommitTrans();
+        open_ = false;
+    } catch (const DaoError&) {
+        open_ = database_.InTransaction();
+        if (open_ || !IsTrue(stands)) throw;
+    }
 }
 
 Snapshot::Snapshot(const Database& database) : connection_(database.connection_) {

@@ -89,6 +89,10 @@ class Transaction {
     Transaction(const Transaction&) = delete;
     Transaction& operator=(const Transaction&) = delete;
     void Commit();
+    /// The same. When the engine refuses and the transaction is over, `stands` reads the rows again: true
+    /// tells that they are stored as they were written, and the commit counts. Trouble of that reading counts
+    /// as false.
+    void Commit(const std::function<bool()>& stands);
 
   private:
     Database& database_;

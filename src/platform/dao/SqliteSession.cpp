@@ -1,6 +1,7 @@
 #include "platform/dao/SqliteSession.h"
 
 #include "platform/dao/DaoError.h"
+#include "platform/dao/SqliteFiles.h"
 #include "platform/dao/SqliteStatement.h"
 
 #include <map>
@@ -30,7 +31,7 @@ void CheckFileIsThere(const fs::path& path) {
 /// which spares it a mutex at every column read.
 Handle OpenHandle(const fs::path& path, int flags, int& code) {
     sqlite3* handle = nullptr;
-    code = sqlite3_open_v2(path.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX, nullptr);
+    code = sqlite3_open_v2(path.c_str(), &handle, flags | SQLITE_OPEN_NOMUTEX, SqliteFiles());
     return {handle, sqlite3_close_v2};
 }
 
