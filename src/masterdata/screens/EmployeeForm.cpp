@@ -16,16 +16,8 @@ namespace tvx::qt {
 EmployeeForm::EmployeeForm(GlobalState& g, Ports& ports, const EmployeeRequest& request, Form* owner)
     : Form(ports, "Form4", owner), g_(g), adding_(request.SelectedEmployee == 0),
       selectedEmployee_(request.SelectedEmployee) {
-    BuildBoxes();
-    BuildGrid();
-    BuildFrames();
-    BuildColours();
-    BuildComments();
-    BuildFoot();
-    BuildButtons();
-    HidePay();
+    Build();
     ConnectGrid();
-    CenterForm();
 }
 
 EmployeeForm::~EmployeeForm() = default;
@@ -33,10 +25,6 @@ EmployeeForm::~EmployeeForm() = default;
 bool EmployeeForm::Opened() {
     if (!adding_) ReadKeys();
     LoadRecord();
-    const std::string& one = g_.department.EmployeeNameSingle;
-    Label2->SetText("Editor time bar color for this " + one);
-    Command2->setText(QLatin1String("&Previous ") + PlainCaption(one));
-    Command3->setText(QLatin1String("&Next ") + PlainCaption(one));
     return true;
 }
 
@@ -69,13 +57,9 @@ void EmployeeForm::ShowRecord(const EmployeeRecord& record) {
     dates[box_of::HireDate].SetDate(record.hireDate);
     dates[box_of::BirthDate].SetDate(record.birthDate);
     Text1->setPlainText(ToQString(record.comments));
-    Option3D1[record.active ? 1 : 2].setChecked(true);
-    Option3D2[record.hourly ? 1 : 2].setChecked(true);
-    for (const auto& [index, option] : optLaborType) {
-        option->setAutoExclusive(false);
-        option->setChecked(index == record.laborOption);
-        option->setAutoExclusive(true);
-    }
+    Option3D1.Choose(record.active ? 1 : 2);
+    Option3D2.Choose(record.hourly ? 1 : 2);
+    optLaborType.Choose(record.laborOption);
     currentBarColor_ = record.barColor;
     ShowChosen(lblColor, record.barColor);
     grid_.SetBars(record.absence);
@@ -92,11 +76,9 @@ EmployeeRecord EmployeeForm::Record() const {
     record.hireDate = dates[box_of::HireDate].Date();
     record.birthDate = dates[box_of::BirthDate].Date();
     record.comments = FromQString(Text1->toPlainText());
-    record.active = Option3D1[1].isChecked();
-    record.hourly = Option3D2[1].isChecked();
-    record.laborOption = -1;
-    for (const auto& [index, option] : optLaborType)
-        if (option->isChecked() && record.laborOption < 0) record.laborOption = index;
+    record.active = Option3D1.Chosen() == 1;
+    record.hourly = Option3D2.Chosen() == 1;
+    record.laborOption = optLaborType.Chosen().value_or(-1);
     record.barColor = currentBarColor_;
     record.absence = grid_.Bars();
     return record;
@@ -117,8 +99,8 @@ bool EmployeeForm::Save() {
 /// Empties the screen for the next new employee, who is likely to be of the same kind.
 void EmployeeForm::MakeReadyForNext() {
     EmployeeRecord next = NewEmployeeRecord(g_.application.options);
-    next.hourly = Option3D2[1].isChecked();
-    next.laborOption = Record().laborOption;
+    next.hourly = Option3D2.Chosen() == 1;
+    next.laborOption = optLaborType.Chosen().value_or(-1);
     next.barColor = currentBarColor_;
     ShowRecord(next);
     FocusBox(box_of::LastName);
@@ -211,7 +193,12 @@ void EmployeeForm::ConnectBox(int index) {
         Changed();
         FocusBox(BoxAfterArrow(index, direction, g_.rights.HideWages));
     };
-    box.onFocus = [=, this] { Text2[index].SetText(TrimRight(Text2[index].Text())); };
+    box.onFocus = [&box] { box.SetText(TrimRight(box.Text())); };
+    if (index == box_of::Pay)
+        box.rest = [&box] {
+            box.SetText(NormalizedPay(box.Text()));
+            return true;
+        };
 }
 
 void EmployeeForm::ConnectDate(int index) {

@@ -10,8 +10,8 @@
 #include "platform/ports/Gauge.h"
 
 #include <QPlainTextEdit>
-#include <QRadioButton>
 
+#include <array>
 #include <memory>
 #include <vector>
 
@@ -35,22 +35,23 @@ class EmployeeForm : public Form {
 
   private:
     // building
-    void BuildBoxes();
+    void Build();
+    void BuildUpperBoxes(QVBoxLayout& column);
     TextBox& AddBox(int index);
-    void BuildBox(int index, Twips left, Twips top, Twips width);
+    void BuildBox(QBoxLayout& row, int index, Twips width);
     void BuildGrid();
-    void BuildFrames();
-    void BuildColours();
-    void BuildComments();
-    void BuildFoot();
-    void BuildButtons();
+    void BuildKinds(QVBoxLayout& column);
+    void BuildKind(Options<int>& options, const char* name, int first,
+                   const std::vector<std::array<const char*, 2>>& kinds, Frame& frame);
+    void BuildLooks(QVBoxLayout& column);
+    void BuildColours(QVBoxLayout& column);
+    void BuildComments(QVBoxLayout& column);
+    void BuildHint(QVBoxLayout& column);
+    void BuildButtons(QVBoxLayout& column);
     void HidePay();
     void ConnectBox(int index);
     void ConnectDate(int index);
     void ConnectGrid();
-    Frame& AddFrame(const char* name, const char* title, Twips left, Twips width, const std::string& hint);
-    void AddOption(ControlArray<QRadioButton>& array, const char* name, int index, const char* caption,
-                   const char* tip, Frame& frame);
 
     // the record
     void ShowRecord(const EmployeeRecord& record);
@@ -95,25 +96,25 @@ class EmployeeForm : public Form {
     bool loading_ = false; // the program itself fills the boxes
     std::unique_ptr<Gauge> gauge_;
 
-    ControlArray<TextBox> Text2;             // [1..16]
-    ControlArray<DateBox> dates;             // those of Text2 that hold a date: 10 and 11
-    ControlArray<Label> Label1;              // [1..16], their captions
-    QPlainTextEdit* Text1 = nullptr;         // comments
-    Label* Label2 = nullptr;                 // what is done here
-    Label* Label3 = nullptr;                 // hints
-    ControlArray<Label> Label5;              // [1..7], weekdays of the grid
-    Label* Label6 = nullptr;                 // under-age notice
-    Frame* Frame3D1 = nullptr;               // pay rate
-    ControlArray<QRadioButton> Option3D1;    // 1 active, 2 inactive
-    ControlArray<QRadioButton> Option3D2;    // 1 hourly, 2 weekly
-    ControlArray<QRadioButton> optLaborType; // [0..3]
-    ControlArray<ColourSwatch> lblColor;     // [1..14]
-    PictureBox* Picture1 = nullptr;          // hours of absence
-    PictureBox* Picture2 = nullptr;          // strip that shows where the band lies
-    PictureBox* Picture3 = nullptr;          // a bar in the chosen colour
-    QPushButton* Command2 = nullptr;         // previous
-    QPushButton* Command3 = nullptr;         // next
-    FloodPanel* Panel3D2 = nullptr;          // shows that the record was saved
+    ControlArray<TextBox> Text2;         // [1..16]
+    ControlArray<DateBox> dates;         // those of Text2 that hold a date: 10 and 11
+    ControlArray<Label> Label1;          // [1..16], their captions
+    QPlainTextEdit* Text1 = nullptr;     // comments
+    Label* Label2 = nullptr;             // what is done here
+    Label* Label3 = nullptr;             // hints
+    ControlArray<Label> Label5;          // [1..7], weekdays of the grid
+    Label* Label6 = nullptr;             // under-age notice
+    Frame* Frame3D1 = nullptr;           // pay rate
+    Options<int> Option3D1;              // 1 active, 2 inactive
+    Options<int> Option3D2;              // 1 hourly, 2 weekly
+    Options<int> optLaborType;           // [0..3]
+    ControlArray<ColourSwatch> lblColor; // [1..14]
+    PictureBox* Picture1 = nullptr;      // hours of absence
+    PictureBox* Picture2 = nullptr;      // strip that shows where the band lies
+    PictureBox* Picture3 = nullptr;      // a bar in the chosen colour
+    QPushButton* Command2 = nullptr;     // previous
+    QPushButton* Command3 = nullptr;     // next
+    FloodPanel* Panel3D2 = nullptr;      // shows that the record was saved
 };
 
 } // namespace tvx::qt

@@ -6,12 +6,12 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 namespace tvx::qt {
 namespace {
 
 constexpr Twips FormWidth = 10200;
-constexpr Twips FormHeight = 7500;
 constexpr Twips Margin = 120;
 constexpr Twips GridLeft = 990;
 constexpr Twips GridTop = 2230;
@@ -24,51 +24,72 @@ constexpr Twips HourWidth = 4 * absence::QuarterWidth;
 constexpr Colour RowGround = RGB(228, 228, 228); // light, so that a row reads as one lane around its band
 constexpr Twips BoxHeight = 300;
 constexpr Twips CaptionHeight = 210;
-constexpr Twips FirstRow = 60; // tops of the rows of boxes above the grid
-constexpr Twips SecondRow = 630;
-constexpr Twips ThirdRow = 1200;
+constexpr Twips FirstRow = 60; // top of the first of three rows of boxes above the grid
+constexpr Twips RowStep = BoxHeight + CaptionHeight + FirstRow;
 constexpr Twips LowerTop = 4380; // below the grid
-constexpr Twips FramesTop = LowerTop + 660;
-constexpr Twips FrameHeight = 960;
-constexpr Twips RightColumn = 6900; // left edge of colours and comments
-constexpr Twips RightWidth = FormWidth - RightColumn - Margin;
+constexpr Twips PanelWidth = 6600;
+constexpr Twips SwatchLeft = 140 + 162; // of the first colour
 
 struct Spot {
     int index;
-    Twips left;
-    Twips top;
     Twips width;
 };
 
-/// Where the boxes stand: in the order of their indexes, in which the keys go through them.
-constexpr std::array<Spot, box_of::Last> Spots{{
-    {box_of::LastName, 120, FirstRow, 2700},
-    {box_of::FirstName, 2940, FirstRow, 1500},
-    {box_of::Id, 4560, FirstRow, 1100},
-    {box_of::Assignment, 5780, FirstRow, 1300},
-    {box_of::Pay, 7200, FirstRow, 1100},
-    {box_of::Street, 120, SecondRow, 3900},
-    {box_of::City, 4140, SecondRow, 2820},
-    {box_of::State, 7080, SecondRow, 700},
-    {box_of::Zip, 7900, SecondRow, 1500},
-    {box_of::HireDate, 120, ThirdRow, 1300},
-    {box_of::BirthDate, 1540, ThirdRow, 1300},
-    {box_of::Phone, 2960, ThirdRow, 1700},
-    {box_of::EmergencyPhone, 4780, ThirdRow, 1700},
-    {box_of::CellPhone, 6600, ThirdRow, 1700},
-    {box_of::SocSecNumber, 8420, ThirdRow, 1660},
-    {box_of::Email, 120, LowerTop, 3900},
+/// Rows of boxes in the order of their indexes, in which the keys go through them.
+const std::array<std::vector<Spot>, 3> UpperRows{{
+    {{box_of::LastName, 2700},
+     {box_of::FirstName, 1500},
+     {box_of::Id, 1100},
+     {box_of::Assignment, 1300},
+     {box_of::Pay, 1100}},
+    {{box_of::Street, 3900}, {box_of::City, 2820}, {box_of::State, 700}, {box_of::Zip, 1500}},
+    {{box_of::HireDate, 1300},
+     {box_of::BirthDate, 1300},
+     {box_of::Phone, 1700},
+     {box_of::EmergencyPhone, 1700},
+     {box_of::CellPhone, 1700},
+     {box_of::SocSecNumber, 1660}},
 }};
+
+/// What stands in a column, close together.
+QVBoxLayout& Stack(QBoxLayout& into, int stretch = 0) {
+    auto* stack = new QVBoxLayout;
+    stack->setSpacing(0);
+    into.addLayout(stack, stretch);
+    return *stack;
+}
 
 } // namespace
 
-void EmployeeForm::BuildBoxes() {
-    setFixedSize(Pixels(FormWidth), Pixels(FormHeight));
-    for (const Spot& spot : Spots) BuildBox(spot.index, spot.left, spot.top, spot.width);
+void EmployeeForm::Build() {
+    QVBoxLayout& column = Column();
+    column.setContentsMargins(Pixels(Margin), Pixels(FirstRow), Pixels(Margin), Pixels(Margin));
+    column.setSpacing(0);
+    BuildUpperBoxes(column);
+    BuildGrid();
+    column.addSpacing(Pixels(LowerTop) - Pixels(FirstRow) - 3 * Pixels(RowStep));
+    QHBoxLayout& lower = Row(column);
+    lower.setSpacing(Pixels(Margin));
+    BuildKinds(Stack(lower, 2));
+    BuildLooks(Stack(lower, 1));
+    BuildHint(column);
+    BuildButtons(column);
+    HidePay();
+    FixSize(FormWidth); // more where a button carries a long word of the department
+}
+
+void EmployeeForm::BuildUpperBoxes(QVBoxLayout& column) {
+    for (const auto& spots : UpperRows) {
+        QHBoxLayout& row = Row(column);
+        row.setSpacing(Pixels(Margin));
+        for (const Spot& spot : spots) BuildBox(row, spot.index, spot.width);
+        row.addStretch();
+        column.addSpacing(Pixels(RowStep) - Pixels(BoxHeight) - Pixels(CaptionHeight));
+    }
     const std::string hint = DateHint(g_, ports_);
-    for (const int date : {box_of::HireDate, box_of::BirthDate}) {
-        Text2[date].setToolTip(ToQString(hint));
-        SetHint(Text2[date], hint);
+    for (const auto& [index, date] : dates) {
+        date->setToolTip(ToQString(hint));
+        SetHint(*date, hint);
     }
 }
 
@@ -81,23 +102,23 @@ TextBox& EmployeeForm::AddBox(int index) {
     return date;
 }
 
-void EmployeeForm::BuildBox(int index, Twips left, Twips top, Twips width) {
+/// A box under its caption.
+void EmployeeForm::BuildBox(QBoxLayout& row, int index, Twips width) {
     const EmployeeBox& facts = EmployeeBoxes()[index];
+    QVBoxLayout& stack = Stack(row);
     auto& caption = Add(Label1, "Label1", index, "");
     caption.SetText(facts.label);
-    Place(caption, left, top, width, CaptionHeight);
+    caption.setFixedSize(Pixels(width), Pixels(CaptionHeight));
+    stack.addWidget(&caption);
     TextBox& box = AddBox(index);
     box.SetTypingLimit(facts.maxLength);
     box.SetFocusColours(QBColor(14), QBColor(15));
-    Place(box, left, top + CaptionHeight, width, BoxHeight);
+    box.setFixedSize(Pixels(width), Pixels(BoxHeight));
+    stack.addWidget(&box);
     ConnectBox(index);
-    if (index == box_of::Pay)
-        box.rest = [&box] {
-            box.SetText(NormalizedPay(box.Text()));
-            return true;
-        };
 }
 
+/// Stands where the hours are painted.
 void EmployeeForm::BuildGrid() {
     Picture2 = &Add<PictureBox>("Picture2", "Place on the hours");
     Place(*Picture2, GridLeft, StripTop, absence::RightEnd, 150);
@@ -109,54 +130,80 @@ void EmployeeForm::BuildGrid() {
         auto& day = Add(Label5, "Label5", d, "");
         day.SetText(ports_.region.Names().shortWeekdays[d]);
         day.SetColours(QBColor(0), LightBlue);
-        Place(day, 120, GridTop + (d - 1) * absence::RowHeight, GridLeft - 180, absence::RowHeight - 15);
+        Place(day, Margin, GridTop + (d - 1) * absence::RowHeight, GridLeft - 180, absence::RowHeight - 15);
     }
 }
 
-Frame& EmployeeForm::AddFrame(const char* name, const char* title, Twips left, Twips width,
-                              const std::string& hint) {
-    auto& frame = Add<Frame>(name, title);
-    frame.SetTitle(title);
-    Place(frame, left, FramesTop, width, FrameHeight);
-    SetHint(frame, hint);
-    return frame;
+void EmployeeForm::BuildKinds(QVBoxLayout& column) {
+    QHBoxLayout& mail = Row(column);
+    BuildBox(mail, box_of::Email, 3900);
+    mail.addStretch();
+    column.addSpacing(Pixels(Margin));
+    QHBoxLayout& row = Row(column);
+    row.setSpacing(Pixels(Margin));
+    Frame3D1 = &AddFrame("Frame3D1", "Pay rate", row);
+    SetHint(*Frame3D1, "");
+    BuildKind(Option3D2, "Option3D2", 1,
+              {{"Hourly rate", "Pay is for one hour"}, {"Weekly salary", "Pay is for a whole week"}},
+              *Frame3D1);
+    BuildKind(Option3D1, "Option3D1", 1,
+              {{"Active", "Listed in the Editors"}, {"Inactive", "Kept, but not listed in the Editors"}},
+              AddFrame("Frame3D2(0)", "Status", row,
+                       "Only Active " + g_.department.EmployeeNamePlural +
+                           " will listed in the Editors for scheduling."));
+    BuildKind(optLaborType, "optLaborType", 0,
+              {{"Full- time", "Listed as Full time"},
+               {"Part- time", "Listed as Part time"},
+               {"Student", "Listed as Student"},
+               {"Other", "Listed as Other"}},
+              AddFrame("Frame3D2(1)", "Labor type", row));
+    Label6 = &AddLabel("Label6", "", column);
+    Label6->setAccessibleName(QStringLiteral("Age"));
+    Label6->SetColours(QBColor(12), std::nullopt);
+    Label6->setMinimumHeight(Pixels(CaptionHeight + Margin));
+    column.addStretch();
 }
 
-/// Adds an option to its frame, two in a column.
-void EmployeeForm::AddOption(ControlArray<QRadioButton>& array, const char* name, int index,
-                             const char* caption, const char* tip, Frame& frame) {
-    const auto place = static_cast<int>(array.Count());
-    auto& option = Add(array, name, index, caption, &frame);
-    option.setText(QString::fromLatin1(caption).trimmed());
-    option.setToolTip(QLatin1String(tip));
-    SetHint(option, tip);
-    Place(option, 150 + place / 2 * 1500, 330 + place % 2 * 300, 1500, 240);
-    On(option, &QRadioButton::clicked, [this] { Changed(); });
+/// The options of a frame, two in a column, each with a tip.
+void EmployeeForm::BuildKind(Options<int>& options, const char* name, int first,
+                             const std::vector<std::array<const char*, 2>>& kinds, Frame& frame) {
+    std::vector<const char*> captions;
+    for (const auto& kind : kinds) captions.push_back(kind[0]);
+    AddOptions(options, name, first, captions, frame, static_cast<int>(captions.size()) / 2);
+    for (const auto& [index, option] : options) {
+        const char* tip = kinds[static_cast<std::size_t>(index - first)][1];
+        option->setToolTip(QLatin1String(tip));
+        SetHint(*option, tip);
+        On(*option, &QRadioButton::clicked, [this] { Changed(); });
+    }
 }
 
-void EmployeeForm::BuildFrames() {
-    Frame3D1 = &AddFrame("Frame3D1", "Pay rate", Margin, 1900, "");
-    AddOption(Option3D2, "Option3D2", 1, " Hourly rate", "Pay is for one hour", *Frame3D1);
-    AddOption(Option3D2, "Option3D2", 2, " Weekly salary", "Pay is for a whole week", *Frame3D1);
-    Frame& status = AddFrame("Frame3D2(0)", "Status", 2140, 1500,
-                             "Only Active " + g_.department.EmployeeNamePlural +
-                                 " will listed in the Editors for scheduling.");
-    AddOption(Option3D1, "Option3D1", 1, "Active", "Listed in the Editors", status);
-    AddOption(Option3D1, "Option3D1", 2, "Inactive", "Kept, but not listed in the Editors", status);
-    Frame& labor = AddFrame("Frame3D2(1)", "Labor type", 3760, 3040, "");
-    AddOption(optLaborType, "optLaborType", 0, "Full- time", "Listed as Full time", labor);
-    AddOption(optLaborType, "optLaborType", 1, "Part- time", "Listed as Part time", labor);
-    AddOption(optLaborType, "optLaborType", 2, "Student", "Listed as Student", labor);
-    AddOption(optLaborType, "optLaborType", 3, "Other", "Listed as Other", labor);
-}
-
-void EmployeeForm::BuildColours() {
-    Label2 = &Add<Label>("Label2", "");
+/// How the employee looks in the editors, and what else there is to say.
+void EmployeeForm::BuildLooks(QVBoxLayout& column) {
+    Label2 =
+        &AddLabel("Label2", "Editor time bar color for this " + g_.department.EmployeeNameSingle, column);
     Label2->setWordWrap(true); // a department's own word may be long
     Label2->SetAlignment(Qt::AlignLeft | Qt::AlignBottom);
-    Place(*Label2, RightColumn, LowerTop, RightWidth, 2 * CaptionHeight);
-    auto& colours = Add<QWidget>("Colors", "Time bar color");
-    Place(colours, RightColumn - 302, LowerTop + 2 * CaptionHeight, 2700, 270);
+    Label2->setFixedHeight(Pixels(2 * CaptionHeight));
+    BuildColours(column);
+    Picture3 = &Add<PictureBox>("Picture3", "Sample of the time bar");
+    Picture3->setFixedHeight(Pixels(240));
+    column.addSpacing(Pixels(Margin));
+    column.addWidget(Picture3);
+    const std::string tip = "The time bar of this " + g_.department.EmployeeNameSingle + " in the Editors";
+    Picture3->setToolTip(ToQString(tip));
+    SetHint(*Picture3, tip);
+    Picture3->onPaint = [this](QPainter& painter, const QRegion&) { PaintSample(painter); };
+    column.addSpacing(Pixels(Margin));
+    BuildComments(column);
+}
+
+void EmployeeForm::BuildColours(QVBoxLayout& column) {
+    auto& line = Add<QWidget>("", "");
+    line.setFixedHeight(Pixels(255));
+    column.addWidget(&line);
+    auto& colours = Add<QWidget>("Colors", "Time bar color", &line);
+    Place(colours, -SwatchLeft, 0, SwatchLeft + 15 * 162, 255); // the first colour stands at the edge
     constexpr std::array<const char*, 15> names{"",           "Blue",           "Green",        "Cyan",
                                                 "Red",        "Magenta",        "Brown",        "Light grey",
                                                 "Grey",       "Bright blue",    "Bright green", "Bright cyan",
@@ -167,58 +214,47 @@ void EmployeeForm::BuildColours() {
         Place(colour, i * 162 + 140, 0, 162, 255);
         On(colour, &QAbstractButton::clicked, [=, this] { ChooseColour(i); });
     }
-    Picture3 = &Add<PictureBox>("Picture3", "Sample of the time bar");
-    Place(*Picture3, RightColumn, LowerTop + 735, RightWidth, 240);
-    const std::string tip = "The time bar of this " + g_.department.EmployeeNameSingle + " in the Editors";
-    Picture3->setToolTip(ToQString(tip));
-    SetHint(*Picture3, tip);
-    Picture3->onPaint = [this](QPainter& painter, const QRegion&) { PaintSample(painter); };
 }
 
-void EmployeeForm::BuildComments() {
-    constexpr Twips Top = LowerTop + 1035;
-    auto& caption = Add<Label>("Label4", "");
-    caption.SetText("Comments");
-    Place(caption, RightColumn, Top, RightWidth, CaptionHeight);
+void EmployeeForm::BuildComments(QVBoxLayout& column) {
+    AddLabel("Label4", "Comments", column);
     Text1 = &Add<QPlainTextEdit>("Text1", "Comments");
     Text1->setTabChangesFocus(true);
+    Text1->setFixedHeight(Pixels(870));
     SetHint(*Text1, "Add any comments you wish for this " + g_.department.EmployeeNameSingle + "...");
-    Place(*Text1, RightColumn, Top + CaptionHeight, RightWidth, 870);
+    column.addWidget(Text1);
     On(*Text1, &QPlainTextEdit::textChanged, [this] { Changed(); });
 }
 
-void EmployeeForm::BuildFoot() {
-    Label6 = &Add<Label>("Label6", "Age");
-    Label6->SetColours(QBColor(12), std::nullopt);
-    Place(*Label6, Margin, FramesTop + FrameHeight + 90, 6600, CaptionHeight);
+/// The line of hints, where a save floods its panel.
+void EmployeeForm::BuildHint(QVBoxLayout& column) {
+    auto* line = new QGridLayout;
+    line->setContentsMargins(0, Pixels(Margin), 0, Pixels(Margin));
+    column.addLayout(line);
     Label3 = &Add<Label>("Label3", "Hint");
     Label3->SetColours(QBColor(1), std::nullopt);
-    Place(*Label3, Margin, FormHeight - 900, FormWidth - 2 * Margin, CaptionHeight);
+    Label3->setFixedHeight(Pixels(CaptionHeight));
+    line->addWidget(Label3, 0, 0);
     Panel3D2 = &Add<FloodPanel>("Panel3D2", "Saving");
-    Place(*Panel3D2, Margin, FormHeight - 900, 6600, CaptionHeight);
+    Panel3D2->setFixedSize(Pixels(PanelWidth), Pixels(CaptionHeight));
+    line->addWidget(Panel3D2, 0, 0);
     gauge_ = std::make_unique<FloodGauge>(*Panel3D2);
 }
 
-void EmployeeForm::BuildButtons() {
-    const auto button = [&](const char* name, const char* text, Twips left, Twips width) {
-        auto& made = Add<QPushButton>(name, "");
-        made.setText(QLatin1String(text));
-        Place(made, left, FormHeight - 570, width, 420);
-        return &made;
-    };
-    constexpr Twips Wide = 3360; // room for the department's own word
-    constexpr Twips Narrow = 900;
-    constexpr Twips Step = Narrow + Margin;
-    Command2 = button("Command2", "&Previous", Margin, Wide);
-    Command3 = button("Command3", "&Next", 2 * Margin + Wide, Wide);
-    QPushButton* helpButton = button("Command3D3", "&Help", FormWidth - 3 * Step, Narrow);
-    QPushButton* ok = button("Command3D1", "&OK", FormWidth - 2 * Step, Narrow);
-    QPushButton* close = button("cmdExit", "&Close", FormWidth - Step, Narrow);
-    OnCommand(*Command2, Role::Plain, [this] { MoveTo(-1); });
-    OnCommand(*Command3, Role::Plain, [this] { MoveTo(1); });
-    OnCommand(*helpButton, Role::Aside, [this] { ports_.help.ShowTopic(help::EmployeeRecord); });
-    OnCommand(*ok, Role::Plain, [this] { Save(); });
-    OnCommand(*close, Role::Cancel, [this] { Leave(); });
+void EmployeeForm::BuildButtons(QVBoxLayout& column) {
+    QHBoxLayout& row = Row(column);
+    row.setSpacing(Pixels(Margin));
+    Command2 = &AddCommand({"Command2", "&Previous ", [this] { MoveTo(-1); }}, row);
+    Command3 = &AddCommand({"Command3", "&Next ", [this] { MoveTo(1); }}, row);
+    const QString one = PlainCaption(g_.department.EmployeeNameSingle);
+    Command2->setText(Command2->text() + one);
+    Command3->setText(Command3->text() + one);
+    row.setStretchFactor(Command2, 1);
+    row.setStretchFactor(Command3, 1);
+    const auto topic = [this] { ports_.help.ShowTopic(help::EmployeeRecord); };
+    AddCommand({"Command3D3", "&Help", topic, Role::Aside}, row);
+    AddCommand({"Command3D1", "&OK", [this] { Save(); }}, row);
+    AddCommand({"cmdExit", "&Close", [this] { Leave(); }, Role::Cancel}, row);
 }
 
 void EmployeeForm::HidePay() {
@@ -226,8 +262,7 @@ void EmployeeForm::HidePay() {
     Text2[box_of::Pay].hide();
     Label1[box_of::Pay].hide();
     Frame3D1->hide();
-    Option3D2[1].hide();
-    Option3D2[2].hide();
+    for (const auto& [index, option] : Option3D2) option->hide();
 }
 
 // ---- painting ----
