@@ -181,9 +181,11 @@ void Form::Place(QWidget& control, Twips left, Twips top, Twips width, Twips hei
 }
 
 void Form::CenterForm() {
-    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-    move(screen.left() + (screen.width() - frameGeometry().width()) / 2,
-         screen.top() + (screen.height() - frameGeometry().height()) / 2);
+    const ScreenSize screen = ports_.screen.Size();
+    const QSize form = frameGeometry().size();
+    const QPoint place(Pixels((screen.ScreenWidth - ToTwips(form.width())) / 2),
+                       Pixels((screen.ScreenHeight - ToTwips(form.height())) / 2));
+    move(QGuiApplication::primaryScreen()->geometry().topLeft() + place);
 }
 
 /// Loads and shows the form; false when it stays away.

@@ -44,7 +44,7 @@ class Form : public QWidget {
     /// Closes the form without asking MayUnload.
     void Unload();
 
-    /// Moves the form to the middle of the screen.
+    /// Moves the form to the middle of the screen, as the port measures it.
     void CenterForm();
 
     /// Finds a control by its designer name, "Text1(3)"; nullptr when there is none of that kind.

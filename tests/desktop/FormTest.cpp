@@ -114,6 +114,16 @@ TEST_F(FormTest, shows_the_error_of_a_handler_and_goes_on) {
     EXPECT_EQ(script.prompt.Shape(), Pointer::Default);
 }
 
+TEST_F(FormTest, stands_in_the_middle_of_the_screen_that_it_is_made_for) {
+    script.screen.width = 600 * 15;
+    script.screen.height = 520 * 15;
+    form.CenterForm();
+    const QPoint corner = QGuiApplication::primaryScreen()->geometry().topLeft();
+    const QRect frame = form.frameGeometry().translated(-corner);
+    EXPECT_EQ(2 * frame.left() + frame.width(), 600);
+    EXPECT_EQ(2 * frame.top() + frame.height(), 520 - 10);
+}
+
 // ---- opening ----
 
 TEST_F(FormTest, loads_before_it_shows) {

@@ -30,8 +30,9 @@ std::string Framed(const std::string& text) {
 // ---- the start of a run ----
 
 void MeasureScreen(GlobalState& g, const ScreenInfo& screen) {
-    g.screen.ScreenWidth = screen.Width();
-    g.screen.ScreenHeight = screen.Height() - 150;
+    const ScreenSize size = screen.Size();
+    g.screen.ScreenWidth = size.ScreenWidth;
+    g.screen.ScreenHeight = size.ScreenHeight;
     g.screen.VisibleHours = VisibleHoursFor(g.screen.ScreenWidth);
 }
 
