@@ -53,7 +53,8 @@ void Label::paintEvent(QPaintEvent* event) {
 }
 
 void Label::mousePressEvent(QMouseEvent* event) {
-    if (onPress)
+    const bool acts = event->button() == Qt::LeftButton || event->button() == Qt::RightButton;
+    if (onPress && acts)
         onPress(event->button());
     else
         QLabel::mousePressEvent(event);

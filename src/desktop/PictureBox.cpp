@@ -5,6 +5,16 @@
 #include <QPainter>
 
 namespace tvx::qt {
+namespace {
+
+/// The wheel's button and those at the sides lead to other pages elsewhere; here they would draw.
+constexpr Qt::MouseButtons Acting = Qt::LeftButton | Qt::RightButton;
+
+TwipsPoint PlaceOf(const QMouseEvent& event) {
+    return {ToTwips(event.position().x()), ToTwips(event.position().y())};
+}
+
+} // namespace
 
 PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
     setMouseTracking(true);
@@ -21,18 +31,15 @@ void PictureBox::paintEvent(QPaintEvent* event) {
 }
 
 void PictureBox::mousePressEvent(QMouseEvent* event) {
-    if (onMouseDown)
-        onMouseDown(event->button(), {ToTwips(event->position().x()), ToTwips(event->position().y())});
+    if (onMouseDown && Acting.testFlag(event->button())) onMouseDown(event->button(), PlaceOf(*event));
 }
 
 void PictureBox::mouseMoveEvent(QMouseEvent* event) {
-    if (onMouseMove)
-        onMouseMove(event->buttons(), {ToTwips(event->position().x()), ToTwips(event->position().y())});
+    if (onMouseMove) onMouseMove(event->buttons() & Acting, PlaceOf(*event));
 }
 
 void PictureBox::mouseReleaseEvent(QMouseEvent* event) {
-    if (onMouseUp)
-        onMouseUp(event->button(), {ToTwips(event->position().x()), ToTwips(event->position().y())});
+    if (onMouseUp && Acting.testFlag(event->button())) onMouseUp(event->button(), PlaceOf(*event));
 }
 
 void PictureBox::leaveEvent(QEvent* event) {

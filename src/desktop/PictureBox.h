@@ -9,7 +9,8 @@
 
 namespace tvx::qt {
 
-/// A surface that a screen paints; positions of the mouse reach it in twips.
+/// A surface that a screen paints; positions of the mouse reach it in twips, and of its buttons the left and
+/// the right alone.
 class PictureBox : public QWidget {
     Q_OBJECT
   public:

@@ -149,7 +149,8 @@ GridChange BarDrag::Release(const GridMouse& mouse) {
         change = Settle();
         change.focusRow = lanes_.HaveDaytypes();
     }
-    change.showMarker = true;
+    change.markerMoved = true; // it was hidden since the press
+    change.markerX = mouse.x;
     return change;
 }
 

@@ -19,10 +19,9 @@ struct GridChange {
     bool pointer = false;       // the pointer takes `shape`
     Pointer shape = Pointer::Default;
     int hoverRow = 0;         // row under the idle mouse, from 1; 0 when none is
-    bool markerMoved = false; // the ruler's marker stands at `markerX`
+    bool markerMoved = false; // the ruler's marker shows, at `markerX`
     Twips markerX = 0;
     bool hideMarker = false;
-    bool showMarker = false;
 };
 
 /// A gesture may run over several events. Nothing of the week changes before its end, when the bar is let go

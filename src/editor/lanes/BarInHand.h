@@ -15,7 +15,7 @@ namespace tvx {
 constexpr Twips LaneTop = 50; // of a lane's white band inside its row
 constexpr Twips LaneBottom = 170;
 
-enum class MouseButton { None, Left, Right, Other };
+enum class MouseButton { None, Left, Right };
 
 /// A mouse event on a grid.
 struct GridMouse {

@@ -90,8 +90,7 @@ std::string LaneView::DragTimeText() const {
     const auto [left, right] = std::minmax(hand.DayLeftBar, hand.DayRightBar);
     const auto clock = [&](Twips x) {
         const Twips width = lanes_.Geometry().QuarterWidth;
-        const int quarter = SnapToQuarter(x, width) / width - (drag_.Lane().day - 1) * QuartersPerDay;
-        return ClockText(std::max(0, quarter));
+        return ClockText(std::max(0, SnapToQuarter(x, width) / width) % QuartersPerDay);
     };
     return clock(left) + " - " + clock(right);
 }

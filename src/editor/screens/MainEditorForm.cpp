@@ -261,7 +261,7 @@ void MainEditorForm::Follow(const GridChange& change) {
     if (change.markerMoved) markerX_ = change.markerX;
     if (change.hideMarker || change.markerMoved) Picture2->update();
     for (const int row : change.rows) Picture1->UpdateRow(row);
-    if (!change.rows.empty()) dragTime_->SetText(view_.DragTimeText());
+    dragTime_->SetText(view_.DragTimeText());
     if (change.notPermitted) return TellSchedulingNotPermitted(ports_.prompt);
     if (change.focusRow) FocusRow(g_.cursor.CurrentRow);
     if (change.lineMenu) OpenMenu(*this, commands_, "Popup", Chosen());

@@ -401,6 +401,25 @@ TEST_F(GridViewTest, the_ghost_is_clipped_to_the_grid) {
     drag.Release({MouseButton::Left, 94 * Width, 110});
 }
 
+TEST_F(GridViewTest, the_time_of_a_ghost_is_one_of_a_clock_however_many_days_it_reaches_over) {
+    test::SetBars(g, 1, {{80, 3 * 96 + 60}});
+    drag.Press({MouseButton::Left, 90 * Width, 110});
+    EXPECT_EQ(view.DragTimeText(), "8:00pm - 3:00pm");
+    drag.Move({MouseButton::Left, 94 * Width, 110});
+    EXPECT_EQ(view.DragTimeText(), "9:00pm - 4:00pm");
+    drag.Settle();
+}
+
+TEST_F(GridViewTest, the_time_of_a_ghost_from_the_day_before_is_that_of_its_own_day) {
+    test::SetBars(g, 1, {{88, 96 + 20}});
+    g.cursor.CurrentDay = 2;
+    drag.Press({MouseButton::Left, 20 * Width, 110});
+    EXPECT_EQ(view.DragTimeText(), "10:00pm - 5:00am");
+    drag.Move({MouseButton::Left, 8 * Width, 110});
+    EXPECT_EQ(view.DragTimeText(), "10:00pm - 2:00am");
+    drag.Settle();
+}
+
 TEST_F(GridViewTest, the_ghost_stays_on_the_row_of_its_employee) {
     test::SetBars(g, 1, {{36, 68}});
     drag.Press({MouseButton::Left, 50 * Width, 110});

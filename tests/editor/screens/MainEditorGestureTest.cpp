@@ -113,6 +113,43 @@ TEST_F(MainEditorGestureTest, the_mouse_lights_the_name_of_its_row) {
     EXPECT_FALSE(IsLit(3));
 }
 
+TEST_F(MainEditorGestureTest, the_mark_on_the_ruler_waits_for_the_release_where_the_mouse_is) {
+    Open();
+    const QImage bare = Ruler().grab().toImage();
+    MoveTo(3, 32);
+    const QImage marked = Ruler().grab().toImage();
+    EXPECT_NE(marked, bare);
+    DragAndHold(3, 48, 32);
+    EXPECT_EQ(Ruler().grab().toImage(), bare);
+    Release(3, 32);
+    EXPECT_EQ(Ruler().grab().toImage(), marked);
+}
+
+TEST_F(MainEditorGestureTest, a_bar_in_hand_counts_as_a_head_where_it_was_until_the_release) {
+    Open();
+    Click("Label25");
+    const QImage before = Ruler().grab().toImage();
+    DragAndHold(1, 50, 62);
+    EXPECT_EQ(Ruler().grab().toImage(), before);
+    Release(1, 62);
+    test::Unhover(Grid());
+    EXPECT_NE(Ruler().grab().toImage(), before);
+}
+
+TEST_F(MainEditorGestureTest, other_buttons_of_the_mouse_draw_nothing_and_let_no_bar_go) {
+    Open();
+    const auto press = [this](int quarter) {
+        const TwipsPoint at = Lane(3, quarter);
+        QTest::mouseClick(&Grid(), Qt::BackButton, Qt::NoModifier, test::At(at.x, at.y));
+    };
+    press(30);
+    EXPECT_FALSE(HasChanges());
+    DragAndHold(3, 32, 40);
+    press(40);
+    DragOnAndRelease(3, 48);
+    EXPECT_EQ(Spoken(3), "Clark Cleo: 8:00am - Noon");
+}
+
 // --- refusals ---------------------------------------------------------------------------------------------
 
 TEST_F(MainEditorGestureTest, a_day_off_takes_no_bar) {
@@ -162,6 +199,7 @@ TEST_F(MainEditorGestureTest, a_window_that_loses_the_front_keeps_the_bar_as_it_
     EXPECT_EQ(ValueOf(3), " 4:00");
     EXPECT_EQ(TextOf("Label15(0)"), "12:00");
     EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
+    EXPECT_EQ(TextOf("Label31"), "");
     DragOnAndRelease(3, 60); // it comes too late
     EXPECT_EQ(Spoken(3), "Clark Cleo: 8:00am - Noon");
     form->activateWindow();

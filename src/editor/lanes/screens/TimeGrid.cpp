@@ -107,8 +107,7 @@ GridMouse ToGridMouse(Qt::MouseButton button, TwipsPoint at) {
 }
 
 GridMouse ToGridMouse(Qt::MouseButtons held, TwipsPoint at) {
-    GridMouse mouse{MouseButton::Other, at.x, at.y};
-    if (held == Qt::NoButton) mouse.button = MouseButton::None;
+    GridMouse mouse{MouseButton::None, at.x, at.y};
     if ((held & Qt::RightButton) != 0) mouse.button = MouseButton::Right;
     if ((held & Qt::LeftButton) != 0) mouse.button = MouseButton::Left;
     return mouse;
