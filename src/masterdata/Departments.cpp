@@ -116,15 +116,14 @@ DepartmentProfile ReadProfile(const Department& department, const std::vector<De
     return profile;
 }
 
-/// Deletes the first department of a name.
-void DeleteByName(dao::Database& database, const std::string& name) {
-    dao::Transaction transaction(database);
+/// Deletes the row of the current department, unless a colleague has renamed or deleted it.
+void DeleteRowOf(dao::Database& database, const Department& department) {
     const std::vector<DepartmentRow> rows = ReadDepartmentRows(database);
-    const auto found =
-        std::find_if(rows.begin(), rows.end(), [&](const DepartmentRow& row) { return row.name == name; });
-    if (found == rows.end()) FailGone();
-    DeleteDepartmentRow(database, found->number);
-    transaction.Commit();
+    const bool stands = std::any_of(rows.begin(), rows.end(), [&](const DepartmentRow& row) {
+        return row.name == department.CurrentDepName && row.number == department.CurrentDepNumber;
+    });
+    if (!stands) FailGone();
+    DeleteDepartmentRow(database, department.CurrentDepNumber);
 }
 
 } // namespace
@@ -169,12 +168,14 @@ SaveResult SaveDepartment(const Store& store, Department& department, Prompt& pr
 void DeleteDepartment(const Store& store, const Department& department) {
     dao::Database& database = store.Open();
     const int number = department.CurrentDepNumber;
-    DeleteByName(database, department.CurrentDepName);
+    dao::Transaction transaction(database);
+    DeleteRowOf(database, department);
     const std::vector<int> keys = DeleteEmployeeRows(database, number);
     // Only the first one's schedule goes; the rows of the others are cleared with the old weeks.
     if (!keys.empty()) DeleteDayRows(database, keys.front());
     DeleteDayTypeRows(database, number);
     DeleteDepartmentDayRows(database, number);
+    transaction.Commit([&] { return !FindDepartmentRow(database, number); });
 }
 
 bool AskAndDeleteDepartment(GlobalState& g, Prompt& prompt) {

@@ -47,8 +47,8 @@ SaveResult SaveDepartment(const Store& store, Department& department, Prompt& pr
 bool CheckDepartmentNameInUse(const std::vector<DepartmentRow>& departments, const std::string& name);
 
 /// Deletes the current department with its employees, daytypes and days; of its people's schedule rows only
-/// those of the first one. Its side files stay. Throws DaoError; what was deleted before stays deleted, which
-/// is nothing when the department itself is gone (3021).
+/// those of the first one. Its side files stay. All in one transaction: throws DaoError, and
+/// nothing is deleted then; 3021 when no department of that name and number is left.
 void DeleteDepartment(const Store& store, const Department& department);
 
 /// DeleteDepartment after its question. True when it was deleted.

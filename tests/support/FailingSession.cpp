@@ -78,10 +78,16 @@ void Faults::Fail(Call call, int nth, int number) {
     met_ = false;
 }
 
+void Faults::Before(Call call, int nth, std::function<void()> what) {
+    Fail(call, nth, 0);
+    wanted_->before = std::move(what);
+}
+
 void Faults::Meet(Call call) {
     const int count = ++counts_[static_cast<std::size_t>(call)];
     if (!wanted_ || wanted_->call != call || wanted_->nth != count) return;
     met_ = true;
+    if (wanted_->before) return wanted_->before();
     throw dao::DaoError(wanted_->number, "A fault that a test wants.");
 }
 

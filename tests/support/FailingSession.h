@@ -20,6 +20,10 @@ class Faults {
     /// The nth call of that kind from now on, the first being 1, throws DaoError with the number instead of
     /// reaching the engine. The calls behind it work again.
     void Fail(Call call, int nth, int number);
+    /// The nth call of that kind from now on runs this first, the end of the process for example.
+    void Before(Call call, int nth, std::function<void()> what);
+    /// Counts the calls from now on.
+    void Restart() { counts_ = {}; }
     /// Nothing fails any more.
     void Clear() { wanted_.reset(); }
     /// True when the fault was met.
@@ -35,6 +39,7 @@ class Faults {
         Call call;
         int nth;
         int number;
+        std::function<void()> before = {};
     };
     std::optional<Wanted> wanted_;
     std::array<int, 5> counts_{};

@@ -149,6 +149,12 @@ void Database::Scan(const std::string& sql, const std::vector<Value>& parameters
     while (use.Step()) row(present);
 }
 
+std::int64_t Database::Execute(const std::string& sql, const std::vector<Value>& parameters) {
+    StatementUse use(*connection_, sql, parameters);
+    while (use.Step()) continue;
+    return connection_->OpenSession().Changes();
+}
+
 Transaction::Transaction(Database& database) : database_(database) {
     database_.BeginTrans();
 }

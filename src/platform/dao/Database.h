@@ -75,6 +75,10 @@ class Database {
     void Scan(const std::string& sql, const std::vector<Value>& parameters,
               const std::function<void(const ScanRow&)>& row) const;
 
+    /// Runs one statement that changes rows, whole or not at all, in the transaction if one is open. "?" in
+    /// the text stand for `parameters` in order. Returns how many rows it changed. Throws DaoError like Scan.
+    std::int64_t Execute(const std::string& sql, const std::vector<Value>& parameters);
+
   private:
     friend class Snapshot;
     std::filesystem::path path_;

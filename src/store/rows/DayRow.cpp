@@ -218,17 +218,11 @@ void DayTable::Delete(DaySerial day, int employee) {
 }
 
 void DeleteDayRows(dao::Database& database, int employee) {
-    dao::Transaction transaction(database);
-    dao::Recordset set =
-        Query("SELECT Employee FROM [Day Schedule] WHERE Employee = ").With(employee, "").Open(database);
-    rows::DeleteAll(set);
-    transaction.Commit();
+    rows::DeleteWhere(database, "Day Schedule", "Employee", employee);
 }
 
 void DeleteDayRowsOfDay(dao::Database& database, std::int64_t day) {
-    dao::Recordset set =
-        Query("SELECT Employee FROM [Day Schedule] WHERE [Day Julian] = ").With(day, "").Open(database);
-    rows::DeleteAll(set);
+    rows::DeleteWhere(database, "Day Schedule", "Day Julian", day);
 }
 
 void MoveDayRows(dao::Database& database, DaySerial first, DaySerial last, int days) {

@@ -64,7 +64,7 @@ class DayTable {
     std::unique_ptr<Opened> opened_;
 };
 
-/// Deletes all days of an employee in one transaction.
+/// Deletes all days of an employee by one statement.
 void DeleteDayRows(dao::Database& database, int employee);
 /// Deletes the rows whose day is this number.
 void DeleteDayRowsOfDay(dao::Database& database, std::int64_t day);

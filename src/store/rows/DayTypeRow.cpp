@@ -63,10 +63,7 @@ bool DeleteDayTypeRow(dao::Database& database, int departmentNumber, std::string
 }
 
 void DeleteDayTypeRows(dao::Database& database, int departmentNumber) {
-    dao::Transaction transaction(database);
-    dao::Recordset set = DayTypesQuery(departmentNumber).Open(database);
-    rows::DeleteAll(set);
-    transaction.Commit();
+    rows::DeleteWhere(database, "Day Types", "Dep number", departmentNumber);
 }
 
 } // namespace tvx

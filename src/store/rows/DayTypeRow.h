@@ -31,7 +31,7 @@ void AddDayTypeRow(dao::Database& database, const DayTypeRow& row);
 bool ChangeDayTypeRow(dao::Database& database, std::string_view symbol, const DayTypeRow& row);
 /// False when there is none.
 bool DeleteDayTypeRow(dao::Database& database, int departmentNumber, std::string_view symbol);
-/// Deletes all daytypes of a department in one transaction.
+/// Deletes all daytypes of a department by one statement.
 void DeleteDayTypeRows(dao::Database& database, int departmentNumber);
 
 } // namespace tvx

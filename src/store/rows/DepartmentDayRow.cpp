@@ -64,11 +64,7 @@ void PutDepartmentDayRow(dao::Database& database, const DepartmentDayRow& row) {
 }
 
 void DeleteDepartmentDayRows(dao::Database& database, int depNumber) {
-    dao::Transaction transaction(database);
-    dao::Recordset set =
-        Query("SELECT [Day] FROM [Department day] WHERE [Dep number] = ").With(depNumber, "").Open(database);
-    rows::DeleteAll(set);
-    transaction.Commit();
+    rows::DeleteWhere(database, Table, "Dep number", depNumber);
 }
 
 void MoveDepartmentDayRows(dao::Database& database, DaySerial first, DaySerial last, int days) {

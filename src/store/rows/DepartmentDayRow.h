@@ -28,7 +28,7 @@ std::vector<DepartmentDayRow> ReadDepartmentDayRows(dao::Database& database, int
 std::optional<DepartmentDayRow> FindDepartmentDayRow(dao::Database& database, int depNumber, DaySerial day);
 /// Adds the row of that day and department, or writes over it.
 void PutDepartmentDayRow(dao::Database& database, const DepartmentDayRow& row);
-/// Deletes all days of a department in one transaction.
+/// Deletes all days of a department by one statement.
 void DeleteDepartmentDayRows(dao::Database& database, int depNumber);
 /// Moves the rows of all departments from one day to another by a number of days.
 void MoveDepartmentDayRows(dao::Database& database, DaySerial first, DaySerial last, int days);

@@ -167,16 +167,11 @@ bool DeleteEmployeeRow(dao::Database& database, int key) {
 }
 
 std::vector<int> DeleteEmployeeRows(dao::Database& database, int departmentNumber) {
-    dao::Transaction transaction(database);
-    dao::Recordset set = Query("SELECT Employee FROM Employee WHERE [Dep number] = ")
-                             .With(departmentNumber, "")
-                             .Open(database);
     std::vector<int> keys;
-    for (; !set.AtEnd(); set.MoveNext()) {
-        keys.push_back(rows::Whole(set.Fields(std::size_t{0}).Long()));
-        set.Delete();
-    }
-    transaction.Commit();
+    database.Scan("SELECT Employee FROM Employee WHERE [Dep number] = ? ORDER BY Employee",
+                  {std::int64_t{departmentNumber}},
+                  [&](const dao::ScanRow& row) { keys.push_back(rows::Whole(row.Long(0))); });
+    rows::DeleteWhere(database, Table, "Dep number", departmentNumber);
     return keys;
 }
 

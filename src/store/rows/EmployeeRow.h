@@ -77,7 +77,7 @@ int AddEmployeeRow(dao::Database& database, const EmployeeRow& row);
 void ChangeEmployeeRow(dao::Database& database, const EmployeeRow& row);
 /// False when the employee was gone already.
 bool DeleteEmployeeRow(dao::Database& database, int key);
-/// Deletes everybody of a department in one transaction. Returns their keys, ascending.
+/// Deletes everybody of a department by one statement. Returns their keys, ascending.
 std::vector<int> DeleteEmployeeRows(dao::Database& database, int departmentNumber);
 
 } // namespace tvx

@@ -120,9 +120,10 @@ std::optional<typename Fields::Row> Found(dao::Recordset& set) {
     return Record<Fields>(set).Read();
 }
 
-/// Deletes every record of a set.
-inline void DeleteAll(dao::Recordset& set) {
-    for (; !set.AtEnd(); set.MoveNext()) set.Delete();
+/// Deletes every row of a table whose field holds a number, by one statement.
+inline void DeleteWhere(dao::Database& database, const std::string& table, const std::string& field,
+                        std::int64_t number) {
+    database.Execute("DELETE FROM [" + table + "] WHERE [" + field + "] = ?", {number});
 }
 
 /// Adds to the number that is the first field of every record of a set.
