@@ -1,6 +1,7 @@
 #include "support/FailingFlush.h"
 
 #include <cerrno>
+#include <csignal>
 #include <optional>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -14,6 +15,7 @@ struct State {
     int nth = 0;
     int count = 0;
     int failed = 0;
+    int callsToPowerCut = 0; // 0: none
 };
 
 State& Present() {
@@ -41,7 +43,13 @@ bool Fails(int file) {
     return false;
 }
 
+void CountCall() {
+    int& calls = Present().callsToPowerCut;
+    if (calls > 0 && --calls == 0) std::raise(SIGKILL);
+}
+
 int Flush(int file, long systemCall) {
+    CountCall();
     if (!Fails(file)) return static_cast<int>(syscall(systemCall, file));
     ++Present().failed;
     errno = EIO;
@@ -66,6 +74,10 @@ int FailingFlush::Failed() {
     return Present().failed;
 }
 
+void CutPowerAt(int nth) {
+    Present().callsToPowerCut = nth;
+}
+
 } // namespace tvx::test
 
 // In place of the system's own, in the whole program.
@@ -75,4 +87,9 @@ extern "C" int fsync(int file) {
 
 extern "C" int fdatasync(int file) {
     return tvx::test::Flush(file, SYS_fdatasync);
+}
+
+extern "C" ssize_t pwrite64(int file, const void* bytes, size_t count, off64_t offset) {
+    tvx::test::CountCall();
+    return syscall(SYS_pwrite64, file, bytes, count, offset);
 }

@@ -4,7 +4,7 @@
 namespace tvx::test {
 
 /// While it lives, flushes of this process fail as on a broken disk. A program that uses it has its own
-/// fsync and fdatasync, which the engine calls as well.
+/// fsync, fdatasync and pwrite64, which the engine calls as well.
 class FailingFlush {
   public:
     enum class Which { Nth, All, Folders };
@@ -18,5 +18,9 @@ class FailingFlush {
     static int Count();
     static int Failed();
 };
+
+/// Ends this process at the nth flush, or write to a place of a file, from now on, as a power cut would. For
+/// a second process of a test.
+void CutPowerAt(int nth);
 
 } // namespace tvx::test

@@ -124,6 +124,9 @@ void SqliteSession::SetUp(const EngineOptions& options) {
     // memory mapping.
     Run("PRAGMA locking_mode = NORMAL");
     Run("PRAGMA mmap_size = 0");
+    // No page reaches the file before its commit, which puts the first page into the journal: so every journal
+    // that could be played back tells by the count of changes in there which file it is of.
+    Run("PRAGMA cache_spill = OFF");
     Run("PRAGMA cell_size_check = ON");
     Run("PRAGMA trusted_schema = OFF");
     Run("PRAGMA journal_mode = DELETE");

@@ -8,6 +8,7 @@
 #include "shell/common/TVXMOD1.h"
 #include "shell/console/ConsoleCommands.h"
 #include "store/FirstDatabase.h"
+#include "store/JudgeJournal.h"
 #include "store/NetworkPath.h"
 #include "store/OpenStore.h"
 #include "store/Troubles.h"
@@ -138,9 +139,14 @@ void LayOut(GlobalState& g, Ports& ports, ConsoleFace& face) {
     face.laidOut = true;
 }
 
+void LookAtLeftJournal(const fs::path& database, Prompt& prompt) {
+    if (const auto kept = JudgeJournal(database)) TellJournalSetAside(prompt, *kept);
+}
+
 /// The database and the department list; the box of any trouble.
 LoadResult OpenDatabase(GlobalState& g, Ports& ports, ConsoleFace& face) {
     try {
+        LookAtLeftJournal(FilePath(g.paths.DatabasePath, DatabaseFile), ports.prompt);
         OpenStore(g, ports.clock.Today());
         RefreshDepartments(g, ports, face);
         return LoadResult::Ready;
