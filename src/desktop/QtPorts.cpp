@@ -258,6 +258,7 @@ QtRegion::QtRegion(const QLocale& locale) : locale_(Known(locale)), order_(Order
         names_.months[month] = FromQString(locale_.standaloneMonthName(month, QLocale::LongFormat));
         names_.shortMonths[month] = ShortName(locale_.standaloneMonthName(month, QLocale::ShortFormat));
     }
+    names_.shortMonths = ReadableShortMonths(names_);
     for (int day = 1; day <= 7; ++day) {
         const int isoDay = day == 1 ? 7 : day - 1; // Monday is 1 there
         names_.weekdays[day] = FromQString(locale_.standaloneDayName(isoDay, QLocale::LongFormat));

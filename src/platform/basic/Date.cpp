@@ -51,15 +51,23 @@ bool IsSeparator(char c) {
     return c == ' ' || c == '-' || c == '/' || c == '.' || c == ',';
 }
 
-/// Month 1 to 12 for a full name or a beginning of it of at least three characters, else 0.
+/// Month 1 to 12 of the first name that a test takes, else 0.
+template <typename Test>
+int MonthWhere(const std::array<std::string, 13>& names, Test takes) {
+    const auto found = std::find_if(names.begin() + 1, names.end(),
+                                    [&](const std::string& name) { return takes(UpperCase(name)); });
+    return found == names.end() ? 0 : static_cast<int>(found - names.begin());
+}
+
+/// Month 1 to 12 for a name or a beginning of a full one of at least three characters, else 0. A whole name
+/// wins: that of one month may be how another's begins.
 int MonthByName(std::string_view word, const CalendarNames& names) {
     const std::string wanted = UpperCase(word);
-    for (std::size_t m = 1; m <= 12; ++m) {
-        const std::string full = UpperCase(names.months[m]);
-        if (wanted == UpperCase(names.shortMonths[m])) return static_cast<int>(m);
-        if (CharacterCount(wanted) >= 3 && full.starts_with(wanted)) return static_cast<int>(m);
-    }
-    return 0;
+    const auto same = [&](const std::string& name) { return name == wanted; };
+    const auto begins = [&](const std::string& name) { return name.starts_with(wanted); };
+    if (const int month = MonthWhere(names.shortMonths, same)) return month;
+    if (const int month = MonthWhere(names.months, same)) return month;
+    return CharacterCount(wanted) < 3 ? 0 : MonthWhere(names.months, begins);
 }
 
 /// The words of a date text, or nothing when a part is neither a number nor a month.
@@ -198,6 +206,19 @@ const CalendarNames& EnglishNames() {
         {"", "Sunday", "Monday", "Tuesday", "Wednesday", "Thursday", "Friday", "Saturday"},
         {"", "Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"}};
     return names;
+}
+
+std::array<std::string, 13> ReadableShortMonths(const CalendarNames& names) {
+    const auto readable = [&](int month) {
+        const DaySerial date = SerialFromParts(2026, month, 1);
+        const auto reads = [&](const char* pattern, DateOrder order) {
+            return ParseDate(FormatDate(date, pattern, names), order, names, date) == date;
+        };
+        return reads("d-mmm-yyyy", DateOrder::DayMonthYear) && reads("yyyy-mmm-d", DateOrder::YearMonthDay);
+    };
+    for (int month = 1; month <= 12; ++month)
+        if (!readable(month)) return EnglishNames().shortMonths;
+    return names.shortMonths;
 }
 
 std::optional<DaySerial> ParseDate(std::string_view text, DateOrder order, const CalendarNames& names,

@@ -59,11 +59,17 @@ struct CalendarNames {
 /// English names.
 const CalendarNames& EnglishNames();
 
+/// Short names of the months that a date written with them can be read back by, in either order of its
+/// parts: those of `names`, or the English ones where digits, blanks, points or one name for two months are
+/// in the way.
+std::array<std::string, 13> ReadableShortMonths(const CalendarNames& names);
+
 /// Reads a date as a person types it: three parts, or two for a date of `today`'s year, parted by blanks,
-/// "-", "/", "." or ",", with the month as a number or a name of `names` (a full name, or its first three or
-/// more letters, case ignored). Numeric parts follow `order`; an order that cannot be is tried with day and
-/// month the other way round; a first part of three or more digits is a year, and so is one of two digits
-/// before the name of a month where the year comes first. Nothing for other texts, a bare number included.
+/// "-", "/", "." or ",", with the month as a number or a name of `names` (a short or full name, or the first
+/// three or more letters of a full one, case ignored). Numeric parts follow `order`; an order that cannot be
+/// is tried with day and month the other way round; a first part of three or more digits is a year, and so is
+/// one of two digits before the name of a month where the year comes first. Nothing for other texts, a bare
+/// number included.
 std::optional<DaySerial> ParseDate(std::string_view text, DateOrder order, const CalendarNames& names,
                                    DaySerial today);
 
