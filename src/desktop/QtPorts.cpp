@@ -1,5 +1,6 @@
 #include "desktop/QtPorts.h"
 
+#include "desktop/PlainTips.h"
 #include "desktop/Scale.h"
 #include "platform/basic/Text.h"
 #include "platform/files/Folder.h"
@@ -57,12 +58,16 @@ void MakeRoomForTitle(QMessageBox& message) {
         grid->addItem(new QSpacerItem(room, 0), grid->rowCount(), 0, 1, grid->columnCount());
 }
 
-/// What the box says beyond its text, below it. It may hold a name that somebody typed, so it is no markup.
-void ShowDetail(QMessageBox& message, const std::string& detail) {
-    if (detail.empty()) return;
-    message.setInformativeText(ToQString(NormalizedLineEnds(detail)));
-    if (auto* label = message.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
+/// The text of a box, and below it what it says beyond. Either may hold a name that somebody typed, so they
+/// are no markup from the first moment on.
+void ShowTexts(QMessageBox& window, const Message& message) {
+    window.setTextFormat(Qt::PlainText);
+    window.setText(ToQString(NormalizedLineEnds(message.text)));
+    if (message.detail.empty()) return;
+    window.setInformativeText(QStringLiteral(" ")); // makes its label
+    if (auto* label = window.findChild<QLabel*>(QStringLiteral("qt_msgbox_informativelabel")))
         label->setTextFormat(Qt::PlainText);
+    window.setInformativeText(ToQString(NormalizedLineEnds(message.detail)));
 }
 
 QMessageBox::StandardButtons ButtonsOf(int style) {
@@ -181,11 +186,9 @@ std::string ShortName(const QString& name) {
 
 Answer QtPrompt::Show(const Message& message) {
     const int buttons = message.style & 7;
-    InsistentBox window(IconOf(message.style), ToQString(message.title),
-                        ToQString(NormalizedLineEnds(message.text)), ButtonsOf(message.style),
+    InsistentBox window(IconOf(message.style), ToQString(message.title), {}, ButtonsOf(message.style),
                         QApplication::activeWindow());
-    window.setTextFormat(Qt::PlainText);
-    ShowDetail(window, message.detail);
+    ShowTexts(window, message);
     for (QAbstractButton* button : window.buttons()) button->setIcon({}); // as on every other form
     MakeRoomForTitle(window);
     window.insists = buttons == box::YesNo || buttons == box::AbortRetryIgnore;
@@ -328,6 +331,7 @@ void SetUpLook() {
         {QStringLiteral("Liberation Sans"), QStringLiteral("Arial"), QStringLiteral("Helvetica")});
     font.setPointSizeF(9);
     QApplication::setFont(font);
+    qApp->installEventFilter(new PlainTips(qApp));
 }
 
 } // namespace tvx::qt
