@@ -1,10 +1,15 @@
 #include "store/NetworkPath.h"
 
+#include "platform/files/FileError.h"
 #include "platform/files/SequentialFile.h"
 #include "support/Random.h"
+#include "support/ReadFault.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
+
+#include <cerrno>
+#include <sys/stat.h>
 
 namespace fs = std::filesystem;
 
@@ -20,6 +25,19 @@ class NetworkPathTest : public testing::Test {
         const auto file = ReadNetworkPath(folder.Path());
         EXPECT_TRUE(file.has_value());
         return file.value_or(NetworkPathFile());
+    }
+    /// What reading the file throws; "" when it is read.
+    std::string Trouble() const {
+        try {
+            ReadNetworkPath(folder.Path());
+            return "";
+        } catch (const FileError& trouble) {
+            return trouble.what();
+        }
+    }
+    std::string TroubleOf(const std::string& content) {
+        test::WriteFile(folder / "NetworkPath.DAT", content);
+        return Trouble();
     }
 };
 
@@ -45,16 +63,15 @@ TEST_F(NetworkPathTest, holds_the_folder_and_the_flags) {
          "/srv/\xC3\x9C"
          "bung",
          1},
-        {"\"/srv/plan\"\r\n", "/srv/plan", 0},          // no flags
         {"\"/srv/plan\"\r\nnone\r\n", "/srv/plan", 0},  // no number
         {"\"/srv/plan\"\r\n-5\r\n", "/srv/plan", 0},    // below all bits
         {"\"/srv/plan\"\r\n128\r\n", "/srv/plan", 127}, // above them
         {"\"/srv/plan\"\r\n9E99\r\n", "/srv/plan", 127},
         {"\"/srv/plan\"\r\n32.5\r\n", "/srv/plan", 32},
-        {"\"\"\r\n3\r\n", "", 3},
-        {"", "", 0},
+        {"\"\"\r\n3\r\n", "", 0},
+        {"\"\"\r\n", "", 0},
         {"\r\n\r\n", "", 0},
-        {"\"/never closed", "/never closed", 0},
+        {"  \r\n3\r\n", "", 0},
     };
     for (const Case& c : cases) {
         const NetworkPathFile file = Read(c.content);
@@ -82,12 +99,38 @@ TEST_F(NetworkPathTest, reads_back_what_was_written_as_two_lines) {
     }
 }
 
-TEST_F(NetworkPathTest, holds_nothing_where_the_file_cannot_be_read) {
-    fs::create_directory(folder / "NetworkPath.DAT");
-    const auto file = ReadNetworkPath(folder.Path());
-    ASSERT_TRUE(file.has_value());
-    EXPECT_EQ(file->databasePath, "");
-    EXPECT_EQ(file->flags, 0);
+TEST_F(NetworkPathTest, that_lacks_a_line_is_trouble_and_not_an_empty_path) {
+    for (const std::string& content :
+         {std::string(), std::string("   "), std::string("\"/srv/plan\"\r\n"), std::string("\"/srv/plan"),
+          std::string("/srv"), std::string("\"/never closed\r\n32\r\n"), std::string(4096, '\0')}) {
+        EXPECT_NE(TroubleOf(content).find((folder / "NetworkPath.DAT").string()), std::string::npos)
+            << content;
+        EXPECT_EQ(test::ReadFile(folder / "NetworkPath.DAT"), content);
+    }
+}
+
+TEST_F(NetworkPathTest, that_cannot_be_read_is_trouble_and_not_missing) {
+    const std::string path = (folder / "NetworkPath.DAT").string();
+    for (const int code : {EIO, EACCES, ENFILE, EMFILE, ESTALE, ELOOP, ENOMEM})
+        for (int call = 0; call <= 2; ++call) {
+            const test::ReadFault fault("NetworkPath.DAT", call, code);
+            EXPECT_NE(TroubleOf("\"/srv/plan\"\r\n32\r\n").find(path), std::string::npos) << code << call;
+            EXPECT_EQ(fault.Met(), 1);
+        }
+    fs::remove(path);
+    fs::create_directory(path);
+    EXPECT_NE(Trouble().find(path), std::string::npos) << "a folder";
+    fs::remove(path);
+    fs::create_symlink(folder / "not mounted", path);
+    EXPECT_NE(Trouble().find(path), std::string::npos) << "a link that leads nowhere";
+    fs::remove(path);
+    ASSERT_EQ(mkfifo(path.c_str(), 0600), 0);
+    EXPECT_NE(Trouble().find(path), std::string::npos) << "a pipe";
+}
+
+TEST_F(NetworkPathTest, over_1_MB_is_a_damaged_one) {
+    EXPECT_NE(TroubleOf("\"/srv/plan\"\r\n32\r\n" + std::string(1024 * 1024, ' ')).find("too large"),
+              std::string::npos);
 }
 
 TEST_F(NetworkPathTest, of_any_bytes_gives_flags_that_exist) {
@@ -96,7 +139,9 @@ TEST_F(NetworkPathTest, of_any_bytes_gives_flags_that_exist) {
     for (int round = 0; round < 3000; ++round) {
         const std::string content =
             round % 2 == 0 ? random.Bytes(80) : random.Mutated("\"/srv/plan, east\"\r\n96\r\n");
-        const NetworkPathFile file = Read(content);
+        test::WriteFile(folder / "NetworkPath.DAT", content);
+        if (!Trouble().empty()) continue;
+        const NetworkPathFile file = ReadNetworkPath(folder.Path()).value_or(NetworkPathFile());
         ASSERT_GE(file.flags, 0);
         ASSERT_LE(file.flags, 127);
         ASSERT_LE(file.databasePath.size(), content.size());

@@ -12,7 +12,6 @@ namespace fs = std::filesystem;
 namespace tvx {
 namespace {
 
-constexpr std::size_t MostBytes = 1024 * 1024; // a hundred times the largest that the program writes
 constexpr std::string_view LineEnd = "\r\n";
 
 bool IsLineEnd(char c) {
@@ -21,7 +20,7 @@ bool IsLineEnd(char c) {
 
 } // namespace
 
-SequentialReader::SequentialReader(const fs::path& path) : text_(ReadWholeFile(path, MostBytes)) {}
+SequentialReader::SequentialReader(const fs::path& path) : text_(ReadWholeFile(path, MostBytesOfSideFile)) {}
 
 SequentialReader SequentialReader::FromText(std::string text) {
     SequentialReader reader;

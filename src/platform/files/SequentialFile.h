@@ -2,11 +2,15 @@
 // UTF-8.
 #pragma once
 
+#include <cstddef>
 #include <filesystem>
 #include <string>
 #include <string_view>
 
 namespace tvx {
+
+/// A hundred times the largest that the program writes; a side file that holds more is a damaged one.
+constexpr std::size_t MostBytesOfSideFile = 1024 * 1024;
 
 /// Reads values one after another, parted by commas or line ends, so that one value a line and comma lists
 /// read alike. The file is read whole when it is opened.

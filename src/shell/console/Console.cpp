@@ -50,9 +50,24 @@ void RefusePath(const fs::path& programFolder, Ports& ports) {
     ports.prompt.DoEvents();
 }
 
+/// What the workstation may do is not known, so it may do nothing.
+LoadResult TellUnread(const FileError& trouble, Ports& ports) {
+    ports.prompt.MsgBox(
+        "The file that says where the database lies could not be read, so the program ends. The "
+        "file stays as it is.\r\n\r\n" +
+            std::string(trouble.what()),
+        box::Exclamation, "Invalid path");
+    return LoadResult::EndRun;
+}
+
 /// Takes the database folder and the workstation's rights from the side file, if there is one.
 LoadResult SetPath(Paths& paths, Rights& rights, Ports& ports) {
-    const auto file = ReadNetworkPath(paths.ProgramPath);
+    std::optional<NetworkPathFile> file;
+    try {
+        file = ReadNetworkPath(paths.ProgramPath);
+    } catch (const FileError& trouble) {
+        return TellUnread(trouble, ports);
+    }
     if (!file) return LoadResult::Ready;
     if (file->databasePath.empty()) {
         RefusePath(paths.ProgramPath, ports);

@@ -7,11 +7,15 @@
 #include "support/ChildProcess.h"
 #include "support/FileTrouble.h"
 #include "support/Random.h"
+#include "support/ReadFault.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
+#include <cerrno>
+#include <chrono>
 #include <cmath>
+#include <iostream>
 #include <stdexcept>
 #include <sys/stat.h>
 
@@ -125,6 +129,44 @@ TEST_F(SequentialFileTest, opens_with_75_the_closed_file_of_another) {
     test::WriteFile(file, "1");
     fs::permissions(file, fs::perms::owner_read);
     EXPECT_EQ(test::AskAnotherUser([this] { return std::to_string(OpeningFailsWith()); }), "75");
+}
+
+TEST_F(SequentialFileTest, opens_with_75_what_fails_at_any_read) {
+    test::WriteFile(file, std::string(200000, 'x'));
+    int met = 0;
+    for (const int code : {EIO, EACCES, ENFILE, ESTALE, ENOMEM})
+        for (int call = 0; call <= 5; ++call) {
+            const test::ReadFault fault("Shift.txt", call, code);
+            EXPECT_EQ(OpeningFailsWith(), 75) << "call " << call << ", error " << code;
+            met += fault.Met();
+        }
+    std::cout << met << " faults met at the opening and the five reads of a file of 200,000 bytes\n";
+    EXPECT_EQ(met, 30);
+}
+
+TEST_F(SequentialFileTest, reads_on_after_a_signal) {
+    test::WriteFile(file, "12\r\n");
+    const test::ReadFault fault("Shift.txt", 1, EINTR);
+    EXPECT_EQ(SequentialReader(file).InputNumber(), 12);
+    EXPECT_EQ(fault.Met(), 1);
+}
+
+TEST_F(SequentialFileTest, opens_with_75_a_file_of_more_than_1_MB_without_reading_it_whole) {
+    test::WriteFile(file, std::string(1024 * 1024, '1'));
+    EXPECT_EQ(OpeningFailsWith(), 0);
+    test::WriteFile(file, std::string(1024 * 1024 + 1, '1'));
+    EXPECT_EQ(OpeningFailsWith(), 75);
+    fs::resize_file(file, 2ULL * 1024 * 1024 * 1024); // holes, so that it takes no room
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_EQ(OpeningFailsWith(), 75);
+    const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;
+    std::cout << "a side file of 2 GB is refused in " << took.count() << " ms\n";
+    EXPECT_LT(took.count(), 500);
+}
+
+TEST_F(SequentialFileTest, opens_with_75_a_link_that_leads_nowhere) {
+    fs::create_symlink(folder / "gone", file);
+    EXPECT_EQ(OpeningFailsWith(), 75);
 }
 
 // --- files that a person can list -------------------------------------------------------------------------

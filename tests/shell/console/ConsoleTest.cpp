@@ -9,10 +9,14 @@
 #include "support/ConsoleMenus.h"
 #include "support/Random.h"
 #include "support/RawFile.h"
+#include "support/ReadFault.h"
 #include "support/TestStore.h"
 #include "support/WeekWriter.h"
 
 #include <gtest/gtest.h>
+
+#include <cerrno>
+#include <sys/stat.h>
 
 namespace fs = std::filesystem;
 
@@ -217,7 +221,7 @@ TEST_F(WorkstationTest, the_path_leads_to_a_database_elsewhere) {
 }
 
 TEST_F(WorkstationTest, an_empty_path_is_refused_and_its_file_removed) {
-    for (const char* content : {"\"\"\r\n3\r\n", "", "\r\n", "   "}) {
+    for (const char* content : {"\"\"\r\n3\r\n", "\"\"\r\n", "\r\n", "   \r\n"}) {
         test::WriteFile(made.folder / "NetworkPath.DAT", content);
         prompt().Expect("Database Path not valid, restart the program.", box::Exclamation, "Invalid path");
         EXPECT_EQ(Start(), LoadResult::EndRun);
@@ -225,6 +229,35 @@ TEST_F(WorkstationTest, an_empty_path_is_refused_and_its_file_removed) {
         EXPECT_EQ(g.store.Db, nullptr);
     }
     StartReady(); // the next start goes back to the program's own folder
+}
+
+TEST_F(WorkstationTest, a_file_that_is_not_read_ends_the_run_and_stays) {
+    const fs::path file = made.folder / "NetworkPath.DAT";
+    const auto expectTold = [&](const std::string& trouble) {
+        prompt().WillAnswer(Answer::Ok);
+        EXPECT_EQ(Start(), LoadResult::EndRun) << trouble;
+        EXPECT_EQ(prompt().Last().title, "Invalid path");
+        EXPECT_NE(prompt().Last().text.find(file.string()), std::string::npos) << trouble;
+        EXPECT_EQ(test::NamesIn(made.folder.Path()),
+                  (std::vector<std::string>{"NetworkPath.DAT", "TVX.MDB"}));
+        EXPECT_EQ(g.store.Db, nullptr) << trouble;
+    };
+    for (const char* cut : {"", "   ", "\"/srv/plan\"\r\n", "\"/srv/pl"}) {
+        test::WriteFile(file, cut);
+        expectTold(cut);
+        EXPECT_EQ(test::ReadFile(file), cut);
+    }
+    WriteFlags(127);
+    for (int call = 0; call <= 2; ++call) {
+        const test::ReadFault fault("NetworkPath.DAT", call, EIO);
+        expectTold("call " + std::to_string(call));
+    }
+    fs::remove(file);
+    ASSERT_EQ(mkfifo(file.c_str(), 0600), 0);
+    expectTold("a pipe");
+    fs::remove(file);
+    fs::create_directory(file);
+    expectTold("a folder");
 }
 
 TEST_F(WorkstationTest, a_folder_without_database_is_told_and_nothing_is_made_or_removed) {
