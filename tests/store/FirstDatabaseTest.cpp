@@ -4,12 +4,18 @@
 #include "platform/files/FileError.h"
 #include "shell/common/TVXMOD1.h"
 #include "shell/console/Console.h"
+#include "store/JudgeJournal.h"
+#include "store/rows/EmployeeRow.h"
 #include "store/rows/Schema.h"
 #include "support/ChildProcess.h"
+#include "support/FailingFlush.h"
 #include "support/RawFile.h"
 #include "support/TestStore.h"
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <iostream>
 
 namespace fs = std::filesystem;
 
@@ -163,6 +169,68 @@ TEST_F(FirstDatabaseTest, recovers_from_a_start_that_was_killed_in_the_middle_of
     EXPECT_EQ(RawFile(Made()).Rows("SELECT [Department name] FROM Department"), Rows{"Newer example"});
     EXPECT_EQ(RawFile(Made()).Integrity(), "ok");
     EXPECT_EQ(test::NamesIn(folder.Path()), (Rows{"TVX.JAN", "TVX.MDB"}));
+}
+
+TEST_F(FirstDatabaseTest, recovers_from_a_power_cut_at_any_call_of_its_making) {
+    int cuts = 0;
+    for (bool cut = true; cut; cuts += cut ? 1 : 0) {
+        fs::remove(Made());
+        test::ChildProcess start([&](test::ChildProcess& test) {
+            test::CutPowerAt(cuts + 1);
+            Seed(Sunday);
+            test::CutPowerAt(0);
+            test.Say("made");
+        });
+        cut = start.Hear() != "made";
+        start.Wait();
+        Seed(Sunday);
+        JudgeJournal(Made());
+        ASSERT_EQ(DayRows(), Moved(Sunday, false)) << cuts;
+        ASSERT_EQ(test::NamesIn(folder.Path()), (Rows{"TVX.JAN", "TVX.MDB"})) << cuts;
+    }
+    std::cout << cuts << " power cuts in the making\n";
+    EXPECT_GT(cuts, 10);
+}
+
+/// Starts on each folder that it hears, adds an employee of that name, and says what came of it.
+void StartAndHire(const std::string& lastName, test::ChildProcess& test) {
+    for (std::string folder = test.Hear(); !folder.empty(); folder = test.Hear()) {
+        GlobalState g;
+        test::ScriptedPorts script;
+        ConsoleFace face;
+        script.prompt.AlwaysAnswer(Answer::Ok);
+        g.store.Engine = dao::Engine(test::TestEngineOptions());
+        g.paths.ProgramPath = folder;
+        const bool ready = LoadConsole(g, script.ports, face) == LoadResult::Ready;
+        EmployeeRow person;
+        person.lastName = lastName;
+        person.depNumber = 1;
+        if (ready) AddEmployeeRow(g.store.Open(), person);
+        const auto& boxes = script.prompt.Boxes();
+        test.Say(!boxes.empty() ? boxes.back().text : ready ? "saved" : "no start");
+        CloseDatabase(g.store, script.prompt);
+    }
+}
+
+TEST_F(FirstDatabaseTest, is_made_once_by_two_starts_at_the_same_time) {
+    const int pairs = std::getenv("TVX_TEST_FULL") != nullptr ? 1500 : 150;
+    test::ChildProcess one([](test::ChildProcess& test) { StartAndHire("One", test); });
+    test::ChildProcess two([](test::ChildProcess& test) { StartAndHire("Two", test); });
+    const fs::path shared = folder / "shared";
+    for (int pair = 0; pair < pairs; ++pair) {
+        fs::remove_all(shared);
+        fs::create_directory(shared);
+        fs::copy_file(ReadyMade(), shared / "TVX.JAN");
+        one.Say(shared.string());
+        two.Say(shared.string());
+        ASSERT_EQ(one.Hear(), "saved") << pair;
+        ASSERT_EQ(two.Hear(), "saved") << pair;
+        RawFile file(shared / "TVX.MDB");
+        ASSERT_EQ(file.Rows("SELECT [Last name] FROM Employee ORDER BY 1"), (Rows{"Adams", "One", "Two"}))
+            << pair;
+        ASSERT_EQ(test::NamesIn(shared), (Rows{"TVX.JAN", "TVX.MDB"})) << pair;
+    }
+    std::cout << pairs << " pairs of first starts: 0 employees lost of " << 2 * pairs << "\n";
 }
 
 TEST_F(FirstDatabaseTest, is_not_harmed_by_what_an_older_database_left_behind) {
