@@ -3,7 +3,7 @@
 #include "platform/dao/LeftJournal.h"
 #include "platform/files/FileError.h"
 #include "platform/files/Folder.h"
-#include "store/TemporaryName.h"
+#include "platform/files/TemporaryName.h"
 
 #include <chrono>
 #include <system_error>

@@ -1,4 +1,4 @@
-#include "store/TemporaryName.h"
+#include "platform/files/TemporaryName.h"
 
 #include <array>
 #include <cerrno>
