@@ -2,10 +2,13 @@
 
 #include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
+#include "platform/files/TemporaryName.h"
 #include "platform/files/WholeFile.h"
 
 #include <fstream>
+#include <sys/stat.h>
 #include <system_error>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -14,6 +17,18 @@ namespace {
 
 fs::path Utf8Path(std::string_view name) {
     return {std::u8string(name.begin(), name.end())};
+}
+
+/// Makes the folder and those on the way to it, each closed to others. A folder that is there stays as it is.
+void MakeClosedFolder(const fs::path& folder) {
+    if (FileExists(folder) || !folder.has_relative_path()) return;
+    MakeClosedFolder(folder.parent_path());
+    mkdir(folder.c_str(), 0700); // the first use of it reports the trouble
+}
+
+bool IsOwn(const fs::path& folder) {
+    struct stat found {};
+    return stat(folder.c_str(), &found) == 0 && found.st_uid == geteuid();
 }
 
 void FillFolder(const fs::path& from, const fs::path& to, const std::vector<std::string>& shipped) {
@@ -60,18 +75,25 @@ void CopyWholeFile(const fs::path& source, const fs::path& target) {
 }
 
 bool CanWriteInto(const fs::path& folder) {
-    const fs::path probe = folder / ("write-" + RandomSuffix());
+    ClearTemporariesBeside(folder / "write");
+    const fs::path probe = TemporaryBeside(folder / "write");
     const bool made = std::ofstream(probe).is_open();
     std::error_code ignored;
     if (made) fs::remove(probe, ignored);
     return made;
 }
 
+bool IsInstalled(const fs::path& folder) {
+    std::error_code ignored;
+    const fs::path whole = fs::weakly_canonical(folder, ignored);
+    const fs::path first = whole.relative_path().empty() ? fs::path() : *whole.relative_path().begin();
+    return first == "usr" || first == "opt";
+}
+
 fs::path ProgramFolder(const fs::path& programsOwn, const fs::path& usersFolder,
                        const std::vector<std::string>& shipped) {
-    if (CanWriteInto(programsOwn)) return programsOwn;
-    std::error_code error;
-    fs::create_directories(usersFolder, error);
+    if (IsOwn(programsOwn) && !IsInstalled(programsOwn) && CanWriteInto(programsOwn)) return programsOwn;
+    MakeClosedFolder(usersFolder);
     FillFolder(programsOwn, usersFolder, shipped);
     return usersFolder;
 }

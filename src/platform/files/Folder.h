@@ -27,13 +27,16 @@ void CopyWholeFile(const std::filesystem::path& source, const std::filesystem::p
 
 /// The folder that holds the side files, the ready-made database and, by default, the database.
 ///
-/// That is the folder of the running program when files can be written there. An installed program may not
-/// write beside itself: then it is `usersFolder`, which is made, and filled with every file of `shipped`
-/// that is found beside the program and not yet there. A folder that cannot be made or filled is answered
-/// all the same; the first use of it reports the trouble.
+/// That is the folder of the running program when it is this user's own, is no place of installed programs
+/// and files can be written there. Else it is `usersFolder`, which is made, closed to others, and filled with
+/// every file of `shipped` that is found beside the program and not yet there. A folder that cannot be made
+/// or filled is answered all the same; the first use of it reports the trouble.
 std::filesystem::path ProgramFolder(const std::filesystem::path& programsOwn,
                                     const std::filesystem::path& usersFolder,
                                     const std::vector<std::string>& shipped);
+
+/// True for a folder below /usr or /opt, where programs are installed for everybody.
+bool IsInstalled(const std::filesystem::path& folder);
 
 /// True when a new file can be made in the folder. Leaves nothing behind.
 bool CanWriteInto(const std::filesystem::path& folder);

@@ -5,7 +5,8 @@
 #include <charconv>
 #include <chrono>
 #include <csignal>
-#include <cstdlib>
+#include <functional>
+#include <optional>
 #include <random>
 #include <string>
 #include <string_view>
@@ -19,6 +20,7 @@ namespace tvx {
 namespace {
 
 constexpr std::string_view End = ".tmp";
+constexpr std::string_view Journal = "-journal";
 
 std::string Host() {
     std::array<char, 256> name{};
@@ -26,21 +28,29 @@ std::string Host() {
     return name.data();
 }
 
-/// Takes a number off the end of a name, with the "-" before it; 0 when there is none.
-int TakeNumber(std::string_view& name) {
-    const std::size_t dash = name.rfind('-');
-    if (dash == std::string_view::npos) return 0;
+/// The whole number that a text is; nothing when it is anything else.
+std::optional<int> NumberOf(std::string_view text) {
     int number = 0;
-    std::from_chars(name.data() + dash + 1, name.data() + name.size(), number);
-    name = name.substr(0, dash);
-    return number;
+    const auto [end, trouble] = std::from_chars(text.data(), text.data() + text.size(), number);
+    const bool whole = !text.empty() && trouble == std::errc() && end == text.data() + text.size();
+    return whole && number >= 0 ? std::optional(number) : std::nullopt;
 }
 
-/// `name` is what stands between the file's name and ".tmp".
-bool IsOfProcessThatIsGone(std::string_view name) {
-    TakeNumber(name); // the random one
-    const int process = TakeNumber(name);
-    return process > 0 && name == Host() && kill(process, 0) != 0 && errno == ESRCH;
+/// Takes what stands behind the last `mark` off a name, and the mark; "" when there is none.
+std::string_view TakeBehind(std::string_view& name, char mark) {
+    const std::size_t at = name.rfind(mark);
+    if (at == std::string_view::npos) return {};
+    const std::string_view behind = name.substr(at + 1);
+    name = name.substr(0, at);
+    return behind;
+}
+
+/// A name without the ending of a temporary file, or of the engine's journal of one; nothing for other names.
+std::optional<std::string_view> WithoutEnd(std::string_view name) {
+    if (name.ends_with(Journal)) name.remove_suffix(Journal.size());
+    if (!name.ends_with(End)) return std::nullopt;
+    name.remove_suffix(End.size());
+    return name;
 }
 
 bool IsOlderThanADay(const fs::path& path) {
@@ -49,15 +59,40 @@ bool IsOlderThanADay(const fs::path& path) {
     return !unknown && fs::file_time_type::clock::now() - written > std::chrono::hours(24);
 }
 
-bool IsLeft(const fs::path& path, const std::string& fileName) {
-    const std::string name = path.filename();
-    const std::string begin = fileName + ".";
-    const std::size_t end = name.rfind(End);
-    if (!name.starts_with(begin) || end == std::string::npos || end < begin.size()) return false;
-    const std::string behind = name.substr(end + End.size());
-    if (!behind.empty() && behind != "-journal") return false;
-    const std::string_view middle = std::string_view(name).substr(begin.size(), end - begin.size());
-    return IsOfProcessThatIsGone(middle) || IsOlderThanADay(path);
+bool IsPlain(const fs::path& path) {
+    std::error_code unknown;
+    return fs::is_regular_file(fs::symlink_status(path, unknown));
+}
+
+/// Whether a killed run left this file, whose name begins so.
+bool IsLeft(const fs::path& path, std::string_view begin) {
+    const std::string whole = path.filename();
+    auto name = WithoutEnd(whole);
+    if (!name || !name->starts_with(begin) || !IsPlain(path)) return false;
+    const bool random = NumberOf(TakeBehind(*name, '-')).has_value();
+    const auto process = NumberOf(TakeBehind(*name, '-'));
+    if (!random || !process) return false;
+    const bool gone = name->ends_with("." + Host()) && kill(*process, 0) != 0 && errno == ESRCH;
+    return gone || IsOlderThanADay(path);
+}
+
+/// The same for the names that older versions gave: the file's, a number and the ending.
+bool IsLeftByOlder(const fs::path& path, std::string_view begin) {
+    const std::string whole = path.filename();
+    const auto name = WithoutEnd(whole);
+    if (!name || !name->starts_with(begin) || !IsPlain(path)) return false;
+    const std::string_view number = name->substr(begin.size());
+    return !number.empty() && number.find_first_not_of("0123456789") == std::string_view::npos &&
+           IsOlderThanADay(path);
+}
+
+void ClearWhere(const fs::path& folder, const std::function<bool(const fs::path&)>& left) {
+    std::error_code ignored;
+    std::vector<fs::path> cleared;
+    for (fs::directory_iterator entry(folder, ignored), end; !ignored && entry != end;
+         entry.increment(ignored))
+        if (left(entry->path())) cleared.push_back(entry->path());
+    for (const fs::path& each : cleared) fs::remove(each, ignored);
 }
 
 } // namespace
@@ -69,13 +104,13 @@ fs::path TemporaryBeside(const fs::path& file) {
 }
 
 void ClearTemporariesBeside(const fs::path& file) {
-    std::error_code ignored;
-    const std::string name = file.filename();
-    std::vector<fs::path> left;
-    for (fs::directory_iterator entry(file.parent_path(), ignored), end; !ignored && entry != end;
-         entry.increment(ignored))
-        if (IsLeft(entry->path(), name)) left.push_back(entry->path());
-    for (const fs::path& each : left) fs::remove(each, ignored);
+    const std::string begin = file.filename().string() + ".";
+    ClearWhere(file.parent_path(),
+               [&](const fs::path& each) { return IsLeft(each, begin) || IsLeftByOlder(each, begin); });
+}
+
+void ClearTemporariesIn(const fs::path& folder) {
+    ClearWhere(folder, [](const fs::path& each) { return IsLeft(each, ""); });
 }
 
 } // namespace tvx

@@ -13,4 +13,7 @@ std::filesystem::path TemporaryBeside(const std::filesystem::path& file);
 /// does not run any more, and any that is older than a day. What cannot be cleared stays.
 void ClearTemporariesBeside(const std::filesystem::path& file);
 
+/// The same for whatever file of a folder; other programs' files, whatever they are called, stay.
+void ClearTemporariesIn(const std::filesystem::path& folder);
+
 } // namespace tvx

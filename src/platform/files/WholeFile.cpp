@@ -1,6 +1,7 @@
 #include "platform/files/WholeFile.h"
 
 #include "platform/files/FileError.h"
+#include "platform/files/TemporaryName.h"
 
 #include <array>
 #include <cerrno>
@@ -8,7 +9,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <memory>
-#include <random>
+#include <optional>
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
@@ -45,8 +46,59 @@ int FlushToDisk(std::FILE* file) {
     return fsync(fileno(file));
 }
 
-void WriteAndFlush(const fs::path& path, const std::function<void(const ByteSink&)>& write) {
-    FileHandle file(std::fopen(path.c_str(), "wb"));
+/// What a link leads to, and to its end; a file that is no link is itself, also when it is not there yet.
+fs::path BehindLinks(fs::path path) {
+    constexpr int MostLinks = 40;
+    std::error_code none;
+    for (int links = 0; links < MostLinks && fs::is_symlink(fs::symlink_status(path, none)); ++links) {
+        const fs::path target = fs::read_symlink(path, none);
+        path = target.is_absolute() ? target : path.parent_path() / target;
+    }
+    return path;
+}
+
+/// Whose a new file is to be and who may read it.
+struct Rights {
+    std::optional<mode_t> mode; // none: as the user's files are made
+    uid_t owner = static_cast<uid_t>(-1);
+    gid_t group = static_cast<gid_t>(-1);
+};
+
+/// Of a file that is replaced its own; of a new one those of the database beside it, else, in a folder that
+/// is closed to others, those of its owner alone. The group of a new one is the folder's.
+Rights RightsFor(const fs::path& path) {
+    struct stat found {};
+    if (stat(path.c_str(), &found) == 0 && S_ISREG(found.st_mode))
+        return {found.st_mode & 07777, found.st_uid, found.st_gid};
+    const fs::path folder = path.has_parent_path() ? path.parent_path() : fs::path(".");
+    Rights rights;
+    if (stat(folder.c_str(), &found) != 0) return rights;
+    rights.group = found.st_gid;
+    if ((found.st_mode & 077) == 0) rights.mode = 0600;
+    if (stat((folder / "TVX.MDB").c_str(), &found) == 0) rights.mode = found.st_mode & 0666;
+    return rights;
+}
+
+/// Where the group cannot be given, it gets no more than everybody else has.
+void GiveRights(int file, const Rights& rights) {
+    const bool asWanted = fchown(file, rights.owner, rights.group) == 0 ||
+                          fchown(file, static_cast<uid_t>(-1), rights.group) == 0;
+    if (!rights.mode) return;
+    const mode_t mode = asWanted ? *rights.mode : (*rights.mode & ~070U) | ((*rights.mode & 07U) << 3);
+    if (fchmod(file, mode) != 0) return; // some file systems keep no rights
+}
+
+/// A new file of that name, closed to others until it has its rights.
+FileHandle MakeFile(const fs::path& path, const Rights& rights) {
+    const int file = open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, rights.mode ? 0600 : 0666);
+    if (file < 0) FailFromErrno(path);
+    GiveRights(file, rights);
+    return FileHandle(fdopen(file, "wb"));
+}
+
+void WriteAndFlush(const fs::path& path, const Rights& rights,
+                   const std::function<void(const ByteSink&)>& write) {
+    FileHandle file = MakeFile(path, rights);
     if (!file) FailFromErrno(path);
     write([&](std::string_view piece) {
         if (std::fwrite(piece.data(), 1, piece.size(), file.get()) != piece.size()) FailFromErrno(path);
@@ -104,11 +156,6 @@ class OpenFile {
 
 } // namespace
 
-std::string RandomSuffix() {
-    std::random_device device;
-    return std::to_string(device()) + ".tmp";
-}
-
 std::string ReadWholeFile(const fs::path& path, std::size_t limit) {
     const OpenFile file(path);
     std::string content;
@@ -122,11 +169,12 @@ void ReplaceWholeFile(const fs::path& path, std::string_view content) {
 }
 
 void ReplaceWholeFile(const fs::path& path, const std::function<void(const ByteSink&)>& write) {
-    fs::path temporary = path;
-    temporary += "." + RandomSuffix();
+    const fs::path target = BehindLinks(path);
+    ClearTemporariesBeside(target);
+    const fs::path temporary = TemporaryBeside(target);
     try {
-        WriteAndFlush(temporary, write);
-        if (std::rename(temporary.c_str(), path.c_str()) != 0) FailFromErrno(path);
+        WriteAndFlush(temporary, RightsFor(target), write);
+        if (std::rename(temporary.c_str(), target.c_str()) != 0) FailFromErrno(path);
     } catch (...) {
         std::error_code ignored;
         fs::remove(temporary, ignored);

@@ -18,7 +18,12 @@ std::string ReadWholeFile(const std::filesystem::path& path, std::size_t limit =
 
 /// Writes a file under a temporary name of its own, flushes it to the disk and renames it, so that `path` is
 /// either as before or complete, also when two workstations write it at once. Throws FileError 61 on a full
-/// disk, 64 on a name that cannot be, 70, 75 or 76 when the file cannot be made, and leaves nothing behind.
+/// disk, 64 on a name that cannot be, 70, 75 or 76 when the file cannot be made, and leaves nothing behind;
+/// what killed writes of this file have left is cleared. A link stays one: what it leads to is written.
+///
+/// A file that is replaced keeps its owner, group and mode as far as the system lets it. A new one takes the
+/// group of its folder and the mode of the database beside it; without one it is for its owner alone in a
+/// folder that is closed to others, and elsewhere as the user's files are made.
 void ReplaceWholeFile(const std::filesystem::path& path, std::string_view content);
 
 /// Takes the bytes of a file, piece after piece.
@@ -27,8 +32,5 @@ using ByteSink = std::function<void(std::string_view)>;
 /// The same for a file that is made while it is written: `write` gets the sink, and what it throws leaves
 /// `path` as it was.
 void ReplaceWholeFile(const std::filesystem::path& path, const std::function<void(const ByteSink&)>& write);
-
-/// A few characters that no other workstation comes upon at the same time.
-std::string RandomSuffix();
 
 } // namespace tvx

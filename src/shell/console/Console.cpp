@@ -5,6 +5,7 @@
 #include "platform/dao/DaoError.h"
 #include "platform/files/FileError.h"
 #include "platform/files/Folder.h"
+#include "platform/files/TemporaryName.h"
 #include "shell/common/TVXMOD1.h"
 #include "shell/console/ConsoleCommands.h"
 #include "store/FirstDatabase.h"
@@ -161,6 +162,7 @@ void LookAtLeftJournal(const fs::path& database, Prompt& prompt) {
 /// The database and the department list; the box of any trouble.
 LoadResult OpenDatabase(GlobalState& g, Ports& ports, ConsoleFace& face) {
     try {
+        for (const fs::path& folder : {g.paths.ProgramPath, g.paths.DatabasePath}) ClearTemporariesIn(folder);
         LookAtLeftJournal(FilePath(g.paths.DatabasePath, DatabaseFile), ports.prompt);
         OpenStore(g, ports.clock.Today());
         RefreshDepartments(g, ports, face);

@@ -180,9 +180,16 @@ class ProgramFolderTest : public FolderTest {
         test::WriteFile(own / "other", "not shipped");
     }
     /// The folder as one finds it who may read but not write beside the program.
+    /// What another user is told, to whom the folder of the program is open, or its own, if wished.
+    std::string AskOther() const {
+        return test::AskAnotherUser([this] { return ProgramFolder(own, users, shipped).string(); });
+    }
     std::string AskInstalled() const {
         fs::permissions(own, fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
-        return test::AskAnotherUser([this] { return ProgramFolder(own, users, shipped).string(); });
+        return AskOther();
+    }
+    static unsigned ModeOf(const fs::path& path) {
+        return static_cast<unsigned>(fs::status(path).permissions() & fs::perms::mask);
     }
 };
 
@@ -197,6 +204,28 @@ TEST_F(ProgramFolderTest, is_the_users_own_for_an_installed_program) {
     EXPECT_EQ(test::NamesIn(users), (Names{"TVX.JAN", "tvx.hlp"})) << "what is shipped, found in any case";
     EXPECT_EQ(test::ReadFile(users / "TVX.JAN"), "ready-made");
     EXPECT_EQ(test::ReadFile(users / "tvx.hlp"), "help");
+}
+
+TEST_F(ProgramFolderTest, is_the_users_own_where_the_program_is_somebody_elses) {
+    fs::permissions(own, fs::perms::all);
+    EXPECT_EQ(AskOther(), users.string()) << "though everybody may write there";
+}
+
+TEST_F(ProgramFolderTest, is_never_where_programs_are_installed) {
+    for (const char* place :
+         {"/usr", "/usr/bin", "/usr/local/lib/x", "/opt", "/opt/tarvex", "/home/../opt/x"})
+        EXPECT_TRUE(IsInstalled(place)) << place;
+    for (const char* place : {"/", "/home/usr", "/usrlocal", "/srv/opt", "/usr/../home", "/optional"})
+        EXPECT_FALSE(IsInstalled(place)) << place;
+}
+
+TEST_F(ProgramFolderTest, that_is_made_is_closed_to_others_with_all_that_is_in_it) {
+    AskInstalled();
+    EXPECT_EQ(ModeOf(folder / "home"), 0700U);
+    EXPECT_EQ(ModeOf(folder / "home/of"), 0700U);
+    EXPECT_EQ(ModeOf(users), 0700U);
+    EXPECT_EQ(ModeOf(users / "TVX.JAN"), 0600U);
+    EXPECT_EQ(ModeOf(folder.Path()), 0777U) << "it was there";
 }
 
 TEST_F(ProgramFolderTest, is_filled_once) {

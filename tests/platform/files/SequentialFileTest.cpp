@@ -3,6 +3,7 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
+#include "platform/files/TemporaryName.h"
 #include "platform/files/WholeFile.h"
 #include "support/ChildProcess.h"
 #include "support/FileTrouble.h"
@@ -12,12 +13,16 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cmath>
 #include <iostream>
+#include <sstream>
 #include <stdexcept>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace fs = std::filesystem;
 
@@ -374,6 +379,150 @@ TEST_F(SequentialFileTest, does_not_replace_a_folder) {
 TEST_F(SequentialFileTest, fails_with_64_on_a_name_too_long) {
     EXPECT_EQ(NumberOf([&] { WriterOf("new").ReplaceFile(folder / std::string(300, 'x')); }), 64);
 }
+
+// --- rights, links and what is left -----------------------------------------------------------------------
+
+class ReplacedFileTest : public SequentialFileTest {
+  protected:
+    static std::string RightsOf(const fs::path& path) {
+        struct stat found {};
+        stat(path.c_str(), &found);
+        std::ostringstream told;
+        told << std::oct << (found.st_mode & 07777U) << std::dec << " of " << found.st_uid << ":"
+             << found.st_gid;
+        return told.str();
+    }
+    static std::string Mine(const std::string& mode) {
+        return mode + " of " + std::to_string(geteuid()) + ":" + std::to_string(getegid());
+    }
+};
+
+TEST_F(ReplacedFileTest, keeps_its_mode_its_owner_and_its_group) {
+    test::WriteFile(file, "old");
+    for (const mode_t mode : {0600U, 0640U, 0664U, 0444U, 0666U}) {
+        ASSERT_EQ(chmod(file.c_str(), mode), 0);
+        ASSERT_TRUE(geteuid() != 0 || chown(file.c_str(), 65534, 65534) == 0);
+        const std::string before = RightsOf(file);
+        WriterOf("new").ReplaceFile(file);
+        EXPECT_EQ(RightsOf(file), before);
+    }
+}
+
+TEST_F(ReplacedFileTest, that_is_new_in_a_closed_folder_is_for_its_owner_alone) {
+    WriterOf("new").ReplaceFile(file);
+    EXPECT_EQ(RightsOf(file), Mine("600"));
+}
+
+TEST_F(ReplacedFileTest, that_is_new_takes_the_mode_of_the_database_and_the_group_of_the_folder) {
+    folder.OpenToAll();
+    test::WriteFile(folder / "TVX.MDB", "x");
+    for (const char* mode : {"660", "664", "640", "600", "666"}) {
+        ASSERT_EQ(chmod((folder / "TVX.MDB").c_str(), static_cast<mode_t>(std::stoul(mode, nullptr, 8))), 0);
+        ASSERT_TRUE(geteuid() != 0 || chown(folder.Path().c_str(), static_cast<uid_t>(-1), 65534) == 0);
+        WriterOf("new").ReplaceFile(file);
+        const std::string group = geteuid() == 0 ? "65534" : std::to_string(getegid());
+        EXPECT_EQ(RightsOf(file), std::string(mode) + " of " + std::to_string(geteuid()) + ":" + group);
+        fs::remove(file);
+    }
+}
+
+TEST_F(ReplacedFileTest, that_is_new_in_an_open_folder_without_database_is_made_as_the_users_files_are) {
+    folder.OpenToAll();
+    test::WriteFile(folder / "plain", "x");
+    WriterOf("new").ReplaceFile(file);
+    EXPECT_EQ(RightsOf(file), RightsOf(folder / "plain"));
+}
+
+TEST_F(ReplacedFileTest, that_is_a_link_stays_one_and_what_it_leads_to_is_written) {
+    fs::create_directory(folder / "share");
+    test::WriteFile(folder / "share/real", "old");
+    ASSERT_EQ(chmod((folder / "share/real").c_str(), 0640), 0);
+    fs::create_symlink("share/middle", file);
+    fs::create_symlink(folder / "share/real", folder / "share/middle");
+    WriterOf("new").ReplaceFile(file);
+    EXPECT_EQ(fs::read_symlink(file), "share/middle");
+    EXPECT_TRUE(fs::is_symlink(folder / "share/middle"));
+    EXPECT_EQ(test::ReadFile(folder / "share/real"), "new\r\n");
+    EXPECT_EQ(RightsOf(folder / "share/real"), Mine("640"));
+    EXPECT_EQ(test::NamesIn(folder / "share"), (Names{"middle", "real"}));
+}
+
+TEST_F(ReplacedFileTest, that_is_a_link_into_a_missing_folder_is_refused_and_stays) {
+    fs::create_symlink(folder / "not mounted/real", file);
+    EXPECT_EQ(NumberOf([&] { WriterOf("new").ReplaceFile(file); }), 76);
+    EXPECT_EQ(fs::read_symlink(file), folder / "not mounted/real");
+}
+
+TEST_F(ReplacedFileTest, leaves_nothing_behind_that_the_next_write_does_not_clear) {
+    constexpr int Kills = 40;
+    std::size_t left = 0;
+    for (int round = 0; round < Kills; ++round) {
+        test::ChildProcess killed([this](test::ChildProcess& test) {
+            ReplaceWholeFile(file, [&](const ByteSink& sink) {
+                sink(std::string(100000, 'x'));
+                test.Say("half way");
+                test.Hear();
+            });
+        });
+        ASSERT_EQ(killed.Hear(), "half way");
+        left += test::NamesIn(folder.Path()).size();
+        killed.Kill();
+        if (round % 2 == 0) continue;
+        WriterOf("new").ReplaceFile(file);
+        ASSERT_EQ(test::NamesIn(folder.Path()), Names{"Shift.txt"});
+    }
+    std::cout << Kills << " writes killed, " << left << " files seen meanwhile, 0 left\n";
+}
+
+class LeftFilesTest : public SequentialFileTest {
+  protected:
+    /// Made by this test's process, which runs, or by one that is gone.
+    std::string NameOf(const std::string& of, bool gone) const {
+        std::string name = TemporaryBeside(folder / of).filename().string();
+        if (!gone) return name;
+        pid_t child = fork();
+        if (child == 0) _exit(0);
+        waitpid(child, nullptr, 0);
+        const std::string mine = "-" + std::to_string(getpid()) + "-";
+        return name.replace(name.find(mine), mine.size(), "-" + std::to_string(child) + "-");
+    }
+    void Make(const std::string& name, int hoursAgo = 0) {
+        test::WriteFile(folder / name, "x");
+        fs::last_write_time(folder / name, fs::file_time_type::clock::now() - std::chrono::hours(hoursAgo));
+        made.push_back(name);
+    }
+    Names made;
+};
+
+TEST_F(LeftFilesTest, are_cleared_when_their_process_is_gone_or_after_a_day) {
+    Make(NameOf("TVX.NEW", true));
+    Make(NameOf("TVX.NEW", true) + "-journal");
+    Make(NameOf("3.SFT", true));
+    Make("3.SFT.other-host-17-5.tmp", 25);
+    ClearTemporariesIn(folder.Path());
+    EXPECT_EQ(test::NamesIn(folder.Path()), Names{});
+}
+
+TEST_F(LeftFilesTest, of_those_who_may_still_write_and_of_other_programs_stay) {
+    Make(NameOf("3.SFT", false));
+    Make("3.SFT.other-host-17-5.tmp", 23);
+    for (const char* foreign :
+         {"notes.tmp", "3.SFT.draft.tmp", "a-b-c.tmp", "report-1-2.txt", "x-1-.tmp", "TVX.MDB"})
+        Make(foreign, 1000);
+    std::sort(made.begin(), made.end());
+    ClearTemporariesIn(folder.Path());
+    ClearTemporariesBeside(folder / "3.SFT");
+    EXPECT_EQ(test::NamesIn(folder.Path()), made);
+}
+
+TEST_F(LeftFilesTest, of_older_versions_are_cleared_with_the_file_that_they_belong_to) {
+    Make("Shift.txt.123456.tmp", 25);
+    Make("Other.txt.123456.tmp", 25);
+    WriterOf("new").ReplaceFile(file);
+    EXPECT_EQ(test::NamesIn(folder.Path()), (Names{"Other.txt.123456.tmp", "Shift.txt"}));
+}
+
+// --- two at once ------------------------------------------------------------------------------------------
 
 /// Content that shows whose it is and whether it is whole.
 std::string Letter(char writer, std::size_t length) {
