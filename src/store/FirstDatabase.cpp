@@ -3,8 +3,8 @@
 #include "platform/dao/LeftJournal.h"
 #include "platform/files/FileError.h"
 #include "platform/files/Folder.h"
+#include "platform/files/TemporaryName.h"
 #include "shell/common/TVXMOD1.h"
-#include "store/TemporaryName.h"
 #include "store/rows/DayRow.h"
 #include "store/rows/DepartmentDayRow.h"
 
