@@ -168,6 +168,13 @@ void ScheduleForm::Run(Vp& vp) {
     RunSchedule(g_, ports_, Request(), HtmlMode, vp);
 }
 
+bool ScheduleForm::MayRun() {
+    if (!IsSelected() || !List1->selectedItems().isEmpty()) return true;
+    const std::string& people = g_.department.EmployeeNamePlural;
+    ports_.prompt.MsgBox("No " + people + " selected....", box::Ok, "Select " + people);
+    return false;
+}
+
 std::string ScheduleForm::PreviewTitle() const {
     return HtmlMode ? "Review HTML pages..." : "Review print pages...";
 }
@@ -188,6 +195,7 @@ void ScheduleForm::EnterHtml() {
 void ScheduleForm::PreviewHtml() {
     EnterHtml();
     ShowPreview();
+    if (!Desk().IsPreviewing()) HtmlMode = false;
 }
 
 void ScheduleForm::PrintFromPreview() {

@@ -20,6 +20,7 @@ class ScheduleForm : public OptionFrames {
 
   protected:
     void Run(Vp& vp) override;
+    bool MayRun() override;
     std::string PreviewTitle() const override;
     std::string PreviewPrintCaption() const override;
     std::string DocumentTitle() const override;

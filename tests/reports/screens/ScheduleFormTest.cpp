@@ -151,6 +151,7 @@ TEST_F(ScheduleFormTest, has_no_obstacles_for_people_without_a_mouse_or_eyes) {
         Open(kind);
         EXPECT_EQ(test::Obstacles(*form), "") << kind;
         EXPECT_EQ(test::CutTexts(*form), "") << kind;
+        if (std::string(kind) == "SelectedEmployees") Pick({0});
         Click("cmdPreview");
         EXPECT_EQ(test::Obstacles(*form), "") << kind << " in the preview";
         EXPECT_EQ(test::CutTexts(*form), "") << kind << " in the preview";
@@ -217,11 +218,26 @@ TEST_F(ScheduleFormTest, prints_a_page_for_each_picked_person_in_the_order_of_th
     EXPECT_TRUE(printer.Has("Schedule for: Fischer Anton"));
 }
 
-TEST_F(ScheduleFormTest, prints_an_empty_page_when_nobody_is_picked) {
+TEST_F(ScheduleFormTest, prints_nothing_when_nobody_is_picked_and_says_so) {
     Open("SelectedEmployees");
+    for (const char* way : {"cmdPrint", "cmdPreview", "cmdPreviewHTML", "cmdSaveHTML"}) {
+        store.prompt().Expect("No Employees selected....", box::Ok, "Select Employees");
+        Click(way);
+        EXPECT_FALSE(Shown("vp")) << way;
+    }
+    EXPECT_EQ(printer.asked, 0);
+    Pick({0});
     Click("cmdPrint");
     EXPECT_EQ(printer.pages, 1);
-    EXPECT_TRUE(printer.texts.empty());
+}
+
+TEST_F(ScheduleFormTest, shows_paper_after_a_web_page_that_did_not_come_for_want_of_people) {
+    Open("SelectedEmployees");
+    store.prompt().Expect("No Employees selected....", box::Ok, "Select Employees");
+    Click("cmdPreviewHTML");
+    Pick({0});
+    Click("cmdPreview");
+    EXPECT_EQ(Title(), "Review print pages...");
 }
 
 TEST_F(ScheduleFormTest, picks_by_the_keyboard) {
