@@ -1,5 +1,6 @@
 #include "masterdata/EmployeeSearch.h"
 
+#include "platform/basic/MostThatFits.h"
 #include "platform/basic/Text.h"
 #include "store/rows/DayRow.h"
 #include "store/rows/EmployeeRow.h"
@@ -24,20 +25,18 @@ std::string Question(const EmployeeRow& row, const std::string& plural) {
 
 std::string FitToNameColumn(const std::string& name,
                             const std::function<Twips(const std::string&)>& widthOf) {
-    std::string fitted = name;
-    Twips width = widthOf(fitted);
-    if (width < NarrowestName) {
-        // Most blanks at once; measuring the text again settles the last ones.
-        const Twips blank = std::max(1, widthOf(fitted + ' ') - width);
-        fitted.append(static_cast<std::size_t>((NarrowestName - width) / blank), ' ');
-        while (widthOf(fitted) < NarrowestName) fitted += ' ';
-        return fitted;
-    }
-    while (width >= WidestName && !fitted.empty()) {
-        fitted = DropLastCharacter(fitted);
-        width = widthOf(fitted);
-    }
-    return fitted;
+    const std::size_t length = CharacterCount(name);
+    const std::size_t fitting =
+        MostThatFits(length, [&](std::size_t count) { return widthOf(Left(name, count)) < WidestName; });
+    if (fitting < length) return Left(name, fitting);
+    std::string padded = name;
+    const Twips width = widthOf(padded);
+    if (width >= NarrowestName) return padded;
+    // Most blanks at once; measuring the text again settles the last ones.
+    const Twips blank = std::max(1, widthOf(padded + ' ') - width);
+    padded.append(static_cast<std::size_t>((NarrowestName - width) / blank), ' ');
+    while (widthOf(padded) < NarrowestName) padded += ' ';
+    return padded;
 }
 
 std::vector<FoundEmployee> FindEmployees(const Store& store, const Department& department,

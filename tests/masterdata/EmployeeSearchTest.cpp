@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <iostream>
+
 namespace tvx {
 namespace {
 
@@ -102,6 +104,25 @@ TEST(FitToNameColumn, cuts_below_1750_twips_and_no_character_in_two) {
     std::string cakes;
     for (int i = 0; i < 40; ++i) cakes += "🥐";
     EXPECT_EQ(FitToNameColumn(cakes, Wide), cakes.substr(0, 16 * 4));
+}
+
+TEST(FitToNameColumn, measures_of_a_name_of_30000_letters_hardly_more_than_of_30) {
+    std::size_t longest = 0;
+    const auto measured = [&](std::size_t length) {
+        int times = 0;
+        FitToNameColumn(std::string(length, 'n'), [&](const std::string& text) {
+            ++times;
+            longest = std::max(longest, text.size());
+            return Wide(text);
+        });
+        return times;
+    };
+    const int few = measured(30);
+    const int many = measured(30000);
+    std::cout << few << " texts measured for 30 letters, " << many << " for 30000; the longest has "
+              << longest << "\n";
+    EXPECT_LE(many, 1.5 * few);
+    EXPECT_LE(longest, 40U);
 }
 
 TEST(FitToNameColumn, ends_with_a_font_that_measures_nothing) {

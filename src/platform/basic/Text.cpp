@@ -7,6 +7,13 @@ namespace {
 
 constexpr char32_t Replacement = 0xFFFD;
 
+/// Letters of the scripts that run from right to left, and the marks that turn a text's direction.
+bool IsRightToLeft(char32_t c) {
+    const auto within = [c](char32_t first, char32_t last) { return c >= first && c <= last; };
+    return within(0x0590, 0x08FF) || within(0xFB1D, 0xFDFF) || within(0xFE70, 0xFEFF) ||
+           within(0x10800, 0x10FFF) || within(0x1E800, 0x1EFFF) || within(0x202A, 0x202E) || c == 0x200F;
+}
+
 bool IsContinuation(unsigned char byte) {
     return (byte & 0xC0) == 0x80;
 }
@@ -118,16 +125,6 @@ std::string Left(std::string_view text, std::size_t count) {
     return std::string(text.substr(0, at));
 }
 
-std::string DropLastCharacter(std::string_view text) {
-    std::size_t at = 0;
-    std::size_t last = 0;
-    while (at < text.size()) {
-        last = at;
-        ReadUtf8(text, at);
-    }
-    return std::string(text.substr(0, last));
-}
-
 std::string FixedWidth(std::string_view text, std::size_t width) {
     std::string fixed = Left(text, width);
     const std::size_t count = CharacterCount(fixed);
@@ -159,6 +156,12 @@ void AppendUtf8(std::string& text, char32_t c) {
         text += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
         text += static_cast<char>(0x80 | (c & 0x3F));
     }
+}
+
+std::string Isolated(std::string_view text) {
+    const std::u32string letters = DecodeUtf8(text);
+    if (std::none_of(letters.begin(), letters.end(), IsRightToLeft)) return std::string(text);
+    return std::string("\u2068").append(text).append("\u2069");
 }
 
 bool EqualsNoCase(std::string_view a, std::string_view b) {

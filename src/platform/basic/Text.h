@@ -23,9 +23,6 @@ std::size_t CharacterCount(std::string_view text);
 /// The first `count` characters; the whole text when it is shorter.
 std::string Left(std::string_view text, std::size_t count);
 
-/// Text without its last character; "" stays "".
-std::string DropLastCharacter(std::string_view text);
-
 /// The text cut, or padded with blanks, to exactly `width` characters, as a fixed-length text holds it.
 std::string FixedWidth(std::string_view text, std::size_t width);
 
@@ -34,6 +31,10 @@ std::u32string DecodeUtf8(std::string_view text);
 
 /// Appends one code point as UTF-8; values that are no character are written as U+FFFD.
 void AppendUtf8(std::string& text, char32_t codePoint);
+
+/// A text that stands inside another: where it holds letters that are written from right to left it is
+/// isolated, so that it keeps its own direction and leaves the other's alone.
+std::string Isolated(std::string_view text);
 
 /// True when a and b are the same text but for the case of the letters A to Z; the rule for names of
 /// files, tables and fields.

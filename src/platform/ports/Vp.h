@@ -65,6 +65,11 @@ class Vp {
     /// is asked as it is. Each size is measured anew.
     virtual std::optional<double> FittingSize(const std::vector<WidestText>& texts) const = 0;
 
+    /// What a person is told of the document as a whole, on a screen beside its pages; "" for nothing.
+    /// Forgotten at StartDoc.
+    virtual void Remark(const std::string& remark) = 0;
+    virtual const std::string& Remark() const = 0;
+
     /// Where the next text goes: the top left of its first line.
     virtual void CurrentX(Twips x) = 0;
     virtual void CurrentY(Twips y) = 0;

@@ -1,5 +1,6 @@
 #include "reports/page/ReportText.h"
 
+#include "platform/basic/MostThatFits.h"
 #include "platform/basic/Text.h"
 
 #include <algorithm>
@@ -7,22 +8,21 @@
 namespace tvx {
 namespace {
 
-constexpr std::size_t MostUnderscores = 300;
+constexpr std::size_t UsualLetters = 40; // of a text that is likely to fit whole
+constexpr std::string_view Ellipsis = "\u2026";
 constexpr std::string_view MemoIndent = "  ";
 
-/// The most that `fits` lets pass, of 1 to `most`; 0 when not even 1 does. Looks near the beginning first, so
-/// that a long text is not measured whole for each of its lines.
-template <typename Fits>
-std::size_t MostThatFits(std::size_t most, const Fits& fits) {
-    std::size_t step = 1;
-    while (step < most && fits(step)) step *= 2;
-    std::size_t few = step / 2;
-    std::size_t many = std::min(step, most) + 1;
-    while (few + 1 < many) {
-        const std::size_t middle = (few + many) / 2;
-        (fits(middle) ? few : many) = middle;
-    }
-    return few;
+/// How many of the first letters are narrower than a room together with what follows them.
+std::size_t FittingCount(const Vp& vp, const std::string& text, std::string_view end, Twips room) {
+    return MostThatFits(CharacterCount(text), [&](std::size_t count) {
+        return vp.TextWidth(Left(text, count).append(end)) < room;
+    });
+}
+
+/// True when a text of no more letters than stand on a line is narrower than a room; a longer one is not
+/// measured.
+bool IsNarrow(const Vp& vp, const std::string& text, std::size_t most, Twips room) {
+    return CharacterCount(text) <= most && vp.TextWidth(text) < room;
 }
 
 /// The beginning of a text that stands on one line: all of it, or what comes before its last blank that fits.
@@ -39,16 +39,18 @@ std::string FirstLine(const Vp& vp, const std::string& text, Twips room) {
 
 } // namespace
 
-std::string Fitted(const Vp& vp, std::string text, Twips room) {
-    while (!text.empty() && vp.TextWidth(text) >= room) text = DropLastCharacter(text);
-    return text;
+std::string Fitted(const Vp& vp, const std::string& text, Twips room) {
+    if (IsNarrow(vp, text, UsualLetters, room)) return text;
+    return Left(text, FittingCount(vp, text, "", room));
 }
 
-std::string UnderscoreRule(const Vp& vp) {
-    const std::size_t count = MostThatFits(MostUnderscores, [&](std::size_t underscores) {
-        return vp.TextWidth(std::string(underscores, '_')) <= vp.PageWidth();
-    });
-    return std::string(count, '_');
+std::string WithEllipsis(const Vp& vp, const std::string& text, Twips room) {
+    constexpr std::size_t LettersOfEllipsis = 10; // that may be no wider than it
+    if (IsNarrow(vp, text, UsualLetters, room)) return text;
+    const std::size_t count = FittingCount(vp, text, Ellipsis, room);
+    if (IsNarrow(vp, text, count + LettersOfEllipsis, room)) return text;
+    if (count == 0 && vp.TextWidth(Ellipsis) >= room) return "";
+    return TrimRight(Left(text, count)).append(Ellipsis);
 }
 
 std::vector<std::string> MemoLines(const Vp& vp, std::string_view memo, Twips room) {

@@ -103,6 +103,7 @@ void VpDocument::StartDoc() {
     open_ = true;
     x_ = y_ = 0;
     tools_ = {};
+    remark_.clear();
     RaisePage();
 }
 

@@ -81,6 +81,8 @@ class VpDocument : public Vp {
     Twips TextWidth(std::string_view text) const override;
     Twips TextHeight(std::string_view text) const override;
     std::optional<double> FittingSize(const std::vector<WidestText>& texts) const override;
+    void Remark(const std::string& remark) override { remark_ = remark; }
+    const std::string& Remark() const override { return remark_; }
     void CurrentX(Twips x) override { x_ = x; }
     void CurrentY(Twips y) override;
     Twips CurrentX() const override { return x_; }
@@ -167,6 +169,7 @@ class VpDocument : public Vp {
     bool open_ = false;
     Twips x_ = 0;
     Tools tools_;
+    std::string remark_;
     std::optional<std::vector<TableBlock>> collected_; // rows, between StartTable and EndTable
     std::function<void()> onPage_;
     std::vector<TableBlock> tables_;

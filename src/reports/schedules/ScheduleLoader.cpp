@@ -90,6 +90,7 @@ SchedulePage LoadSchedulePage(const GlobalState& g, const Ports& ports, const Sc
     SchedulePage page;
     page.title = WeekTitle(g.department, g.week);
     page.departmentName = g.department.CurrentDepName;
+    page.weekSpan = WeekSpan(g.week);
     page.printedOn = "Printed on: " + ports.region.ShortDate(ports.clock.Today());
     LoadDays(g, ports.region, page);
     page.clockStyle = g.application.options.ClockStyle;

@@ -3,6 +3,7 @@
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
+#include "reports/page/ReportText.h"
 #include "shell/common/Conversions.h"
 
 #include <algorithm>
@@ -135,6 +136,28 @@ TotalTexts MoneyTotals(const SchedulePage& page, const ScheduleSums& sums, std::
             Format(sums.PrintTotalWagesSum + salaries, pattern)};
 }
 
+std::string DayTotalHours(const SchedulePage& page, const ScheduleSums& sums, int day) {
+    return page.words.hours + HoursText(page, sums.DayTotalQuarters[day]);
+}
+
+std::string DayTotalWages(const SchedulePage& page, const ScheduleSums& sums, int day) {
+    return page.words.wages + Format(sums.DayTotalWages[day], ".00");
+}
+
+std::vector<TotalText> WeekTotalTexts(const SchedulePage& page, const ScheduleSums& sums) {
+    std::vector<TotalText> totals;
+    const auto add = [&](const char* label, const std::string& amount) {
+        totals.push_back({page.words.whose + label, amount});
+    };
+    if (page.PrintsHours()) add(" total time:", HoursText(page, sums.PrintTotalQuarters));
+    if (!page.PrintsWages()) return totals;
+    const TotalTexts money = MoneyTotals(page, sums, "##,##0.00");
+    add(" total wages:", money.wages);
+    add(" total salaries:", money.salaries);
+    add(" total compensation:", money.compensation);
+    return totals;
+}
+
 std::string SalesPerHour(const PrintedProductivity& figures, const ScheduleSums& sums, int day) {
     const Productivity& p = figures.includes;
     return RatioText(figures.sales[day], Counted(sums, day, p.SalesWageHours, p.SalesSalaryHours));
@@ -167,6 +190,16 @@ std::string TransactionsText(const PrintedProductivity& figures, int day) {
     return PlainNumber(figures.transactions[day]);
 }
 
+std::vector<ProductivityRow> ProductivityRows(const SchedulePage& page, const PrintedProductivity& figures,
+                                              const ScheduleSums& sums) {
+    return {{"", [&](int d) { return d == 0 ? "Week" : page.shortWeekdays[d]; }},
+            {"Sales", [&](int d) { return SalesText(figures, d); }},
+            {"Transactions", [&](int d) { return TransactionsText(figures, d); }},
+            {"Sales/hrs", [&](int d) { return SalesPerHour(figures, sums, d); }},
+            {"Transactions/hrs", [&](int d) { return TransactionsPerHour(figures, sums, d); }},
+            {"Labor %", [&](int d) { return LaborPercent(page, sums, d); }}};
+}
+
 std::string YesNo(const std::string& what, bool on) {
     return what + (on ? " = Yes" : " = No");
 }
@@ -177,6 +210,22 @@ std::string DayCommentHeading(const SchedulePage& page, int day) {
 
 std::string CutoffText(const SchedulePage& page) {
     return QuarterToClockText(page.cutoffQuarters, page.clockStyle);
+}
+
+std::string CutoffNote(const SchedulePage& page) {
+    const std::string time = CutoffText(page);
+    return "Note: Time and Wage statistics are between " + time + " and " + time + " the following day.";
+}
+
+std::string WeekOfYear(const SchedulePage& page) {
+    const std::string& number = page.weekNumbers[1];
+    return number.empty() ? "" : "Week of the year: " + number;
+}
+
+std::string TitleIn(const SchedulePage& page, const Vp& vp, Twips room) {
+    if (Fitted(vp, page.title, room).size() == page.title.size()) return page.title;
+    const std::string name = WithEllipsis(vp, page.departmentName, room - vp.TextWidth(page.weekSpan));
+    return Isolated(name) + page.weekSpan;
 }
 
 } // namespace tvx

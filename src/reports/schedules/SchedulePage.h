@@ -1,9 +1,12 @@
 // What stands on the pages of a schedule beside its people, the sums of a run, and the texts of its figures.
 #pragma once
 
+#include "platform/ports/Vp.h"
 #include "reports/schedules/PrintedPerson.h"
 #include "shell/state/Options.h"
 #include "shell/state/Report.h"
+
+#include <functional>
 
 namespace tvx {
 
@@ -26,6 +29,7 @@ struct PrintedProductivity {
 struct SchedulePage {
     std::string title;
     std::string departmentName;
+    std::string weekSpan;  // ",  Week from 1-Mar-2026  to  7-Mar-2026", as the title ends
     std::string printedOn; // "Printed on: 3/5/2026"
     std::array<std::string, 8> weekdays;
     std::array<std::string, 8> shortWeekdays;
@@ -103,6 +107,15 @@ struct TotalTexts {
     std::string compensation;
 };
 TotalTexts MoneyTotals(const SchedulePage& page, const ScheduleSums& sums, std::string_view pattern);
+/// A day's sums as the short schedule prints them: "Hours 32:00", "Wages 320.00".
+std::string DayTotalHours(const SchedulePage& page, const ScheduleSums& sums, int day);
+std::string DayTotalWages(const SchedulePage& page, const ScheduleSums& sums, int day);
+/// The sums of the week that are asked for, as the short schedule prints them.
+struct TotalText {
+    std::string label;
+    std::string amount;
+};
+std::vector<TotalText> WeekTotalTexts(const SchedulePage& page, const ScheduleSums& sums);
 
 /// The ratios of the productivity block, day 1 to 7 or 0 for the week; "" where there is none.
 std::string SalesPerHour(const PrintedProductivity& figures, const ScheduleSums& sums, int day);
@@ -111,6 +124,14 @@ std::string LaborPercent(const SchedulePage& page, const ScheduleSums& sums, int
 /// Figures of a day, or of the week for 0, as plain numbers; "" for 0.
 std::string SalesText(const PrintedProductivity& figures, int day);
 std::string TransactionsText(const PrintedProductivity& figures, int day);
+/// The rows of the block's table, the head first; figures of day 1 to 7, or of the week for 0.
+struct ProductivityRow {
+    std::string label;
+    std::function<std::string(int)> textOf;
+};
+/// They refer to what they are made of.
+std::vector<ProductivityRow> ProductivityRows(const SchedulePage& page, const PrintedProductivity& figures,
+                                              const ScheduleSums& sums);
 /// "Wages time = Yes" or "Wages time = No".
 std::string YesNo(const std::string& what, bool on);
 
@@ -118,5 +139,14 @@ std::string YesNo(const std::string& what, bool on);
 std::string DayCommentHeading(const SchedulePage& page, int day);
 /// Time of the day's cut-off as the notes write it, untrimmed.
 std::string CutoffText(const SchedulePage& page);
+/// "Note: Time and Wage statistics are between ...".
+std::string CutoffNote(const SchedulePage& page);
+/// "Week of the year: 10"; "" where the weeks are not counted.
+std::string WeekOfYear(const SchedulePage& page);
+/// The title, of whose department only as much is left as fits in the present font.
+std::string TitleIn(const SchedulePage& page, const Vp& vp, Twips room);
+
+/// What a title leaves on either side of itself for the number of the page.
+constexpr const char* TwicePageNumber = "  Page: 10000  Page: 10000";
 
 } // namespace tvx

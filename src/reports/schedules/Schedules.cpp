@@ -19,9 +19,11 @@ Routine RoutineOf(const std::string& kind, bool html) {
 
 void RunSchedule(GlobalState& g, const Ports& ports, const ScheduleRequest& request, bool html, Vp& vp) {
     const PrintedSchedule schedule = LoadSchedule(g, ports, request);
+    const ReportFont chosen = vp.Font(); // a routine may take a smaller one
     vp.StartDoc();
     RoutineOf(request.kind, html)(schedule, vp);
     vp.EndDoc();
+    vp.Font(chosen);
 }
 
 } // namespace tvx

@@ -3,27 +3,23 @@
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "reports/page/ReportText.h"
+#include "reports/schedules/ShortGrid.h"
 
 #include <algorithm>
 #include <cmath>
 
 namespace tvx {
+
+using namespace short_grid;
+
 namespace {
 
-constexpr int UnitsAcross = 143;
-constexpr double LeftUnit = 2;
-constexpr int NameUnits = 30;
-constexpr int DayUnits = 16;
-constexpr int RightUnit = NameUnits + 7 * DayUnits; // 142
-constexpr double NameUnit = 2.2;
-constexpr double FiguresInDay = 15.5; // right edge of a day's figures in its column
-constexpr double WeekFiguresEdge = 29;
 constexpr double FigureDrop = 0.05; // of the figures below their line
 constexpr int LinesKeptFree = 4;
-constexpr double HeadLines = 5;    // the first block begins below these
-constexpr double RuleDrop = 0.2;   // of the text of a rule below its line, so that it stands clear of it
-constexpr double BlockEdge = 1.06; // where the rule then shows
-constexpr int NamesWithDetail = 5; // name options below this have a second line
+constexpr double RuleDrop = 1.06; // of a rule below the top of its line, clear of the texts on either side
+constexpr double MostOfName = NameUnits - NameUnit - 0.4; // clear of the line behind it
+constexpr double LabelUnits = DayUnits - 0.4;             // clear of the lines between the days
+constexpr int NamesWithDetail = 5;                        // name options below this have a second line
 constexpr int LastQuarter = 672;
 constexpr int RunsOn = 680; // stop of a bar that goes on after the seventh day
 constexpr Colour Grey = 0x808080;
@@ -39,9 +35,7 @@ double ColumnMiddle(int day) {
 } // namespace
 
 ShortSchedule::ShortSchedule(const SchedulePage& page, Vp& vp)
-    : page_(page), vp_(vp), unit_(vp.PageWidth() / UnitsAcross),
-      lineHeight_(std::max<Twips>(1, vp.TextHeight("V")) * 1.1),
-      capacity_(static_cast<int>(vp.PageHeight() / lineHeight_) - LinesKeptFree), rule_(UnderscoreRule(vp)) {}
+    : page_(page), vp_(vp), fit_(page, vp), unit_(vp.PageWidth() / UnitsAcross) {}
 
 Twips ShortSchedule::X(double units) const {
     return static_cast<Twips>(std::lround(units * unit_));
@@ -59,9 +53,20 @@ Twips ShortSchedule::BarX(int quarter) const {
     return X(quarter * DayUnits * 7.0 / LastQuarter + NameUnits);
 }
 
-void ShortSchedule::Begin() {
+void ShortSchedule::Measure(const PrintedPerson& person) {
+    fit_.Measure(person, RowsOf(person));
+}
+
+bool ShortSchedule::Begin() {
+    fitting_ = fit_.SetSize(vp_);
+    lineHeight_ = GridLine(vp_);
+    capacity_ = static_cast<int>(vp_.PageHeight() / lineHeight_) - LinesKeptFree;
     vp_.TextColor(WindowText);
-    Head();
+    if (fitting_ == Fitting::None)
+        DrawTooSmall(vp_);
+    else
+        Head();
+    return fitting_ != Fitting::None;
 }
 
 void ShortSchedule::Finish() {
@@ -73,29 +78,39 @@ void ShortSchedule::Finish() {
 // ---- the page ----
 
 void ShortSchedule::Head() {
-    TextCentredAt(vp_, vp_.PageWidth() / 2, Y(0), page_.title);
-    TextEndingAt(vp_, X(RightUnit), Y(0), "Page" + Str(vp_.CurrentPage()));
+    HeadLine();
     TextCentredAt(vp_, vp_.PageWidth() / 2, Y(1), page_.printedOn);
+    DrawFoot(vp_);
     vp_.PenWidth(1);
     vp_.DrawLine(X(LeftUnit), Y(3), X(RightUnit), Y(3));
     vp_.PenWidth(0);
-    const std::string& number = page_.weekNumbers[1];
-    if (!number.empty()) TextAt(vp_, X(3), Y(3.5), "Week of the year: " + number);
+    if (const std::string number = WeekOfYear(page_); !number.empty())
+        TextAt(vp_, X(WeekNumberUnit), Y(3.5), number);
     for (int d = 1; d <= 7; ++d) DayHead(d);
     line_ = HeadLines;
     Rule();
 }
 
+/// The title in the middle, the number of the page at the right.
+void ShortSchedule::HeadLine() {
+    const Twips middle = vp_.PageWidth() / 2;
+    const std::string number = "Page" + Str(vp_.CurrentPage());
+    const Twips free = X(RightUnit) - vp_.TextWidth("  " + number) - middle;
+    TextCentredAt(vp_, middle, Y(0), TitleIn(page_, vp_, 2 * free));
+    TextEndingAt(vp_, X(RightUnit), Y(0), number);
+}
+
 void ShortSchedule::DayHead(int d) {
+    const bool brief = fitting_ == Fitting::Cut;
     vp_.FontBold(true);
-    TextCentredAt(vp_, X(ColumnMiddle(d)), Y(3.5), page_.weekdays[d]);
+    TextCentredAt(vp_, X(ColumnMiddle(d)), Y(3.5), brief ? page_.shortWeekdays[d] : page_.weekdays[d]);
     vp_.FontBold(false);
     TextCentredAt(vp_, X(ColumnMiddle(d)), Y(4.5), page_.dates[d]);
 }
 
-/// Closes the present line across the page.
+/// Closes the present line across the grid.
 void ShortSchedule::Rule() {
-    TextAt(vp_, 0, Y(line_ + RuleDrop), rule_);
+    vp_.DrawLine(X(LeftUnit), Y(line_ + RuleDrop), X(RightUnit), Y(line_ + RuleDrop));
 }
 
 void ShortSchedule::NextPage() {
@@ -136,10 +151,10 @@ void ShortSchedule::Person(const PrintedPerson& person) {
 
 /// The rule below a block of some rows, and the lines between its days.
 void ShortSchedule::Close(int rows) {
-    const Twips top = Y(line_ + BlockEdge);
+    const Twips top = Y(line_ + RuleDrop);
     line_ += rows;
     Rule();
-    const Twips bottom = Y(line_ + BlockEdge);
+    const Twips bottom = Y(line_ + RuleDrop);
     for (int d = 0; d <= 8; ++d) {
         const Twips x = d == 0 ? X(LeftUnit) : X(ColumnLeft(d));
         vp_.DrawLine(x, top, x, bottom);
@@ -147,7 +162,7 @@ void ShortSchedule::Close(int rows) {
 }
 
 Twips ShortSchedule::NameRoom(const Block& block, double line) const {
-    Twips room = X(28);
+    Twips room = X(MostOfName);
     const auto leave = [&](bool asked, double figuresLine, const std::string& figure) {
         if (asked && figuresLine == line && !figure.empty())
             room = std::min(room, X(WeekFiguresEdge - NameUnit - 1) - vp_.TextWidth(figure));
@@ -159,23 +174,32 @@ Twips ShortSchedule::NameRoom(const Block& block, double line) const {
 
 void ShortSchedule::Name(const Block& block) {
     const std::string name = block.person.name1 + " " + block.person.name2;
-    TextAt(vp_, X(NameUnit), Y(line_ + 1.1), Fitted(vp_, name, NameRoom(block, line_ + 1)) + " ");
+    TextAt(vp_, X(NameUnit), Y(line_ + 1.1), Shortened(name, NameRoom(block, line_ + 1)) + " ");
     if (page_.options.NameOption < NamesWithDetail)
-        TextAt(vp_, X(NameUnit), Y(line_ + 2.1),
-               Fitted(vp_, block.person.detail, NameRoom(block, line_ + 2)));
+        TextAt(vp_, X(NameUnit), Y(line_ + 2.1), Shortened(block.person.detail, NameRoom(block, line_ + 2)));
+}
+
+std::string ShortSchedule::Shortened(const std::string& text, Twips room) const {
+    return fitting_ == Fitting::Cut ? WithEllipsis(vp_, text, room) : Fitted(vp_, text, room);
+}
+
+/// The text of a range; only the word for a day's last stop can be too long for its column.
+std::string ShortSchedule::InColumn(const std::string& range) const {
+    return fitting_ == Fitting::Cut ? WithEllipsis(vp_, range, X(DayUnits)) : range;
 }
 
 void ShortSchedule::Day(const Block& block, int d) {
     double row = line_ + (page_.options.PrintTimeBars ? 2 : 1);
     if (const std::string& label = block.person.labels[d]; !label.empty()) {
         vp_.FontBold(page_.IsDayOff(label));
-        TextCentredAt(vp_, X(ColumnMiddle(d)), Y(row + 0.1), Fitted(vp_, label, X(DayUnits)));
+        TextCentredAt(vp_, X(ColumnMiddle(d)), Y(row + 0.1), WithEllipsis(vp_, label, X(LabelUnits)));
         vp_.FontBold(false);
         ++row;
     }
     const int count = static_cast<int>(block.person.PrintRanges[d].size());
     for (int r = 1; r <= count; ++r, ++row)
-        TextCentredAt(vp_, X(ColumnMiddle(d)), Y(row + 0.1), RangeText(page_, block.person, d, r, true));
+        TextCentredAt(vp_, X(ColumnMiddle(d)), Y(row + 0.1),
+                      InColumn(RangeText(page_, block.person, d, r, true)));
 }
 
 /// Hours and wages on the last lines of a block: the wages on the last, the hours above them.
@@ -258,34 +282,21 @@ void ShortSchedule::Totals() {
 
 void ShortSchedule::DayTotals(int d) {
     double row = line_ + 1.1;
-    if (page_.PrintsHours())
-        TextEndingAt(vp_, FiguresEdge(d), Y(row++),
-                     page_.words.hours + HoursText(page_, sums_.DayTotalQuarters[d]));
-    if (page_.PrintsWages())
-        TextEndingAt(vp_, FiguresEdge(d), Y(row), page_.words.wages + Format(sums_.DayTotalWages[d], ".00"));
+    if (page_.PrintsHours()) TextEndingAt(vp_, FiguresEdge(d), Y(row++), DayTotalHours(page_, sums_, d));
+    if (page_.PrintsWages()) TextEndingAt(vp_, FiguresEdge(d), Y(row), DayTotalWages(page_, sums_, d));
 }
 
 void ShortSchedule::Note() {
-    const std::string time = CutoffText(page_);
     line_ += 1.2;
-    TextAt(vp_, X(LeftUnit), Y(line_),
-           "Note: Time and Wage statistics are between " + time + " and " + time + " the following day.");
-}
-
-void ShortSchedule::TotalLine(const std::string& label, const std::string& amount) {
-    ++line_;
-    TextEndingAt(vp_, X(RightUnit - DayUnits - 1), Y(line_ + 0.5), page_.words.whose + label);
-    TextEndingAt(vp_, X(RightUnit), Y(line_ + 0.5), amount);
+    TextAt(vp_, X(LeftUnit), Y(line_), CutoffNote(page_));
 }
 
 void ShortSchedule::WeekTotals() {
     vp_.FontBold(true);
-    if (page_.PrintsHours()) TotalLine(" total time:", HoursText(page_, sums_.PrintTotalQuarters));
-    if (page_.PrintsWages()) {
-        const TotalTexts money = MoneyTotals(page_, sums_, "##,##0.00");
-        TotalLine(" total wages:", money.wages);
-        TotalLine(" total salaries:", money.salaries);
-        TotalLine(" total compensation:", money.compensation);
+    for (const TotalText& total : WeekTotalTexts(page_, sums_)) {
+        ++line_;
+        TextEndingAt(vp_, X(TotalLabelsEdge), Y(line_ + 0.5), total.label);
+        TextEndingAt(vp_, X(RightUnit), Y(line_ + 0.5), total.amount);
     }
     vp_.FontBold(false);
 }
@@ -322,19 +333,14 @@ void ShortSchedule::Words(const std::string& label, const std::string& wages, co
 
 void ShortSchedule::Figures(const PrintedProductivity& figures) {
     vp_.TableBorder(TableBorders::BoxColumns);
-    Figure("", [this](int d) { return d == 0 ? "Week" : page_.shortWeekdays[d]; });
-    Figure("Sales", [&](int d) { return SalesText(figures, d); });
-    Figure("Transactions", [&](int d) { return TransactionsText(figures, d); });
-    Figure("Sales/hrs", [&](int d) { return SalesPerHour(figures, sums_, d); });
-    Figure("Transactions/hrs", [&](int d) { return TransactionsPerHour(figures, sums_, d); });
-    Figure("Labor %", [&](int d) { return LaborPercent(page_, sums_, d); });
+    for (const ProductivityRow& row : ProductivityRows(page_, figures, sums_)) Figure(row);
     vp_.TableBorder(TableBorders::None);
 }
 
-/// A row of a label, the week's figure, and the figures of the days.
-void ShortSchedule::Figure(const std::string& label, const std::function<std::string(int)>& textOf) {
-    std::vector<std::string> cells{label};
-    for (int d = 0; d <= 7; ++d) cells.push_back(textOf(d));
+/// A label, the week's figure, and the figures of the days.
+void ShortSchedule::Figure(const ProductivityRow& row) {
+    std::vector<std::string> cells{row.label};
+    for (int d = 0; d <= 7; ++d) cells.push_back(row.textOf(d));
     vp_.AddTable("<~14%|>~10.4%|>~10.8%|>~10.8%|>~10.8%|>~10.8%|>~10.8%|>~10.8%|>~10.8%;", cells);
 }
 
@@ -357,7 +363,7 @@ void ShortSchedule::Comments() {
 Twips ShortSchedule::CommentLine(Twips y, const std::string& text, bool bold, const std::string& heading) {
     const Twips top = Y(HeadLines + 1.5);
     const Twips height = vp_.TextHeight("Test");
-    if (y + height > vp_.PageHeight() && y > top) {
+    if (y + height > HeightAboveFoot(vp_) && y > top) {
         NextPage();
         y = top;
         if (!heading.empty()) y = CommentLine(y, heading + " Cont.....", true, "");
@@ -370,7 +376,8 @@ Twips ShortSchedule::CommentLine(Twips y, const std::string& text, bool bold, co
 
 void Print7day(const PrintedSchedule& schedule, Vp& vp) {
     ShortSchedule drawing(schedule.page, vp);
-    drawing.Begin();
+    for (const PrintedPerson& person : schedule.people) drawing.Measure(person);
+    if (!drawing.Begin()) return;
     for (const PrintedPerson& person : schedule.people) drawing.Person(person);
     drawing.Finish();
 }

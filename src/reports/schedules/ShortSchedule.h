@@ -3,8 +3,7 @@
 
 #include "platform/ports/Vp.h"
 #include "reports/schedules/SchedulePage.h"
-
-#include <functional>
+#include "reports/schedules/ShortScheduleFit.h"
 
 namespace tvx {
 
@@ -18,8 +17,12 @@ class ShortSchedule {
     ShortSchedule(const ShortSchedule&) = delete;
     ShortSchedule& operator=(const ShortSchedule&) = delete;
 
-    /// The head of the first page.
-    void Begin();
+    /// What a person needs of the paper. Everybody who is to be drawn is measured before Begin; who is not
+    /// may stand over his neighbours.
+    void Measure(const PrintedPerson& person);
+    /// Sets the size that fits and draws the head of the first page. False when the paper is too small, which
+    /// the page then says: nothing else is to be drawn.
+    bool Begin();
     /// A person's block, on the next page when this one has no room for it.
     void Person(const PrintedPerson& person);
     /// Totals, productivity and day comments, as far as they are asked for.
@@ -47,6 +50,8 @@ class ShortSchedule {
     void Need(double lines);
     /// What a name or its detail may take of a line: less where a figure of the week stands on it too.
     Twips NameRoom(const Block& block, double line) const;
+    /// A name or a detail shortened to its room.
+    std::string Shortened(const std::string& text, Twips room) const;
 
     const SchedulePage& page_;
     Vp& vp_;
@@ -56,12 +61,14 @@ class ShortSchedule {
     Twips FiguresEdge(int day) const;
     Twips BarX(int quarter) const;
     void Head();
+    void HeadLine();
     void DayHead(int day);
     void Rule();
     void NextPage();
 
     int RowsOf(const PrintedPerson& person) const;
     void Close(int rows);
+    std::string InColumn(const std::string& range) const;
     void Day(const Block& block, int day);
     void Foot(const Block& block);
     void WeekFigures(const Block& block);
@@ -74,22 +81,22 @@ class ShortSchedule {
     void Totals();
     void DayTotals(int day);
     void Note();
-    void TotalLine(const std::string& label, const std::string& amount);
     void WeekTotals();
 
     void ProductivityBlock(const PrintedProductivity& figures);
     void Includes(const Productivity& includes);
     void Words(const std::string& label, const std::string& wages, const std::string& salaries);
     void Figures(const PrintedProductivity& figures);
-    void Figure(const std::string& label, const std::function<std::string(int)>& textOf);
+    void Figure(const ProductivityRow& row);
 
     void Comments();
     Twips CommentLine(Twips y, const std::string& text, bool bold, const std::string& heading);
 
+    ShortScheduleFit fit_;
+    Fitting fitting_ = Fitting::Whole;
     Twips unit_;
-    double lineHeight_;
-    int capacity_;
-    std::string rule_;
+    double lineHeight_ = 1;
+    int capacity_ = 0;
     ScheduleSums sums_;
 };
 

@@ -132,9 +132,12 @@ std::string QuarterToClockText(int quarter, ClockStyle clockStyle) {
     return MinutesToClockText(minutes, clockStyle);
 }
 
+std::string WeekSpan(const Week& week) {
+    return ",  Week from " + week.WeekDateTexts[1] + "  to  " + week.WeekDateTexts[7];
+}
+
 std::string WeekTitle(const Department& department, const Week& week) {
-    return department.CurrentDepName + ",  Week from " + week.WeekDateTexts[1] + "  to  " +
-           week.WeekDateTexts[7];
+    return Isolated(department.CurrentDepName) + WeekSpan(week);
 }
 
 std::optional<Wage> WagesForQuarters(const Roster& roster, const Rights& rights, int employee,

@@ -53,6 +53,9 @@ std::string MinutesToClockText(int& minutes, ClockStyle clockStyle);
 /// The same for a quarter of the day, 0 to 192.
 std::string QuarterToClockText(int quarter, ClockStyle clockStyle);
 
+/// ",  Week from 1-Mar-2026  to  7-Mar-2026".
+std::string WeekSpan(const Week& week);
+
 /// "Bakery,  Week from 1-Mar-2026  to  7-Mar-2026".
 std::string WeekTitle(const Department& department, const Week& week);
 

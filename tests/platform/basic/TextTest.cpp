@@ -87,13 +87,6 @@ TEST(Left, gives_what_there_is) {
     EXPECT_EQ(Left("é€😀x", 3), "é€😀");
 }
 
-TEST(DropLastCharacter, takes_a_whole_character) {
-    EXPECT_EQ(DropLastCharacter("abc"), "ab");
-    EXPECT_EQ(DropLastCharacter("a😀"), "a");
-    EXPECT_EQ(DropLastCharacter("é"), "");
-    EXPECT_EQ(DropLastCharacter(""), "");
-}
-
 TEST(FixedWidth, pads_with_blanks_and_cuts) {
     EXPECT_EQ(FixedWidth("ab", 4), "ab  ");
     EXPECT_EQ(FixedWidth("abcdef", 4), "abcd");
@@ -155,7 +148,6 @@ TEST(Utf8, parts_of_any_bytes_make_up_the_whole) {
         const std::size_t count = CharacterCount(bytes);
         ASSERT_EQ(DecodeUtf8(bytes).size(), count);
         ASSERT_EQ(Left(bytes, count), bytes);
-        ASSERT_EQ(Left(bytes, count == 0 ? 0 : count - 1), DropLastCharacter(bytes));
         ASSERT_EQ(CharacterCount(UpperCase(bytes)), count);
         ASSERT_TRUE(bytes.starts_with(Left(bytes, 5)));
     }
@@ -173,6 +165,15 @@ TEST(EqualsNoCase, ignores_the_case_of_A_to_Z) {
 TEST(PlainComparison, goes_by_character_code) {
     const std::vector<std::string> ascending{"", "  ", "A", "AB", "B", "Z", "a", "\x7F", "é", "€", "😀"};
     EXPECT_TRUE(std::is_sorted(ascending.begin(), ascending.end()));
+}
+
+TEST(Isolated, keeps_the_direction_of_a_text_to_itself) {
+    EXPECT_EQ(Isolated("Bakery"), "Bakery") << "where nothing turns, nothing is added";
+    EXPECT_EQ(Isolated("Łódź 2"), "Łódź 2");
+    EXPECT_EQ(Isolated(""), "");
+    EXPECT_EQ(Isolated("מאפייה"), "\u2068מאפייה\u2069");
+    EXPECT_EQ(Isolated("North مخبز"), "\u2068North مخبز\u2069");
+    EXPECT_EQ(Isolated("a\u202Eb"), "\u2068a\u202Eb\u2069") << "a mark that turns what follows";
 }
 
 TEST(Split, gives_at_least_one_part) {

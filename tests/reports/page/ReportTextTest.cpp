@@ -1,5 +1,6 @@
 #include "reports/page/ReportText.h"
 
+#include "platform/basic/Text.h"
 #include "support/FixedMeasures.h"
 
 #include <gtest/gtest.h>
@@ -29,12 +30,23 @@ TEST_F(ReportTextTest, shortens_a_text_until_it_is_narrower_than_its_room) {
     EXPECT_EQ(Fitted(vp, "Anna", -5), "");
 }
 
-TEST_F(ReportTextTest, rules_a_page_with_as_many_underscores_as_fit) {
-    EXPECT_EQ(UnderscoreRule(vp), std::string(100, '_'));
-    VpDocument wide(measures, Paper{90000, 6000, 0});
-    EXPECT_EQ(UnderscoreRule(wide), std::string(300, '_')) << "at most 300";
-    VpDocument narrow(measures, Paper{50, 6000, 0});
-    EXPECT_EQ(UnderscoreRule(narrow), "");
+TEST_F(ReportTextTest, shortens_as_if_letters_were_taken_away_one_by_one) {
+    for (const std::string text : {"", "A", "Anna", "Žofie Čapková", "Featherstonehaugh"})
+        for (Twips room = -1; room < 20 * Letter; room += Letter / 2) {
+            std::string wanted = text;
+            while (!wanted.empty() && vp.TextWidth(wanted) >= room)
+                wanted = Left(wanted, CharacterCount(wanted) - 1);
+            EXPECT_EQ(Fitted(vp, text, room), wanted);
+        }
+}
+
+TEST_F(ReportTextTest, marks_a_cut_with_an_ellipsis) {
+    EXPECT_EQ(WithEllipsis(vp, "Anna", 5 * Letter), "Anna");
+    EXPECT_EQ(WithEllipsis(vp, "Anna", 4 * Letter), "An…") << "narrower, not as wide";
+    EXPECT_EQ(WithEllipsis(vp, "Anna Adams", 7 * Letter), "Anna…") << "no blank before it";
+    EXPECT_EQ(WithEllipsis(vp, "Anna", 2 * Letter), "…");
+    EXPECT_EQ(WithEllipsis(vp, "Anna", Letter), "");
+    EXPECT_EQ(WithEllipsis(vp, "", 0), "");
 }
 
 TEST_F(ReportTextTest, ends_a_line_of_a_memo_at_a_caret_and_at_a_line_end) {

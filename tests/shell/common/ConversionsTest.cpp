@@ -366,6 +366,8 @@ TEST(WeekTitle, names_the_department_and_both_ends_of_the_week) {
     week.WeekDateTexts[1] = "1-Mar-2026";
     week.WeekDateTexts[7] = "7-Mar-2026";
     EXPECT_EQ(WeekTitle(department, week), "Bakery,  Week from 1-Mar-2026  to  7-Mar-2026");
+    department.CurrentDepName = "מאפייה";
+    EXPECT_EQ(WeekTitle(department, week), "\u2068מאפייה\u2069,  Week from 1-Mar-2026  to  7-Mar-2026");
 }
 
 } // namespace

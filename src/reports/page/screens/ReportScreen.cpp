@@ -95,14 +95,18 @@ QPushButton* ReportScreen::AddPreviewButton(const char* name, const QString& cap
 void ReportScreen::BuildPreview() {
     vp_ = &Add<Preview>("vp", "Preview of the pages");
     Place(*vp_, 0, 0, 200, 200);
-    vp_->onPage = [this] { ShowPageNumber(); };
+    vp_->onPage = [this] {
+        ShowPageNumber();
+        ShowRemark();
+    };
     pageBack_ = AddPreviewButton("cmdPageBack", QStringLiteral("\u25C4"), "Page before");
     pageNumber_ = &Add<Label>("lblPage", "Page");
     pageNumber_->SetAlignment(Qt::AlignCenter);
+    remark_ = &Add<Label>("lblRemark", "About the pages");
     pageOn_ = AddPreviewButton("cmdPageOn", QStringLiteral("\u25BA"), "Next page");
     cmdCancelPreview = AddPreviewButton("cmdCancelPreview", QStringLiteral("&Cancel"), "");
     cmdPreviewPrint = AddPreviewButton("cmdPreviewPrint", QStringLiteral("&Print"), "");
-    for (QWidget* part : {static_cast<QWidget*>(vp_), static_cast<QWidget*>(pageNumber_)}) part->hide();
+    for (QWidget* part : std::initializer_list<QWidget*>{vp_, pageNumber_, remark_}) part->hide();
     for (QPushButton* part : {pageBack_, pageOn_, cmdCancelPreview, cmdPreviewPrint}) part->hide();
     On(*cmdPreviewPrint, &QPushButton::clicked, [this] { PrintFromPreview(); });
     On(*cmdCancelPreview, &QPushButton::clicked, [this] { ClosePreview(); });
@@ -120,6 +124,7 @@ void ReportScreen::PlacePreview() {
     Place(*pageBack_, 100, height - 720, 600, 390);
     Place(*pageNumber_, 750, height - 720, 1500, 390);
     Place(*pageOn_, 2300, height - 720, 600, 390);
+    Place(*remark_, 100, height - 310, FramesInPreview - 200, 300);
     Place(*Frame1, FramesInPreview, height - 1300, FontFrameWidth, FrameHeight);
     Place(*Frame2, FramesInPreview + FontFrameWidth + Gap, height - 1300, PaperFrameWidth, FrameHeight);
     Place(*cmdCancelPreview, width - 2400, height - 1200, 1100, 420);
@@ -133,6 +138,7 @@ void ReportScreen::ShowParts(bool preview) {
         part->setVisible(preview);
     vp_->setVisible(preview);
     pageNumber_->setVisible(preview);
+    remark_->setVisible(preview);
 }
 
 void ReportScreen::ShowPreview() {
@@ -163,6 +169,10 @@ void ReportScreen::ShowPageNumber() {
     pageNumber_->SetText("Page " + std::to_string(vp_->PageNumber()) + " of " + std::to_string(pages));
     pageBack_->setEnabled(vp_->PageNumber() > 1);
     pageOn_->setEnabled(vp_->PageNumber() < pages);
+}
+
+void ReportScreen::ShowRemark() {
+    remark_->SetText(desk_.Document().Remark());
 }
 
 void ReportScreen::PrintFromPreview() {

@@ -56,6 +56,7 @@ class ReportScreen : public Form, protected Report {
     void ShowParts(bool preview);
     void PaintSample(QPainter& painter) const;
     void ShowPageNumber();
+    void ShowRemark();
 
     ReportDesk desk_;
     QWidget* openedFrom_ = nullptr; // had the focus before the preview
@@ -67,6 +68,7 @@ class ReportScreen : public Form, protected Report {
     QPushButton* pageBack_ = nullptr;
     QPushButton* pageOn_ = nullptr;
     Label* pageNumber_ = nullptr;
+    Label* remark_ = nullptr; // of the document
 };
 
 constexpr Twips FrameHeight = 1080; // of Frame1 and Frame2

@@ -11,6 +11,8 @@
 namespace tvx {
 namespace {
 
+constexpr Paper Roomy{20000, 26000}; // any size fits
+
 class ReportFormTest : public ScheduleFormFixture {
   protected:
     std::string Font(const std::string& name, double size) {
@@ -52,6 +54,7 @@ TEST_F(ReportFormTest, opens_with_the_font_of_the_report_before_where_there_is_n
 }
 
 TEST_F(ReportFormTest, opens_in_Arial_9_portrait_in_a_fresh_run) {
+    printer.sheet = Roomy;
     Open("7DayShort");
     EXPECT_TRUE(Checked("optOrient(0)"));
     Click("cmdPrint");
@@ -69,6 +72,7 @@ TEST_F(ReportFormTest, does_not_open_in_bold) {
 }
 
 TEST_F(ReportFormTest, keeps_a_chosen_font_at_once) {
+    printer.sheet = Roomy;
     Open("7DayShort");
     store.prompt().WillChoose(ReportFont{"Liberation Mono", 10, true, true});
     Click("cmdFont");
@@ -313,10 +317,34 @@ TEST_F(ReportFormTest, stays_sharp_when_zoomed) {
     EXPECT_GT(sharp, 300);
 }
 
+TEST_F(ReportFormTest, tells_in_the_preview_and_on_the_page_at_which_size_the_report_is_drawn) {
+    g.reports.settings.font = {"Liberation Sans", 12};
+    Open("7DayShort");
+    Click("cmdPreview");
+    const auto& remark = Get<qt::Label>("lblRemark");
+    const std::string told = remark.text().toStdString();
+    EXPECT_EQ(told.find("Drawn at "), 0U) << told;
+    EXPECT_NE(told.find(" points so that everything fits"), std::string::npos) << told;
+    EXPECT_TRUE(remark.isVisible());
+    EXPECT_LE(remark.fontMetrics().horizontalAdvance(remark.text()), remark.width());
+    EXPECT_TRUE(form->rect().contains(remark.geometry()));
+    Click("cmdPreviewPrint");
+    EXPECT_TRUE(printer.Has(told));
+    EXPECT_FALSE(remark.isVisible());
+    EXPECT_EQ(g.reports.settings.font.size, 12) << "the chosen size stays";
+}
+
+TEST_F(ReportFormTest, tells_nothing_where_the_chosen_size_fits) {
+    g.reports.settings.font = {"Liberation Sans", 8};
+    Open("7DayShort");
+    Click("cmdPreview");
+    EXPECT_EQ(Get<qt::Label>("lblRemark").text(), "");
+}
+
 // ---- printing ----
 
 TEST_F(ReportFormTest, prints_on_the_sheet_of_the_printer) {
-    printer.sheet = Paper{8000, 8000, 0};
+    printer.sheet = Paper{11000, 8000, 0};
     Open("7DayLong");
     Click("cmdPrint");
     const int small = printer.pages;
