@@ -124,8 +124,8 @@ std::string DropDateText(const GlobalState& g, const Region& region, int day) {
 }
 
 std::string DropTitle(const Department& department, const Roster& roster, int employee) {
-    return department.CurrentDepName + ": " + roster.RosterName1[employee] + " " +
-           roster.RosterName2[employee];
+    return Isolated(department.CurrentDepName) + ": " +
+           Isolated(roster.RosterName1[employee] + " " + roster.RosterName2[employee]);
 }
 
 void DropDaytype(GlobalState& g, int employee, int day, int index) {

@@ -209,8 +209,8 @@ std::string DateHint(const GlobalState& g, const Ports& ports) {
 }
 
 std::string EmployeeTitle(const Department& d, bool adding) {
-    if (adding) return d.CurrentDepName + ": Add new " + d.EmployeeNameSingle;
-    return d.CurrentDepName + ": Change " + d.EmployeeNameSingle + " record";
+    if (adding) return Isolated(d.CurrentDepName) + ": Add new " + d.EmployeeNameSingle;
+    return Isolated(d.CurrentDepName) + ": Change " + d.EmployeeNameSingle + " record";
 }
 
 } // namespace tvx

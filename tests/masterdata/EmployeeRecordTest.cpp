@@ -527,6 +527,8 @@ TEST_F(EmployeeRecordTest, the_title_tells_department_and_task) {
     g.department.EmployeeNameSingle = "Associate";
     EXPECT_EQ(EmployeeTitle(g.department, true), "Bakery: Add new Associate");
     EXPECT_EQ(EmployeeTitle(g.department, false), "Bakery: Change Associate record");
+    g.department.CurrentDepName = "מאפייה";
+    EXPECT_EQ(EmployeeTitle(g.department, true), "\u2068מאפייה\u2069: Add new Associate");
 }
 
 } // namespace

@@ -11,6 +11,7 @@
 #include "masterdata/DaytypesRequest.h"
 #include "masterdata/ShiftsRequest.h"
 #include "masterdata/files/ShiftFile.h"
+#include "platform/basic/Text.h"
 #include "reports/schedules/SchedulesRequest.h"
 #include "shell/common/TVXMOD1.h"
 
@@ -38,7 +39,7 @@ MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, Screens& screens, F
     ConnectScrollBars();
     ConnectGrid();
     ShowCommands();
-    setWindowTitle(ToQString(g_.department.CurrentDepName + ", schedule (Untitled)"));
+    setWindowTitle(ToQString(Isolated(g_.department.CurrentDepName) + ", schedule (Untitled)"));
     setWindowState(Qt::WindowMaximized);
     resize(Pixels(g_.screen.ScreenWidth), Pixels(g_.screen.ScreenHeight));
 }
