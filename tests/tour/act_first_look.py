@@ -50,6 +50,7 @@ class FirstLook(Act):
         until_equal(lambda: console.department, "------ Example department ------", "the department")
         self.picture("console", window=console.window)
         assert len(self.station.visible("Tarvex")) == 1, "the splash is still there"
+        assert "Icon (48 x 48)" in self.station.screen.icons_of("Tarvex"), "the console has no icon"
 
     def _splash_is_painted(self):
         """Its colours stand in the middle of the screen, and the console, which is taller, does not show yet."""

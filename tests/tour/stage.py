@@ -48,6 +48,11 @@ class Screen:
     def environment(self):
         return dict(os.environ, DISPLAY=self.display, QT_QPA_PLATFORM="xcb")
 
+    def icons_of(self, title):
+        """What the window of that title tells the desktop about its icons."""
+        return subprocess.run(["xprop", "-name", title, "_NET_WM_ICON"], env=self.environment, capture_output=True,
+                              text=True, check=True).stdout
+
 
 class Stage:
     def __init__(self):

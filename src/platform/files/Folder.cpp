@@ -90,6 +90,11 @@ bool IsInstalled(const fs::path& folder) {
     return first == "usr" || first == "opt";
 }
 
+fs::path ShippedFolder(const fs::path& programsOwn) {
+    if (FindFile(programsOwn, "TVX.JAN")) return programsOwn;
+    return (programsOwn / "../share/tarvex").lexically_normal();
+}
+
 fs::path ProgramFolder(const fs::path& programsOwn, const fs::path& usersFolder,
                        const std::vector<std::string>& shipped) {
     if (IsOwn(programsOwn) && !IsInstalled(programsOwn) && CanWriteInto(programsOwn)) return programsOwn;

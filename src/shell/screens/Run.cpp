@@ -8,6 +8,7 @@
 #include "store/StoreTeller.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QStandardPaths>
 
 #include <filesystem>
@@ -18,15 +19,22 @@ namespace fs = std::filesystem;
 namespace tvx::qt {
 namespace {
 
-fs::path FolderOfProgram() {
-    return QCoreApplication::applicationDirPath().toStdU16String();
+fs::path FolderOfShipped() {
+    return ShippedFolder(QCoreApplication::applicationDirPath().toStdU16String());
+}
+
+QIcon ProgramIcon() {
+    QIcon icon;
+    for (const char* size : {"16", "32", "48", "256"})
+        icon.addFile(QStringLiteral(":/icons/tarvex-%1.png").arg(QLatin1String(size)));
+    return icon;
 }
 
 /// The folder of the side files and, by default, of the database.
 fs::path FindProgramFolder() {
     const fs::path users =
         QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation).toStdU16String() + u"/tarvex";
-    return ProgramFolder(FolderOfProgram(), users, {"TVX.JAN", "1.SFT"});
+    return ProgramFolder(FolderOfShipped(), users, {"TVX.JAN", "1.SFT"});
 }
 
 /// The start stands outside the event loop and its net. Nothing can be done without the console.
@@ -45,6 +53,9 @@ int RunTarvex(int count, char** arguments, const RunOptions& options) {
     Application application(count, arguments);
     QApplication::setApplicationName(QStringLiteral("Tarvex"));
     QApplication::setQuitOnLastWindowClosed(false); // the console ends the run
+    QApplication::setWindowIcon(ProgramIcon());
+    QApplication::setDesktopFileName(
+        QStringLiteral("tarvex")); // by it a desktop finds the entry of the program
     SetUpLook();
     InstallGridAccessibility();
 
@@ -55,7 +66,7 @@ int RunTarvex(int count, char** arguments, const RunOptions& options) {
     QtRegion region;
     QtScreen screen;
     QtInstance instance(g.paths.ProgramPath);
-    QtHelp help(FolderOfProgram() / "help");
+    QtHelp help(FolderOfShipped() / "help");
     StoreTeller teller(prompt);
     Ports ports{prompt, options.clock != nullptr ? *options.clock : clock, region, help, screen, instance,
                 teller};

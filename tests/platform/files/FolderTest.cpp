@@ -246,6 +246,14 @@ TEST_F(ProgramFolderTest, gets_later_what_was_missing_at_first) {
     EXPECT_EQ(test::ReadFile(users / "notes.txt"), "came with an update");
 }
 
+TEST(ShippedFolder, is_the_programs_own_or_the_shared_one_of_its_installation) {
+    const test::TempFolder folder;
+    fs::create_directories(folder / "usr/bin");
+    EXPECT_EQ(ShippedFolder(folder / "usr/bin"), folder / "usr/share/tarvex");
+    test::WriteFile(folder / "usr/bin/tvx.jan", "ready-made");
+    EXPECT_EQ(ShippedFolder(folder / "usr/bin"), folder / "usr/bin");
+}
+
 TEST_F(ProgramFolderTest, is_answered_even_when_it_cannot_be_made) {
     test::WriteFile(folder / "home", "a file in the way");
     EXPECT_EQ(AskInstalled(), users.string());
