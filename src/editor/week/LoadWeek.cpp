@@ -47,7 +47,8 @@ void TakeEmployee(Week& week, const Payroll& payroll, int e,
         const StoredDay& day = days[d];
         if (!day.found) continue;
         if (d < DaysInSpan) scheduled = true; // a row on day 8 alone belongs to the next week
-        week.DayTypeText[d][e] = UpperCase(day.dayType);
+        // Blanks are no symbol: they would sort first and differ from what their box shows.
+        week.DayTypeText[d][e] = Trim(day.dayType).empty() ? "" : UpperCase(day.dayType);
         week.DayOffFlag[d][e] = day.vacationDay && !dropDaysOff;
         PaintStoredDay(week, d, day.startsStops);
     }

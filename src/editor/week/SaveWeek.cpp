@@ -36,9 +36,11 @@ bool IsEmpty(const DayRow& wanted) {
     return wanted.dayType <= TwoBlanks && wanted.startsStops <= EmptyText;
 }
 
-/// A symbol that some other program wrote, wider than its field, stays as it stands: its capitals, as the
-/// week in memory has them, would be refused, and the whole week with them.
-void KeepWideSymbol(DayRow& wanted, const DayRow& stored) {
+/// Blanks, which the week in memory has as no symbol, stay as they stand. So does a symbol that some other
+/// program wrote, wider than its field: its capitals, as the week in memory has them, would be refused, and
+/// the whole week with them.
+void KeepStoredSymbol(DayRow& wanted, const DayRow& stored) {
+    if (wanted.dayType.empty() && Trim(stored.dayType).empty()) wanted.dayType = stored.dayType;
     if (CharacterCount(stored.dayType) > WidestSymbol && UpperCase(stored.dayType) == wanted.dayType)
         wanted.dayType = stored.dayType;
 }
@@ -65,7 +67,7 @@ void KeepStored(DayRow& wanted, const StoredDay& stored, const Roster& roster, i
 
 /// False when the row stands already as it is wanted.
 bool WriteDay(DayTable& table, const Roster& roster, int e, DayRow wanted, const StoredDay& stored) {
-    KeepWideSymbol(wanted, stored);
+    KeepStoredSymbol(wanted, stored);
     const bool empty = IsEmpty(wanted);
     if (!stored.found) {
         if (empty) return false;

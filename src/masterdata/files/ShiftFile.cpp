@@ -4,7 +4,9 @@
 #include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
 #include "platform/files/Folder.h"
+#include "platform/files/OldCodePage.h"
 #include "platform/files/SequentialFile.h"
+#include "platform/files/WholeFile.h"
 
 #include <algorithm>
 #include <utility>
@@ -22,7 +24,9 @@ constexpr int MostQuarters = 768; // a bar of any length that a week can hold
 /// Reads the values of the file one after another, as far as they make sense, and remembers whether all did.
 class ShiftReader {
   public:
-    explicit ShiftReader(const std::filesystem::path& file) : values_(file) {}
+    /// Files of older systems are in the code page of their time.
+    explicit ShiftReader(const std::filesystem::path& file)
+        : values_(SequentialReader::FromText(FromOldCodePage(ReadWholeFile(file, MostBytesOfSideFile)))) {}
 
     /// Adds the shifts that stand in the file. Throws FileError where the reading ends before the file does.
     void ReadInto(Shifts& shifts) {

@@ -42,9 +42,10 @@ std::string EncodePeriods(std::span<const Period> periods) {
 
 WeekAbsences DecodeAbsences(std::string_view availStart, std::string_view availStop) {
     WeekAbsences absences{};
-    if (availStart.size() < AbsencesPerWeek || availStop.size() < AbsencesPerWeek) return absences;
+    if (availStart.empty() || availStop.size() < AbsencesPerWeek) return absences;
+    const bool startsKnown = availStart.size() >= AbsencesPerWeek; // else they are read as blanks: midnight
     for (std::size_t i = 0; i < AbsencesPerWeek; ++i)
-        absences[i] = {QuarterAt(availStart, i), QuarterAt(availStop, i)};
+        absences[i] = {startsKnown ? QuarterAt(availStart, i) : 0, QuarterAt(availStop, i)};
     return absences;
 }
 

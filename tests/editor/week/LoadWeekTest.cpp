@@ -157,7 +157,7 @@ TEST_F(LoadWeekTest, reads_daytypes_in_capitals) {
     EXPECT_EQ(g.week.DayTypeText[1][1], "V1");
     EXPECT_EQ(g.week.DayTypeText[2][1], "\xC3\x89");
     EXPECT_EQ(g.week.DayTypeText[3][2], "X");
-    EXPECT_EQ(g.week.DayTypeText[4][2], "  ");
+    EXPECT_EQ(g.week.DayTypeText[4][2], "") << "blanks are none";
     EXPECT_EQ(g.week.DayTypeText[5][2], "");
     EXPECT_EQ(g.week.DayTypeText[1][2], "");
 }

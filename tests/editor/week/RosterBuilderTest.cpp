@@ -443,12 +443,14 @@ TEST(DecodeAvailability, reads_a_start_at_midnight_and_looks_only_at_the_stop) {
     EXPECT_EQ(DecodedOf(r, 1), (Decoded{1, {{96, 97}}}));
 }
 
-TEST(DecodeAvailability, takes_shorter_texts_for_no_absence) {
+TEST(DecodeAvailability, takes_shorter_starts_for_midnight_and_shorter_stops_for_no_absence) {
     const auto [starts, stops] = Texts({{2, 1, 36, 68}});
     Roster r = RosterOf(1);
     for (std::size_t length = 0; length < 28; ++length) {
         DecodeAvailability(starts.substr(0, length), stops, r, 1);
-        EXPECT_EQ(r.AvailabilityCount[1], 0) << length;
+        EXPECT_EQ(r.AvailabilityCount[1], length == 0 ? 0 : 1) << length;
+        EXPECT_TRUE(length == 0 || r.AvailabilityStarts[1][1] == 96) << length;
+        EXPECT_TRUE(length == 0 || r.AvailabilityStops[1][1] == 96 + 68) << length;
         DecodeAvailability(starts, stops.substr(0, length), r, 1);
         EXPECT_EQ(r.AvailabilityCount[1], 0) << length;
     }

@@ -127,6 +127,15 @@ TEST_F(SaveWeekTest, a_daytype_of_blanks_counts_as_none) {
     }
 }
 
+TEST_F(SaveWeekTest, blanks_in_the_place_of_a_daytype_stay_as_they_were_stored) {
+    store.PutDay(Sunday, adams, StartsStops({{36, 68}}), " ");
+    store.PutDay(Sunday + 1, adams, StartsStops({{36, 68}}), "  ");
+    store.OpenWeek(Sunday);
+    ASSERT_TRUE(Save());
+    EXPECT_EQ(store.Rows(), (std::vector<std::string>{"46082|1| |9:00am-5:00pm|8|10|W|0",
+                                                      "46083|1|  |9:00am-5:00pm|8|10|W|0"}));
+}
+
 TEST_F(SaveWeekTest, an_empty_week_writes_nothing) {
     store.OpenWeek(Sunday);
     EXPECT_TRUE(Save());

@@ -119,6 +119,14 @@ TEST_F(ShiftFileTest, is_found_in_any_spelling_and_kept_in_it) {
 
 // ---- reading ----
 
+TEST_F(ShiftFileTest, of_an_old_code_page_shows_its_letters_and_is_written_in_UTF_8) {
+    test::WriteFile(folder / "3.SFT", "\"Fr\xFChst\xFC"
+                                      "ck \x96 5 \x80\"\r\n1\r\n16\r\n48\r\n");
+    EXPECT_EQ(Told(Load()), "Frühstück – 5 €: 16-48\n");
+    Write(ReadStoredShifts(folder.Path(), 3));
+    EXPECT_EQ(Content(), "\"Frühstück – 5 €\"\r\n1\r\n16\r\n48\r\n");
+}
+
 TEST_F(ShiftFileTest, that_is_missing_means_no_shift) {
     Shifts shifts;
     Put(shifts, "Of another department", {{1, 2}});
@@ -140,7 +148,9 @@ TEST_F(ShiftFileTest, comes_back_as_it_was_written) {
             Bars bars;
             for (std::int64_t k = random.Whole(0, MostShiftBars); k > 0; --k)
                 bars.emplace_back(random.Whole(0, 96), random.Whole(0, 768));
-            Put(shifts, "N" + std::to_string(100 + shifts.ShiftCount) + random.TextOf("ab ,;'|é", 12) + "x",
+            Put(shifts,
+                "N" + std::to_string(100 + shifts.ShiftCount) + random.TextOf("ab ,;'|", 12) +
+                    (random.Chance(50) ? "é" : "x"),
                 bars);
         }
         Write(shifts);

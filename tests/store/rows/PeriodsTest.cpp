@@ -94,10 +94,23 @@ TEST(DecodeAbsences, gives_four_places_a_day_from_sunday_on) {
     EXPECT_EQ(EncodeAbsenceStops(absences), stops);
 }
 
-TEST(DecodeAbsences, finds_nothing_when_one_of_the_texts_is_too_short) {
+TEST(DecodeAbsences, reads_starts_that_are_too_short_as_blanks_and_keeps_the_bars) {
+    std::string stops(28, ' ');
+    stops[0] = '@';
+    stops[27] = '\x80';
+    for (const std::string& starts : {std::string("dddd"), std::string(27, 'd'), std::string(" ")}) {
+        const WeekAbsences absences = DecodeAbsences(starts, stops);
+        EXPECT_EQ(absences[0], (Period{0, 32}));
+        EXPECT_EQ(absences[27], (Period{0, 96}));
+        EXPECT_FALSE(absences[1].IsUsed());
+    }
+}
+
+TEST(DecodeAbsences, finds_nothing_without_stops_or_without_any_start) {
     const std::string whole(28, 'd');
-    EXPECT_EQ(DecodeAbsences(whole.substr(1), whole), WeekAbsences{});
     EXPECT_EQ(DecodeAbsences(whole, whole.substr(1)), WeekAbsences{});
+    EXPECT_EQ(DecodeAbsences(whole, ""), WeekAbsences{});
+    EXPECT_EQ(DecodeAbsences("", whole), WeekAbsences{});
     EXPECT_EQ(DecodeAbsences("", ""), WeekAbsences{});
     EXPECT_NE(DecodeAbsences(whole, whole), WeekAbsences{});
 }
