@@ -109,13 +109,25 @@ bool IsYear(const DateWord& word) {
     return word.isNumber && (word.digits >= 3 || word.value > 31);
 }
 
+/// A month beside one number: the first of that month of a year, or a day of the present year.
+std::optional<DaySerial> MonthAndNumber(int month, const DateWord& number, int presentYear) {
+    return number.digits >= 3 ? Build(number.value, month, 1) : Build(presentYear, month, number.value);
+}
+
+std::optional<DaySerial> TwoNumbers(const DateWord& first, const DateWord& second, DateOrder order,
+                                    int presentYear) {
+    if (second.digits >= 3) return MonthAndNumber(first.value, second, presentYear);
+    if (first.digits >= 3) return MonthAndNumber(second.value, first, presentYear);
+    return MonthOrDayFirst(presentYear, first.value, second.value, order);
+}
+
 std::optional<DaySerial> WithMonthName(const std::vector<DateWord>& words, std::size_t name, DateOrder order,
                                        int presentYear) {
     std::vector<DateWord> numbers;
     for (std::size_t i = 0; i < words.size(); ++i)
         if (i != name) numbers.push_back(words[i]);
     const int month = words[name].value;
-    if (numbers.size() == 1) return Build(presentYear, month, numbers[0].value);
+    if (numbers.size() == 1) return MonthAndNumber(month, numbers[0], presentYear);
     // "26-Apr-12" is of 2026 where people put the year first; nobody writes a year in one digit.
     const bool yearInFront = order == DateOrder::YearMonthDay && name == 1 && numbers[0].digits >= 2;
     if (IsYear(numbers[0]) || (yearInFront && !IsYear(numbers[1])))
@@ -124,7 +136,7 @@ std::optional<DaySerial> WithMonthName(const std::vector<DateWord>& words, std::
 }
 
 std::optional<DaySerial> AllNumbers(const std::vector<DateWord>& words, DateOrder order, int presentYear) {
-    if (words.size() == 2) return MonthOrDayFirst(presentYear, words[0].value, words[1].value, order);
+    if (words.size() == 2) return TwoNumbers(words[0], words[1], order, presentYear);
     if (IsYear(words[0]) || (order == DateOrder::YearMonthDay && !IsYear(words[2])))
         return MonthOrDayFirst(words[0].value, words[1].value, words[2].value, DateOrder::YearMonthDay);
     return MonthOrDayFirst(words[2].value, words[0].value, words[1].value, order);

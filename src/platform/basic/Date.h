@@ -68,8 +68,8 @@ std::array<std::string, 13> ReadableShortMonths(const CalendarNames& names);
 /// "-", "/", "." or ",", with the month as a number or a name of `names` (a short or full name, or the first
 /// three or more letters of a full one, case ignored). Numeric parts follow `order`; an order that cannot be
 /// is tried with day and month the other way round; a first part of three or more digits is a year, and so is
-/// one of two digits before the name of a month where the year comes first. Nothing for other texts, a bare
-/// number included.
+/// one of two digits before the name of a month where the year comes first. A month beside a year of three or
+/// more digits is the first of that month. Nothing for other texts, a bare number included.
 std::optional<DaySerial> ParseDate(std::string_view text, DateOrder order, const CalendarNames& names,
                                    DaySerial today);
 

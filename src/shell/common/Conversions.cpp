@@ -3,6 +3,7 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 
@@ -14,6 +15,14 @@ constexpr double LastSerial = 2958465;  // 31 December 9999
 
 bool YearComesFirst(std::string_view dateFormatSetting) {
     return dateFormatSetting == "YYYY-MM-DD";
+}
+
+/// Is the text one number as a whole: a sign, digits, at most one point?
+bool IsOneNumber(std::string_view text) {
+    if (text.starts_with('-') || text.starts_with('+')) text.remove_prefix(1);
+    const bool digits = text.find_first_of("0123456789") != std::string_view::npos;
+    return digits && text.find_first_not_of("0123456789.") == std::string_view::npos &&
+           std::count(text.begin(), text.end(), '.') <= 1;
 }
 
 std::string PadLeft(std::string text, std::size_t width) {
@@ -55,7 +64,7 @@ std::optional<DaySerial> DateValue(std::string_view text, const Region& region, 
 std::optional<DaySerial> TypedDate(std::string_view text, const Region& region, DaySerial today) {
     const std::string trimmed = Trim(text);
     if (const auto date = DateValue(trimmed, region, today)) return date;
-    const double number = Val(trimmed);
+    const double number = IsOneNumber(trimmed) ? Val(trimmed) : 0;
     const bool inCalendar = number >= FirstSerial && number <= LastSerial;
     if (number == 0 || !inCalendar || CharacterCount(trimmed) >= 7) return std::nullopt;
     return static_cast<DaySerial>(Int(number));

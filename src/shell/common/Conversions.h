@@ -20,8 +20,8 @@ namespace tvx {
 /// A date in display form by `dateFormatSetting`: "5-Mar-2026", or "2026-Mar-5" when the year comes first.
 std::string DateText(DaySerial serial, std::string_view dateFormatSetting, const Region& region);
 
-/// A date that a person typed; nothing when it is none. A number of fewer than 7 characters that is not 0
-/// and no date by itself is taken as a day serial, of the years 100 to 9999.
+/// A date that a person typed; nothing when it is none. A text that is one number as a whole, of fewer than 7
+/// characters, not 0 and no date by itself, is taken as a day serial, of the years 100 to 9999.
 std::optional<DaySerial> TypedDate(std::string_view text, const Region& region, DaySerial today);
 
 /// The same in display form; "" when it is no date.

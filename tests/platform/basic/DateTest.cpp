@@ -267,6 +267,12 @@ TEST(ParseDate, takes_two_digits_before_a_month_for_the_year_where_the_year_come
     EXPECT_EQ(Read("Apr-12-26", DateOrder::YearMonthDay), "2026-04-12");
 }
 
+TEST(ParseDate, takes_a_month_and_a_year_as_the_first_of_that_month) {
+    for (const auto order : {DateOrder::MonthDayYear, DateOrder::DayMonthYear, DateOrder::YearMonthDay})
+        for (const char* text : {"5/2026", "5-2026", "2026/5", "2026.05", "May 2026", "2026-May"})
+            EXPECT_EQ(Read(text, order), "2026-05-01") << text;
+}
+
 TEST(ParseDate, finds_no_date_in_other_texts) {
     constexpr const char* texts[] = {
         "",
@@ -292,6 +298,11 @@ TEST(ParseDate, finds_no_date_in_other_texts) {
         "Marchy 5 2026",
         "3/5/026x",
         "99/99/99",
+        "4/31",
+        "2/30",
+        "13/2026",
+        "0/2026",
+        "5/20260",
     };
     for (const char* text : texts) EXPECT_EQ(Read(text, DateOrder::MonthDayYear), "none") << text;
 }
