@@ -42,6 +42,7 @@ class QtRegion : public Region {
     explicit QtRegion(const QLocale& locale = QLocale::system());
     const CalendarNames& Names() const override { return names_; }
     std::string Language() const override { return locale_.bcp47Name().toStdString(); }
+    int DecimalSign() const override { return locale_.decimalPoint().at(0).unicode(); }
     DateOrder ShortDateOrder() const override { return order_; }
     std::string ShortDate(DaySerial serial) const override;
     std::string LongDate(DaySerial serial) const override;

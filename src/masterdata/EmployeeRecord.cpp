@@ -4,9 +4,11 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
+#include "shell/common/AmountKeys.h"
 #include "shell/common/Conversions.h"
 #include "store/Troubles.h"
 #include "store/rows/EmployeeRow.h"
+#include "store/rows/Schema.h"
 
 #include <algorithm>
 
@@ -50,10 +52,14 @@ std::string EmployeeRow::*TextOfBox(int index) {
     return texts[static_cast<std::size_t>(index)];
 }
 
+void ShowPay(EmployeeRecord& record, const EmployeeRow& row) {
+    record.Text2[box_of::Pay] = NormalizedPay(row.pay);
+    record.hourly = row.wageOrSal != 0;
+}
+
 void ShowTexts(EmployeeRecord& record, const EmployeeRow& row) {
     for (int i = 1; i <= box_of::Last; ++i)
         if (const auto text = TextOfBox(i)) record.Text2[i] = row.*text;
-    record.Text2[box_of::Pay] = NormalizedPay(row.pay);
     record.hireDate = row.hireDate;
     record.birthDate = row.birthDate;
 }
@@ -82,15 +88,34 @@ EmployeeRow RowOf(const EmployeeRecord& record, const Department& department) {
     return row;
 }
 
-void WriteRecord(const Store& store, const Department& department, const EmployeeRecord& record) {
+/// Returns the key.
+int WriteRow(dao::Database& database, const EmployeeRow& row, bool payHidden) {
+    if (row.key == 0) return AddEmployeeRow(database, row);
+    if (payHidden)
+        ChangeEmployeeRowButPay(database, row);
+    else
+        ChangeEmployeeRow(database, row);
+    return row.key;
+}
+
+/// False, and nothing is written, when no number is left for an addition.
+bool WriteRecord(const Store& store, const Department& department, const EmployeeRecord& record) {
     EmployeeRow row = RowOf(record, department);
     dao::Transaction transaction(store.Open());
-    if (record.key == 0)
-        row.key = AddEmployeeRow(store.Open(), row);
-    else
-        ChangeEmployeeRow(store.Open(), row);
+    row.key = WriteRow(store.Open(), row, record.payHidden);
+    if (record.key == 0 && row.key > GreatestEmployeeKey) return false;
     const auto written = FindEmployeeRow(store.Open(), row.key);
     transaction.Commit([&] { return FindEmployeeRow(store.Open(), row.key) == written; });
+    return true;
+}
+
+SaveResult TellNoNumberLeft(Prompt& prompt, const Department& department) {
+    prompt.Beep();
+    prompt.MsgBox("Could not add this " + department.EmployeeNameSingle + ".\n\n" +
+                      department.EmployeeNamePlural +
+                      " are numbered from 1 to 32,767, and the last number has been given.",
+                  box::Ok, "No number left...");
+    return SaveResult::Refused;
 }
 
 } // namespace
@@ -124,14 +149,16 @@ EmployeeRecord NewEmployeeRecord(const Options& options) {
     return record;
 }
 
-EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& application, int employeeKey) {
+EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& application,
+                                  const Rights& rights, int employeeKey) {
     const std::optional<EmployeeRow> row = FindEmployeeRow(store.Open(), employeeKey);
     if (!row) throw dao::DaoError(dao::error::NoCurrentRecord, "No current record.");
     EmployeeRecord record;
     record.key = row->key;
     ShowTexts(record, *row);
+    record.payHidden = rights.HideWages;
+    if (!record.payHidden) ShowPay(record, *row);
     record.comments = row->comments;
-    record.hourly = row->wageOrSal != 0;
     record.active = row->active;
     record.laborOption = LaborOptionOf(row->laborType);
     record.barColor = ColorOf(row->barColor, application.options);
@@ -151,7 +178,7 @@ SaveResult SaveEmployeeRecord(const Store& store, const Department& department, 
         return SaveResult::Incomplete;
     }
     try {
-        WriteRecord(store, department, record);
+        if (!WriteRecord(store, department, record)) return TellNoNumberLeft(ports.prompt, department);
     } catch (const dao::DaoError& trouble) {
         TellTrouble(ports.prompt, TroubleOf(Occasion::Saving, trouble, department.EmployeeNameSingle));
         return SaveResult::Refused;
@@ -159,15 +186,11 @@ SaveResult SaveEmployeeRecord(const Store& store, const Department& department, 
     return SaveResult::Saved;
 }
 
-int FilterEmployeeKey(int index, int code, const std::string& text) {
-    constexpr int Backspace = 8;
-    constexpr int Enter = 13;
+int FilterEmployeeKey(int index, int code, const std::string& text, int decimalSign) {
     constexpr int DoubleQuote = 34;
     if (code == DoubleQuote) return 0;
     if (index == box_of::State && code >= 'a' && code <= 'z') return code - 32;
-    if (index != box_of::Pay || code == Backspace || code == Enter || (code >= '0' && code <= '9'))
-        return code;
-    return code == '.' && text.find('.') == std::string::npos ? code : 0;
+    return index == box_of::Pay ? FilterAmountKey(code, text, decimalSign) : code;
 }
 
 int BoxAfterEnter(int index, bool hideWages) {

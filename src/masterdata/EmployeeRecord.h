@@ -44,10 +44,11 @@ const std::array<EmployeeBox, box_of::Last + 1>& EmployeeBoxes();
 /// What the screen holds.
 struct EmployeeRecord {
     int key = 0;                                     // of the stored record; 0 for a new one
-    std::array<std::string, box_of::Last + 1> Text2; // [1..16], empty for the two dates
+    std::array<std::string, box_of::Last + 1> Text2; // [1..16], empty for the two dates and a hidden pay
     std::optional<DaySerial> hireDate;
     std::optional<DaySerial> birthDate;
     std::string comments;
+    bool payHidden = false; // neither pay nor its kind is here: a change keeps those that are stored
     bool hourly = true;
     bool active = true;
     int laborOption = 0; // 0 full time, 1 part time, 2 student, 3 other; -1 none chosen
@@ -60,20 +61,22 @@ struct EmployeeRecord {
 /// An empty record with the options' bar colour.
 EmployeeRecord NewEmployeeRecord(const Options& options);
 
-/// The stored record of an employee. Throws DaoError; 3021 when it is gone.
-EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& application, int employeeKey);
+/// The stored record of an employee, as far as the rights let it be seen. Throws DaoError; 3021 when it is
+/// gone.
+EmployeeRecord LoadEmployeeRecord(const Store& store, const ApplicationState& application,
+                                  const Rights& rights, int employeeKey);
 
 /// Keys of the whole department in the order of last names, inactive people included. Throws DaoError.
 std::vector<int> EmployeeKeys(const Store& store, const Department& department);
 
 /// Adds the record to the current department, or writes it to the stored record of its key, in one
-/// transaction, with the boxes of any refusal.
+/// transaction, with the boxes of any refusal. Refuses an addition when all numbers for employees are given.
 SaveResult SaveEmployeeRecord(const Store& store, const Department& department, Ports& ports,
                               const EmployeeRecord& record);
 
-/// The key rule of a box: 0 drops the key. The double quote is dropped everywhere; pay takes digits, one
-/// point and backspace; the state's letters become capitals. `text` is what the box holds.
-int FilterEmployeeKey(int index, int code, const std::string& text);
+/// The key rule of a box: 0 drops the key. The double quote is dropped everywhere; pay takes what an amount
+/// takes (FilterAmountKey); the state's letters become capitals. `text` is what the box holds.
+int FilterEmployeeKey(int index, int code, const std::string& text, int decimalSign);
 
 /// The box that Enter, or an arrow up (-1) or down (1), leads to from a box; the same box when to none. With
 /// pay hidden its box is passed over.

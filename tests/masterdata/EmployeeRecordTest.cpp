@@ -31,7 +31,7 @@ class EmployeeRecordTest : public testing::Test {
         store.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "700", .hourly = false});
         other.Open(store.folder / "TVX.MDB");
     }
-    EmployeeRecord Load(int key) { return LoadEmployeeRecord(g.store, g.application, key); }
+    EmployeeRecord Load(int key) { return LoadEmployeeRecord(g.store, g.application, g.rights, key); }
     SaveResult Add(EmployeeRecord record) {
         record.key = 0;
         return SaveEmployeeRecord(g.store, g.department, store.ports(), record);
@@ -112,30 +112,39 @@ TEST(EmployeeBoxes, are_called_as_on_paper) {
 // ---- keys ----
 
 TEST(FilterEmployeeKey, refuses_the_double_quote_in_every_box) {
-    for (int box = 1; box <= box_of::Last; ++box) EXPECT_EQ(FilterEmployeeKey(box, '"', ""), 0) << box;
+    for (int box = 1; box <= box_of::Last; ++box) EXPECT_EQ(FilterEmployeeKey(box, '"', "", '.'), 0) << box;
 }
 
 TEST(FilterEmployeeKey, passes_every_other_character_in_a_free_box) {
     for (const int code : {8, 13, 32, 39, 65, 97, 124, 126, 0xE9, 0x1F950})
-        EXPECT_EQ(FilterEmployeeKey(box_of::LastName, code, ""), code);
+        EXPECT_EQ(FilterEmployeeKey(box_of::LastName, code, "", '.'), code);
 }
 
 TEST(FilterEmployeeKey, takes_digits_and_one_point_as_pay) {
     for (int code = 1; code < 300; ++code) {
         const bool passes = code == 8 || code == 13 || (code >= '0' && code <= '9') || code == '.';
-        EXPECT_EQ(FilterEmployeeKey(box_of::Pay, code, "7"), passes ? code : 0) << code;
+        EXPECT_EQ(FilterEmployeeKey(box_of::Pay, code, "7", '.'), passes ? code : 0) << code;
     }
-    EXPECT_EQ(FilterEmployeeKey(box_of::Pay, '.', "7.2"), 0);
-    EXPECT_EQ(FilterEmployeeKey(box_of::Pay, '.', "."), 0);
+    EXPECT_EQ(FilterEmployeeKey(box_of::Pay, '.', "7.2", '.'), 0);
+    EXPECT_EQ(FilterEmployeeKey(box_of::Pay, '.', ".", '.'), 0);
+}
+
+TEST(FilterEmployeeKey, enters_the_point_of_a_pay_for_the_decimal_sign_of_the_country) {
+    EXPECT_EQ(FilterEmployeeKey(box_of::Pay, ',', "15", ','), '.');
+    EXPECT_EQ(FilterEmployeeKey(box_of::Pay, '.', "15", ','), '.');
+    EXPECT_EQ(FilterEmployeeKey(box_of::Pay, ',', "15.5", ','), 0);
+    EXPECT_EQ(FilterEmployeeKey(box_of::Pay, ',', "15", '.'), 0);
+    EXPECT_EQ(FilterEmployeeKey(box_of::Pay, 0x66B, "15", 0x66B), '.') << "Arabic";
+    EXPECT_EQ(FilterEmployeeKey(box_of::City, ',', "", ','), ',');
 }
 
 TEST(FilterEmployeeKey, makes_capitals_of_the_letters_of_a_state_alone) {
-    EXPECT_EQ(FilterEmployeeKey(box_of::State, 'a', ""), 'A');
-    EXPECT_EQ(FilterEmployeeKey(box_of::State, 'z', ""), 'Z');
-    EXPECT_EQ(FilterEmployeeKey(box_of::State, '`', ""), '`');
-    EXPECT_EQ(FilterEmployeeKey(box_of::State, '{', ""), '{');
-    EXPECT_EQ(FilterEmployeeKey(box_of::State, 'Q', ""), 'Q');
-    EXPECT_EQ(FilterEmployeeKey(box_of::City, 'a', ""), 'a');
+    EXPECT_EQ(FilterEmployeeKey(box_of::State, 'a', "", '.'), 'A');
+    EXPECT_EQ(FilterEmployeeKey(box_of::State, 'z', "", '.'), 'Z');
+    EXPECT_EQ(FilterEmployeeKey(box_of::State, '`', "", '.'), '`');
+    EXPECT_EQ(FilterEmployeeKey(box_of::State, '{', "", '.'), '{');
+    EXPECT_EQ(FilterEmployeeKey(box_of::State, 'Q', "", '.'), 'Q');
+    EXPECT_EQ(FilterEmployeeKey(box_of::City, 'a', "", '.'), 'a');
 }
 
 TEST(BoxAfterEnter, goes_on_and_from_the_last_to_the_first) {
@@ -252,6 +261,43 @@ TEST_F(EmployeeRecordTest, a_last_name_is_needed) {
     }
     EXPECT_EQ(store.prompt().Beeps(), 2);
     EXPECT_EQ(RowsOf(store.db(), "Employee", {"Employee"}).size(), 2U);
+}
+
+TEST_F(EmployeeRecordTest, nobody_is_added_beyond_the_last_number) {
+    const auto give = [&](int key) {
+        test::RunAsAnotherProgram(store.db(), "UPDATE Employee SET Employee = " + std::to_string(key) +
+                                                  " WHERE [Last name] = 'Brown'");
+    };
+    give(32766);
+    EXPECT_EQ(Add(Named("Clark")), SaveResult::Saved);
+    g.department.EmployeeNameSingle = "Associate";
+    g.department.EmployeeNamePlural = "Associates";
+    store.prompt().Expect(
+        "Could not add this Associate.\n\nAssociates are numbered from 1 to 32,767, and the "
+        "last number has been given.",
+        0, "No number left...");
+    EXPECT_EQ(Add(Named("Dale")), SaveResult::Refused);
+    EXPECT_FALSE(store.db().InTransaction());
+    EXPECT_EQ(RowsOf(store.db(), "Employee", {"Last name"}),
+              (std::vector<std::string>{"Adams", "Brown", "Clark"}));
+    EXPECT_EQ(Change(Load(32767)), SaveResult::Saved);
+}
+
+TEST_F(EmployeeRecordTest, a_hidden_pay_is_not_loaded_and_stays_as_it_is_stored) {
+    Put(adams, "Pay", std::string("61.4372"));
+    Put(adams, "Wage or Sal", std::int64_t{0});
+    g.rights.HideWages = true;
+    EmployeeRecord record = Load(adams);
+    EXPECT_EQ(record.Text2[box_of::Pay], "");
+    record.Text2[box_of::Phone] = "555";
+    Put(adams, "Pay", std::string("62.5")); // another workstation, meanwhile
+    EXPECT_EQ(Change(record), SaveResult::Saved);
+    EXPECT_EQ(StoredText(adams, "Pay"), "62.5");
+    EXPECT_EQ(StoredText(adams, "Wage or Sal"), "0");
+    EXPECT_EQ(StoredText(adams, "Phone"), "555");
+    Put(adams, "Pay", dao::Null{});
+    EXPECT_EQ(Change(record), SaveResult::Saved);
+    EXPECT_EQ(StoredText(adams, "Pay"), "(null)");
 }
 
 TEST_F(EmployeeRecordTest, equal_ids_are_taken) {

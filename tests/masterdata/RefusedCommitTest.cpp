@@ -37,7 +37,7 @@ bool SaveNewEmployee(test::TestStore& store, int version) {
 }
 
 bool SaveAdams(test::TestStore& store, int version) {
-    EmployeeRecord record = LoadEmployeeRecord(store.g.store, store.g.application, 1);
+    EmployeeRecord record = LoadEmployeeRecord(store.g.store, store.g.application, store.g.rights, 1);
     record.Text2[box_of::FirstName] = "New" + std::to_string(version);
     return SaveEmployeeRecord(store.g.store, store.g.department, store.ports(), record) == SaveResult::Saved;
 }

@@ -94,8 +94,10 @@ class ScriptedClock : public Clock {
 class ScriptedRegion : public Region {
   public:
     explicit ScriptedRegion(DateOrder order = DateOrder::MonthDayYear) : order_(order) {}
+    int decimalSign = '.';
     const CalendarNames& Names() const override { return EnglishNames(); }
     std::string Language() const override { return "en"; }
+    int DecimalSign() const override { return decimalSign; }
     DateOrder ShortDateOrder() const override { return order_; }
     std::string ShortDate(DaySerial serial) const override;
     std::string LongDate(DaySerial serial) const override;

@@ -37,8 +37,9 @@ void EmployeeForm::ReadKeys() {
 }
 
 void EmployeeForm::LoadRecord() {
-    const EmployeeRecord record = adding_ ? NewEmployeeRecord(g_.application.options)
-                                          : LoadEmployeeRecord(g_.store, g_.application, selectedEmployee_);
+    const EmployeeRecord record =
+        adding_ ? NewEmployeeRecord(g_.application.options)
+                : LoadEmployeeRecord(g_.store, g_.application, g_.rights, selectedEmployee_);
     setWindowTitle(ToQString(EmployeeTitle(g_.department, adding_)));
     Command2->setVisible(!adding_);
     Command3->setVisible(!adding_);
@@ -71,6 +72,7 @@ void EmployeeForm::ShowRecord(const EmployeeRecord& record) {
 EmployeeRecord EmployeeForm::Record() const {
     EmployeeRecord record;
     record.key = key_;
+    record.payHidden = g_.rights.HideWages;
     for (const auto& [index, box] : Text2)
         if (!dates.Has(index)) record.Text2[index] = box->Text();
     record.hireDate = dates[box_of::HireDate].Date();
@@ -182,8 +184,13 @@ void EmployeeForm::ShowUnderAgeNotice() {
 
 void EmployeeForm::ConnectBox(int index) {
     TextBox& box = Text2[index];
-    box.rule = [=, this](int code) { return FilterEmployeeKey(index, code, Text2[index].TextSoFar()); };
-    box.onRefused = [this](int) { Changed(); };
+    box.rule = [=, this](int code) {
+        return FilterEmployeeKey(index, code, Text2[index].TextSoFar(), ports_.region.DecimalSign());
+    };
+    box.onRefused = [=, this](int code) {
+        if (index == box_of::Pay && code == ',') ports_.prompt.Beep();
+        Changed();
+    };
     box.onEdited = [this] { Changed(); };
     box.onEnter = [=, this] {
         Changed();

@@ -15,6 +15,8 @@ class Region {
     virtual const CalendarNames& Names() const = 0;
     /// The language as web pages name it: "en", "de-CH".
     virtual std::string Language() const = 0;
+    /// The character between whole and decimals: '.' or ',' as a rule.
+    virtual int DecimalSign() const = 0;
     /// The order of the parts in the system's short date.
     virtual DateOrder ShortDateOrder() const = 0;
     /// The system's short date: 3/5/2026.

@@ -11,16 +11,20 @@ namespace {
 constexpr const char* Table = "Employee";
 constexpr const char* Key = "Seq";
 
-/// What a person edits.
-struct PersonFields {
+/// What a person edits who may not see the pay.
+struct UnpaidFields {
     using Row = EmployeeRow;
     static void Of(auto& row, auto&& field) {
+        OfName(row, field);
+        OfRest(row, field);
+    }
+    static void OfName(auto& row, auto&& field) {
         field("Last name", row.lastName);
         field("First name", row.firstName);
         field("ID", row.id);
         field("Assignment", row.assignment);
-        field("Pay", row.pay);
-        field("Wage or Sal", row.wageOrSal);
+    }
+    static void OfRest(auto& row, auto&& field) {
         field("Active", row.active);
         OfAddress(row, field);
         field("Comments", row.comments);
@@ -43,6 +47,17 @@ struct PersonFields {
         field("Emergency phone", row.emergencyPhone);
         field("Page/Cell phone", row.cellPhone);
         field("Soc Sec number", row.socSecNumber);
+    }
+};
+
+/// What a person edits.
+struct PersonFields {
+    using Row = EmployeeRow;
+    static void Of(auto& row, auto&& field) {
+        UnpaidFields::OfName(row, field);
+        field("Pay", row.pay);
+        field("Wage or Sal", row.wageOrSal);
+        UnpaidFields::OfRest(row, field);
     }
 };
 
@@ -87,6 +102,15 @@ dao::Recordset Seek(dao::Database& database, int key) {
     dao::Recordset set = rows::OpenTable(database, Table, Key);
     set.Seek({std::int64_t{key}});
     return set;
+}
+
+template <typename Fields>
+void Change(dao::Database& database, const EmployeeRow& row) {
+    dao::Recordset set = Seek(database, row.key);
+    if (set.NoMatch()) throw dao::DaoError(dao::error::RecordDeleted, "Record is deleted.");
+    set.Edit();
+    rows::Record<Fields>(set).Write(row);
+    set.Update();
 }
 
 } // namespace
@@ -152,11 +176,11 @@ int AddEmployeeRow(dao::Database& database, const EmployeeRow& row) {
 }
 
 void ChangeEmployeeRow(dao::Database& database, const EmployeeRow& row) {
-    dao::Recordset set = Seek(database, row.key);
-    if (set.NoMatch()) throw dao::DaoError(dao::error::RecordDeleted, "Record is deleted.");
-    set.Edit();
-    rows::Record<PersonFields>(set).Write(row);
-    set.Update();
+    Change<PersonFields>(database, row);
+}
+
+void ChangeEmployeeRowButPay(dao::Database& database, const EmployeeRow& row) {
+    Change<UnpaidFields>(database, row);
 }
 
 bool DeleteEmployeeRow(dao::Database& database, int key) {

@@ -75,6 +75,8 @@ std::int64_t CountEmployees(const dao::Database& database);
 int AddEmployeeRow(dao::Database& database, const EmployeeRow& row);
 /// Writes everything but the department. Throws 3167 when the employee is gone.
 void ChangeEmployeeRow(dao::Database& database, const EmployeeRow& row);
+/// The same, but pay and its kind stay as they are stored.
+void ChangeEmployeeRowButPay(dao::Database& database, const EmployeeRow& row);
 /// False when the employee was gone already.
 bool DeleteEmployeeRow(dao::Database& database, int key);
 /// Deletes everybody of a department by one statement. Returns their keys, ascending.

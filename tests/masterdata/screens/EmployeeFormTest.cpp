@@ -6,6 +6,7 @@
 #include "support/OtherWorkstation.h"
 #include "support/Rows.h"
 
+#include <QAccessible>
 #include <QMenu>
 
 #include <gtest/gtest.h>
@@ -145,6 +146,41 @@ TEST_F(EmployeeFormTest, hides_the_pay_where_wages_are_hidden) {
     EXPECT_EQ(Stored(1, "Pay"), "7.25");
 }
 
+/// Everything that assistive tools are told of a control and of what stands on it.
+std::string Spoken(QAccessibleInterface* control) {
+    std::string told;
+    if (control == nullptr) return told;
+    for (const auto kind :
+         {QAccessible::Name, QAccessible::Value, QAccessible::Description, QAccessible::Help})
+        told += control->text(kind).toStdString() + "\n";
+    if (auto* text = control->textInterface())
+        told += text->text(0, text->characterCount()).toStdString() + "\n";
+    for (int i = 0; i < control->childCount(); ++i) told += Spoken(control->child(i));
+    return told;
+}
+
+TEST_F(EmployeeFormTest, a_hidden_pay_reaches_no_control) {
+    g.rights.HideWages = true;
+    store.SetEmployee(1, "Pay", std::string("63.75"));
+    store.SetEmployee(1, "Wage or Sal", std::int64_t{0});
+    Change(1);
+    std::string everything = Spoken(QAccessible::queryAccessibleInterface(form.get()));
+    EXPECT_NE(everything.find("Adams"), std::string::npos) << "the tree is there";
+    for (const auto* box : form->findChildren<QLineEdit*>()) everything += box->text().toStdString() + "\n";
+    for (const auto* control : form->findChildren<QWidget*>())
+        everything += control->toolTip().toStdString() + control->whatsThis().toStdString();
+    for (const char* digit : {"63", "75", "64"})
+        EXPECT_EQ(everything.find(digit), std::string::npos) << digit;
+    EXPECT_EQ(Box(5).Text(), "");
+    EXPECT_FALSE(Chosen("Option3D2(2)"));
+    for (int i = 1; i <= 16; ++i) test::Press(*form, Qt::Key_Return);
+    Enter(1, "Addams");
+    test::Click(*form, "Command3D1");
+    EXPECT_EQ(Stored(1, "Last name"), "Addams");
+    EXPECT_EQ(Stored(1, "Pay"), "63.75");
+    EXPECT_EQ(Stored(1, "Wage or Sal"), "0");
+}
+
 TEST_F(EmployeeFormTest, help_opens_its_topic) {
     Add();
     test::Click(*form, "Command3D3");
@@ -212,6 +248,25 @@ TEST_F(EmployeeFormTest, pay_takes_digits_and_one_point_however_they_come) {
         way(Box(5), "$1a2.5.-0\"");
         EXPECT_EQ(Box(5).Text(), "12.50");
     }
+}
+
+TEST_F(EmployeeFormTest, pay_takes_the_decimal_sign_of_the_country_as_its_point) {
+    store.script.region.decimalSign = ',';
+    Add();
+    for (const auto& way : {test::TypeAny, test::Paste, test::Drop, test::Compose}) {
+        Box(5).clear();
+        Box(5).setFocus();
+        way(Box(5), "15,5");
+        EXPECT_EQ(Box(5).Text(), "15.5");
+    }
+    EXPECT_EQ(Left(5, "15,50"), "15.50");
+    EXPECT_EQ(store.prompt().Beeps(), 0);
+}
+
+TEST_F(EmployeeFormTest, pay_beeps_at_a_comma_that_is_no_decimal_sign) {
+    Add();
+    EXPECT_EQ(Left(5, "15,5"), "155.00");
+    EXPECT_EQ(store.prompt().Beeps(), 1);
 }
 
 TEST_F(EmployeeFormTest, pay_is_an_amount_after_leaving_its_box) {
