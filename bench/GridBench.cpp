@@ -6,6 +6,7 @@
 #include "editor/lanes/LaneView.h"
 #include "editor/lanes/screens/PaintDrawing.h"
 #include "editor/screens/MainEditorForm.h"
+#include "support/TempFolder.h"
 #include "support/TestStore.h"
 
 #include <QApplication>
@@ -13,7 +14,6 @@
 #include <QMouseEvent>
 #include <QPainter>
 
-#include <fstream>
 #include <memory>
 
 namespace tvx::bench {
@@ -147,10 +147,11 @@ void DragPair(const std::shared_ptr<Editor>& editor) {
 } // namespace tvx::bench
 
 int main(int count, char** arguments) {
-    const std::string screen = "tarvex-screen.json";
-    std::ofstream(screen)
-        << R"({"screens":[{"name":"s","x":0,"y":0,"width":3840,"height":2160,"logicalDpi":96,)"
-        << R"("logicalBaseDpi":96,"dpr":1}]})";
+    const tvx::test::TempFolder folder;
+    const std::string screen = (folder / "screen.json").string();
+    tvx::test::WriteFile(screen,
+                         R"({"screens":[{"name":"s","x":0,"y":0,"width":3840,"height":2160,"logicalDpi":96,)"
+                         R"("logicalBaseDpi":96,"dpr":1}]})");
     qputenv("QT_QPA_PLATFORM", QByteArray("offscreen:configfile=") + screen.c_str());
     int none = 1;
     const QApplication application(none, arguments);
