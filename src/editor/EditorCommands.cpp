@@ -92,22 +92,22 @@ Commands Table::SortMenu(const Question& oneDepartment) {
 }
 
 Commands Table::PrintMenu() const {
-    const auto schedules = [this](const char* kind) { return Does(&EditorActions::OpenSchedules, kind); };
+    const auto schedules = [this](ScheduleKind kind) { return Does(&EditorActions::OpenSchedules, kind); };
     return {
         {.name = "PrintSched", .parent = "MenuBar", .caption = " &Print schedules", .shown = OneDepartment()},
         {.name = "BarChart", .parent = "PrintSched", .caption = "&Bar Charts schedule "},
         {.name = "NoLaser",
          .parent = "PrintSched",
          .caption = "&Seven day schedule, Long format",
-         .run = schedules("7DayLong")},
+         .run = schedules(ScheduleKind::Long)},
         {.name = "One",
          .parent = "PrintSched",
          .caption = "Selected " + g_.department.EmployeeNamePlural + " seven day schedule",
-         .run = schedules("SelectedEmployees")},
+         .run = schedules(ScheduleKind::Selected)},
         {.name = "Graphbased",
          .parent = "PrintSched",
          .caption = "&Department seven day schedule",
-         .run = schedules("7DayShort")},
+         .run = schedules(ScheduleKind::Short)},
         {.name = "OneEmpl",
          .parent = "PrintSched",
          .caption = "One " + g_.department.EmployeeNameSingle,

@@ -3,6 +3,7 @@
 
 #include "editor/lanes/LineMenu.h"
 #include "platform/ports/MenuBar.h"
+#include "shell/state/ScheduleKind.h"
 #include "shell/state/TVXGLOB.h"
 
 namespace tvx {
@@ -16,8 +17,7 @@ class EditorActions : public LineActions {
     virtual void LeaveEditor() = 0;
     virtual void PickDaytype() = 0;
     virtual void PickShift() = 0;
-    /// `kind` as in SchedulesRequest.
-    virtual void OpenSchedules(const char* kind) = 0;
+    virtual void OpenSchedules(ScheduleKind kind) = 0;
     virtual void TellHowToSeeOneWeek() = 0;
     virtual void ShowTotalsBox() = 0;
     virtual void ToggleAvailability() = 0;

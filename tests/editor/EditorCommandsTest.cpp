@@ -19,7 +19,7 @@ class NotedActions : public EditorActions {
     void LeaveEditor() override { noted.emplace_back("LeaveEditor"); }
     void PickDaytype() override { noted.emplace_back("PickDaytype"); }
     void PickShift() override { noted.emplace_back("PickShift"); }
-    void OpenSchedules(const char* kind) override { noted.push_back(std::string("Schedules ") + kind); }
+    void OpenSchedules(ScheduleKind kind) override { noted.push_back("Schedules " + TextOf(kind)); }
     void TellHowToSeeOneWeek() override { noted.emplace_back("TellHowToSeeOneWeek"); }
     void ShowTotalsBox() override { noted.emplace_back("ShowTotalsBox"); }
     void ToggleAvailability() override { noted.emplace_back("ToggleAvailability"); }

@@ -76,7 +76,7 @@ class ScheduleFormFixture : public testing::Test {
         LoadDayTypes(g.store, 1, g.daytypes);
     }
 
-    qt::ScheduleForm& Open(const std::string& kind) {
+    qt::ScheduleForm& Open(ScheduleKind kind) {
         form = std::make_unique<qt::ScheduleForm>(g, store.ports(), printer, SchedulesRequest{kind}, nullptr);
         form->ShowModeless();
         return *form;

@@ -206,7 +206,7 @@ void MainEditorForm::PasteStoredShift(int index) {
     FocusRow(g_.cursor.CurrentRow);
 }
 
-void MainEditorForm::OpenSchedules(const char* kind) {
+void MainEditorForm::OpenSchedules(ScheduleKind kind) {
     screens_.Open(SchedulesRequest{kind}, *this);
     FocusRow(g_.cursor.LastFocusRow);
 }

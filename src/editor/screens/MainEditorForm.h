@@ -71,7 +71,7 @@ class MainEditorForm : public Form, private EditorActions {
     void ToggleHeadcount() override;
     void ShowTotalsBox() override;
     void ShowHelp(int topic) override;
-    void OpenSchedules(const char* kind) override;
+    void OpenSchedules(ScheduleKind kind) override;
     void TellHowToSeeOneWeek() override;
     void PickDaytype() override;
     void PickShift() override;

@@ -62,7 +62,7 @@ PrintedPerson LoadPerson(const GlobalState& g, const SchedulePage& page, NameDet
 
 /// The employees of a run, in the order of the page.
 std::vector<int> Chosen(const GlobalState& g, const ReportOptions& options, const ScheduleRequest& request) {
-    if (request.kind == "SelectedEmployees") return request.picked;
+    if (request.kind == ScheduleKind::Selected) return request.picked;
     std::vector<int> chosen;
     for (int position = 1; position <= g.roster.EmployeeCount; ++position) {
         const int e = g.roster.RowOrder[position];

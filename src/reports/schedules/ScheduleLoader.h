@@ -4,13 +4,14 @@
 #include "platform/ports/Ports.h"
 #include "platform/ports/Vp.h"
 #include "reports/schedules/SchedulePage.h"
+#include "shell/state/ScheduleKind.h"
 #include "shell/state/TVXGLOB.h"
 
 namespace tvx {
 
 /// What a run of a schedule is asked for beside the options that last.
 struct ScheduleRequest {
-    std::string kind = "7DayShort"; // "7DayLong", "7DayShort" or "SelectedEmployees"
+    ScheduleKind kind = ScheduleKind::Short;
     bool lastStop = false;          // a word stands for the last stop of a day
     std::string openWord = " Open"; // that word; "_____" stands for a blank one
     bool productivity = false;

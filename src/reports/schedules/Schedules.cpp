@@ -9,10 +9,15 @@ namespace {
 
 using Routine = void (*)(const PrintedSchedule& schedule, Vp& vp);
 
-Routine RoutineOf(const std::string& kind, bool html) {
-    if (kind == "7DayShort") return html ? PrintShortScheduleHTML : Print7day;
-    if (kind == "SelectedEmployees") return html ? PrintSelectedSchedulesHTML : PrintSelectedSchedules;
-    return html ? PrintLongScheduleHTML : PrintLongSchedule;
+Routine RoutineOf(ScheduleKind kind, bool html) {
+    switch (kind) {
+    case ScheduleKind::Short:
+        return html ? PrintShortScheduleHTML : Print7day;
+    case ScheduleKind::Selected:
+        return html ? PrintSelectedSchedulesHTML : PrintSelectedSchedules;
+    default:
+        return html ? PrintLongScheduleHTML : PrintLongSchedule;
+    }
 }
 
 } // namespace

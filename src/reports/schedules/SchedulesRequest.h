@@ -1,7 +1,7 @@
 // What the seven-day schedules are opened for.
 #pragma once
 
-#include <string>
+#include "shell/state/ScheduleKind.h"
 
 namespace tvx {
 
@@ -9,7 +9,7 @@ struct SchedulesAnswer {};
 
 struct SchedulesRequest {
     using Answer = SchedulesAnswer;
-    std::string kind; // "7DayLong", "7DayShort" or "SelectedEmployees"
+    ScheduleKind kind = ScheduleKind::Short;
 };
 
 } // namespace tvx

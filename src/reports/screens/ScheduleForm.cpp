@@ -17,9 +17,9 @@ namespace {
 
 constexpr int SaveSpaceOption = 5;
 
-std::string_view ExtensionOf(const std::string& kind) {
-    if (kind == "7DayLong") return report_file::Long;
-    return kind == "SelectedEmployees" ? report_file::Selected : report_file::Short;
+std::string_view ExtensionOf(ScheduleKind kind) {
+    if (kind == ScheduleKind::Long) return report_file::Long;
+    return kind == ScheduleKind::Selected ? report_file::Selected : report_file::Short;
 }
 
 /// The productivity figures make sense only in a week that has some.
@@ -29,7 +29,7 @@ bool HasFigures(const DepartmentFigures& figures) {
            std::any_of(figures.DailyTransactions.begin(), figures.DailyTransactions.end(), above);
 }
 
-DeskSettings SettingsOf(GlobalState& g, const std::string& kind) {
+DeskSettings SettingsOf(GlobalState& g, ScheduleKind kind) {
     return {g.reports.settings,
             ReportSettingsPath(g.paths, g.department.CurrentDepNumber, ExtensionOf(kind))};
 }

@@ -40,11 +40,11 @@ class ScheduleForm : public OptionFrames {
     void SaveHtml();
     void EnterHtml();
     ScheduleRequest Request() const;
-    bool IsShort() const { return kind_ == "7DayShort"; }
-    bool IsSelected() const { return kind_ == "SelectedEmployees"; }
+    bool IsShort() const { return kind_ == ScheduleKind::Short; }
+    bool IsSelected() const { return kind_ == ScheduleKind::Selected; }
 
     GlobalState& g_;
-    std::string kind_;
+    ScheduleKind kind_;
     bool HtmlMode = false;  // the run goes to a web page
     bool SaveSpace = false; // was asked for when that began
 

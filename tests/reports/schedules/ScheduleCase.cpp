@@ -43,12 +43,17 @@ int Quarters(const std::string& text) {
     return Number(parts.at(0)) * 4 + Number(parts.at(1)) / 15;
 }
 
+ScheduleKind KindIn(const std::string& word) {
+    for (const auto kind : {ScheduleKind::Short, ScheduleKind::Long, ScheduleKind::Selected})
+        if (TextOf(kind) == word) return kind;
+    throw std::runtime_error("no kind of schedule: " + word);
+}
+
 /// Reads the lines of one file into a case.
 class CaseReader {
   public:
     explicit CaseReader(ScheduleCase& made) : made_(made), g_(made.store.g) {
         made_.store.AddDepartment("Bakery", 100, 1, 3);
-        made_.request.kind = "7DayShort";
         verbs_ = {
             {"department", [this](const std::string& v) { g_.department.CurrentDepName = v; }},
             {"week of", [this](const std::string& v) { date_ = SerialOf(v); }},
@@ -65,7 +70,7 @@ class CaseReader {
              [this](const std::string& v) {
                  g_.application.options.TimeFormat = v == "60" ? TimeFormat::Minutes : TimeFormat::Hundredths;
              }},
-            {"kind", [this](const std::string& v) { made_.request.kind = v; }},
+            {"kind", [this](const std::string& v) { made_.request.kind = KindIn(v); }},
             {"output", [this](const std::string& v) { made_.html = v == "web page"; }},
             {"lines on a page", [this](const std::string& v) { lines_ = Number(v); }},
             {"print", [this](const std::string& v) { TakePrint(Parts(v, ',')); }},
@@ -115,7 +120,7 @@ class CaseReader {
         for (std::size_t i = 0; i < order_.size(); ++i) g_.roster.RowOrder[i + 1] = EmployeeOf(order_[i]);
         SumWeek(WritableWeek(g_), PayrollOf(g_), g_.cursor.CurrentDay);
         constexpr Twips GridLine = 220;
-        made_.paper = {made_.request.kind == "7DayShort" ? 14300 : 16000, lines_ * GridLine, 0};
+        made_.paper = {made_.request.kind == ScheduleKind::Short ? 14300 : 16000, lines_ * GridLine, 0};
     }
 
   private:

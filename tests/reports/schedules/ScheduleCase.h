@@ -19,7 +19,7 @@ struct ScheduleCase {
     Paper paper; // without margins: the printable area itself
 
     /// Units across the page: 143 for the short schedule, 80 for the others.
-    int UnitsAcross() const { return request.kind == "7DayShort" ? 143 : 80; }
+    int UnitsAcross() const { return request.kind == ScheduleKind::Short ? 143 : 80; }
 };
 
 /// Reads the input of a case. Throws std::runtime_error with the line that it cannot read. README.md beside

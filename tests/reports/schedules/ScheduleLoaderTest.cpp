@@ -32,7 +32,7 @@ class ScheduleLoaderTest : public testing::Test {
     }
     PrintedPerson Person(int e) {
         ScheduleRequest one = request;
-        one.kind = "SelectedEmployees";
+        one.kind = ScheduleKind::Selected;
         one.picked = {e};
         return LoadSchedule(g, store.ports(), one).people.at(0);
     }

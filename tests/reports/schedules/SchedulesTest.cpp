@@ -18,7 +18,7 @@ namespace tvx {
 namespace {
 
 constexpr DaySerial Sunday = 46082; // 1 March 2026
-constexpr const char* Kinds[] = {"7DayShort", "7DayLong", "SelectedEmployees"};
+constexpr ScheduleKind Kinds[] = {ScheduleKind::Short, ScheduleKind::Long, ScheduleKind::Selected};
 
 /// A document that counts how often it was closed.
 class ClosedDocument : public VpDocument {
@@ -49,14 +49,14 @@ class SchedulesTest : public testing::Test {
         g.figures.DayMemoText[2] = "Delivery at six. Two trucks.";
         g.totals.SalesDays = 1;
     }
-    ScheduleRequest Request(const char* kind) const {
+    ScheduleRequest Request(ScheduleKind kind) const {
         ScheduleRequest request;
         request.kind = kind;
         request.productivity = true;
         for (int e = 1; e <= g.roster.EmployeeCount; ++e) request.picked.push_back(e);
         return request;
     }
-    void Run(const char* kind, bool html, Vp& document) {
+    void Run(ScheduleKind kind, bool html, Vp& document) {
         RunSchedule(g, store.ports(), Request(kind), html, document);
     }
     /// All texts of a document, each once for each time that it stands there.
@@ -83,17 +83,17 @@ class SchedulesTest : public testing::Test {
     }
 };
 
-std::string Name(const char* kind, bool html) {
-    return std::string(kind) + (html ? " as a web page" : " on paper");
+std::string Name(ScheduleKind kind, bool html) {
+    return TextOf(kind) + (html ? " as a web page" : " on paper");
 }
 
 TEST_F(SchedulesTest, close_their_document_once_or_twice_and_it_is_the_same) {
     Open(3);
-    for (const char* kind : Kinds)
+    for (const ScheduleKind kind : Kinds)
         for (const bool html : {false, true}) {
             ClosedDocument document(measures, Paper{16000, 14000, 0});
             Run(kind, html, document);
-            EXPECT_EQ(document.closed, std::string(kind) == "7DayLong" ? 2 : 1) << Name(kind, html);
+            EXPECT_EQ(document.closed, kind == ScheduleKind::Long ? 2 : 1) << Name(kind, html);
             EXPECT_FALSE(document.IsOpen());
         }
 }
@@ -101,7 +101,7 @@ TEST_F(SchedulesTest, close_their_document_once_or_twice_and_it_is_the_same) {
 TEST_F(SchedulesTest, of_a_week_are_the_same_the_second_time) {
     Open(20);
     test::WritableWeek(g).DayOffFlag[3][5] = test::WritableWeek(g).DayOffFlag[4][6] = true;
-    for (const char* kind : Kinds)
+    for (const ScheduleKind kind : Kinds)
         for (const bool html : {false, true}) {
             Run(kind, html, vp);
             const auto first = Texts();
@@ -112,7 +112,7 @@ TEST_F(SchedulesTest, of_a_week_are_the_same_the_second_time) {
 
 TEST_F(SchedulesTest, leave_the_week_unsaved_and_unsaid) {
     Open(5);
-    for (const char* kind : Kinds) Run(kind, false, vp);
+    for (const ScheduleKind kind : Kinds) Run(kind, false, vp);
     EXPECT_FALSE(g.week.WeekChanged);
     EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
     EXPECT_TRUE(store.prompt().Boxes().empty());
@@ -123,7 +123,7 @@ TEST_F(SchedulesTest, of_nobody_have_one_page) {
     test::WritableWeek(g).Resize(0);
     test::WritableWeek(g).WeekStartJulian = Sunday;
     g.reports.options = {0, 1, 1, 1, 0, true, true};
-    for (const char* kind : Kinds)
+    for (const ScheduleKind kind : Kinds)
         for (const bool html : {false, true}) {
             Run(kind, html, vp);
             EXPECT_EQ(vp.PageCount(), 1) << Name(kind, html);
@@ -134,20 +134,21 @@ TEST_F(SchedulesTest, of_nobody_have_one_page) {
 TEST_F(SchedulesTest, of_2000_people_have_everybody_once_and_inside_the_page) {
     Open(2000);
     g.reports.options.NameOption = 0;
-    for (const char* kind : {"7DayShort", "7DayLong"}) {
+    for (const ScheduleKind kind : {ScheduleKind::Short, ScheduleKind::Long}) {
         Run(kind, false, vp);
         const auto texts = Texts();
-        const bool shortKind = std::string(kind) == "7DayShort";
+        const bool shortKind = kind == ScheduleKind::Short;
         for (int e = 1; e <= g.roster.EmployeeCount; ++e) {
             const std::string name = shortKind ? g.roster.RosterName1[e] + " " + g.roster.RosterName2[e] + " "
                                                : g.roster.RosterName1[e] + ", " + g.roster.RosterName2[e];
-            ASSERT_EQ(texts.count(name), 1U) << kind << name;
+            ASSERT_EQ(texts.count(name), 1U) << TextOf(kind) << name;
         }
         for (int page = 1; page <= vp.PageCount(); ++page)
             for (const PageOperation& operation : vp.Page(page))
                 if (const auto* text = std::get_if<DrawnPageText>(&operation)) {
                     ASSERT_GE(text->y, 0);
-                    ASSERT_LE(text->y + test::FixedMeasures::Line, vp.PageHeight()) << kind << text->text;
+                    ASSERT_LE(text->y + test::FixedMeasures::Line, vp.PageHeight())
+                        << TextOf(kind) << text->text;
                     ASSERT_LE(text->x, vp.PageWidth());
                 }
     }
@@ -155,17 +156,17 @@ TEST_F(SchedulesTest, of_2000_people_have_everybody_once_and_inside_the_page) {
 
 TEST_F(SchedulesTest, of_2000_people_as_web_pages_have_everybody) {
     Open(2000);
-    for (const char* kind : Kinds) {
+    for (const ScheduleKind kind : Kinds) {
         Run(kind, true, vp);
         const std::string page = HtmlOf(vp, "Week", "en");
-        EXPECT_NE(page.find("Last0001"), std::string::npos) << kind;
-        EXPECT_NE(page.find("Last2000"), std::string::npos) << kind;
+        EXPECT_NE(page.find("Last0001"), std::string::npos) << TextOf(kind);
+        EXPECT_NE(page.find("Last2000"), std::string::npos) << TextOf(kind);
     }
 }
 
 TEST_F(SchedulesTest, put_each_picked_person_on_a_page_of_his_own) {
     Open(2000);
-    Run("SelectedEmployees", false, vp);
+    Run(ScheduleKind::Selected, false, vp);
     EXPECT_EQ(vp.PageCount(), 2000);
 }
 
@@ -173,7 +174,7 @@ TEST_F(SchedulesTest, end_on_pages_too_small_for_a_block_a_line_or_a_letter) {
     Open(6);
     for (const Paper& paper :
          {Paper{3000, 1500, 0}, Paper{200, 300, 0}, Paper{90, 10, 0}, Paper{1, 1, 0}, Paper{1000, 1000, 720}})
-        for (const char* kind : Kinds)
+        for (const ScheduleKind kind : Kinds)
             for (const bool html : {false, true}) {
                 VpDocument small(measures, paper);
                 Run(kind, html, small);
@@ -185,7 +186,7 @@ TEST_F(SchedulesTest, end_on_pages_too_small_for_a_block_a_line_or_a_letter) {
 TEST_F(SchedulesTest, leave_nobody_out_on_a_page_too_small_for_a_block) {
     Open(6);
     VpDocument small(measures, Paper{14300, 1500, 0});
-    Run("7DayShort", false, small);
+    Run(ScheduleKind::Short, false, small);
     int names = 0;
     for (int page = 1; page <= small.PageCount(); ++page)
         for (const PageOperation& operation : small.Page(page))
@@ -212,11 +213,11 @@ TEST_F(SchedulesTest, total_what_the_editor_totals_for_any_week_and_cut_off) {
         }
         SumWeek(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
         const auto screen = TotalsTexts(g.totals, g.rights, g.application.options.TimeFormat);
-        for (const char* kind : {"7DayShort", "7DayLong"}) {
+        for (const ScheduleKind kind : {ScheduleKind::Short, ScheduleKind::Long}) {
             Run(kind, false, vp);
             const auto totals = Totals();
-            ASSERT_EQ(totals.count(Trim(screen[1])), 1U) << kind << " lacks " << screen[1];
-            ASSERT_EQ(totals.count(Trim(screen[3])), 1U) << kind << " lacks " << screen[3];
+            ASSERT_EQ(totals.count(Trim(screen[1])), 1U) << TextOf(kind) << " lacks " << screen[1];
+            ASSERT_EQ(totals.count(Trim(screen[3])), 1U) << TextOf(kind) << " lacks " << screen[3];
         }
     }
 }
@@ -246,7 +247,7 @@ TEST_F(SchedulesTest, of_any_options_end_well) {
 TEST_F(SchedulesTest, show_no_pay_that_may_not_be_seen_in_any_kind) {
     Open(12);
     g.rights.HideWages = true;
-    for (const char* kind : Kinds)
+    for (const ScheduleKind kind : Kinds)
         for (const bool html : {false, true}) {
             g.reports.options.PrintTotalWages = 1; // as an earlier run left it
             Run(kind, html, vp);

@@ -28,7 +28,7 @@ class ScheduleFormTest : public ScheduleFormFixture {
 
 TEST_F(ScheduleFormTest, sets_breaks_and_who_back_and_keeps_the_other_options_of_the_run) {
     g.reports.options = {3, 1, 1, 2, 1, true, true};
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     EXPECT_TRUE(Checked("Option3D2(0)"));
     EXPECT_TRUE(Checked("Option3D3(0)"));
     EXPECT_TRUE(Checked("Option3D1(2)"));
@@ -40,21 +40,21 @@ TEST_F(ScheduleFormTest, sets_breaks_and_who_back_and_keeps_the_other_options_of
 
 TEST_F(ScheduleFormTest, opens_on_the_social_security_number_where_space_was_saved) {
     g.reports.options.NameOption = 5;
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     EXPECT_TRUE(Checked("Option3D1(4)"));
     EXPECT_EQ(g.reports.options.NameOption, 4);
 }
 
 TEST_F(ScheduleFormTest, shows_what_each_kind_can_print) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     EXPECT_EQ(Title(), "Include in schedule");
     for (const char* part : {"Check3D4", "Check3D5", "SSCheck1", "Frame3D4"})
         EXPECT_TRUE(Shown(part)) << part;
     EXPECT_FALSE(Shown("List1"));
-    Open("7DayLong");
+    Open(ScheduleKind::Long);
     for (const char* part : {"Check3D4", "Check3D5", "SSCheck1", "List1"}) EXPECT_FALSE(Shown(part)) << part;
     EXPECT_TRUE(Shown("Frame3D4"));
-    Open("SelectedEmployees");
+    Open(ScheduleKind::Selected);
     for (const char* part : {"Check3D4", "Check3D5", "SSCheck1", "Frame3D4"})
         EXPECT_FALSE(Shown(part)) << part;
     EXPECT_TRUE(Shown("List1"));
@@ -63,17 +63,17 @@ TEST_F(ScheduleFormTest, shows_what_each_kind_can_print) {
 TEST_F(ScheduleFormTest, offers_productivity_only_in_a_week_with_figures) {
     g.figures.DailySales = {};
     g.figures.DailyTransactions = {};
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     EXPECT_FALSE(Shown("Check3D4"));
     g.figures.DailyTransactions[7] = 1;
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     EXPECT_TRUE(Shown("Check3D4"));
 }
 
 TEST_F(ScheduleFormTest, says_its_options_in_the_departments_words) {
     g.department.EmployeeNameSingle = "R&D fellow";
     g.department.EmployeeNamePlural = "R&D fellows";
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     const auto plain = [this](const char* name) {
         std::string text = Caption(name);
         for (std::size_t at; (at = text.find("&&")) != std::string::npos;) text.erase(at, 1);
@@ -88,7 +88,7 @@ TEST_F(ScheduleFormTest, says_its_options_in_the_departments_words) {
 TEST_F(ScheduleFormTest, hides_pay_where_it_may_not_be_seen) {
     g.reports.options.PrintTotalWages = 1;
     g.rights.HideWages = true;
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     EXPECT_FALSE(Get("Check3D2").isEnabled());
     EXPECT_FALSE(Checked("Check3D2"));
     Click("cmdPrint");
@@ -97,7 +97,7 @@ TEST_F(ScheduleFormTest, hides_pay_where_it_may_not_be_seen) {
 }
 
 TEST_F(ScheduleFormTest, remembers_its_options_for_the_run) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     for (const char* control :
          {"Option3D1(3)", "Option3D2(2)", "Option3D3(1)", "Check3D1", "Check3D2", "Check3D5", "SSCheck1"})
         Click(control);
@@ -109,7 +109,7 @@ TEST_F(ScheduleFormTest, remembers_its_options_for_the_run) {
     EXPECT_EQ(options.PrintTotalWages, 1);
     EXPECT_TRUE(options.PrintTimeBars);
     EXPECT_TRUE(options.PrintDayComments);
-    Open("7DayLong");
+    Open(ScheduleKind::Long);
     EXPECT_TRUE(Checked("Option3D1(3)"));
     EXPECT_TRUE(Checked("Check3D1"));
     EXPECT_TRUE(Checked("Check3D2"));
@@ -117,7 +117,7 @@ TEST_F(ScheduleFormTest, remembers_its_options_for_the_run) {
 }
 
 TEST_F(ScheduleFormTest, prints_the_options_as_they_are_chosen) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPrint");
     EXPECT_FALSE(printer.Has("Department total time:"));
     EXPECT_FALSE(printer.Has("Productivity"));
@@ -129,7 +129,7 @@ TEST_F(ScheduleFormTest, prints_the_options_as_they_are_chosen) {
 }
 
 TEST_F(ScheduleFormTest, fills_a_blank_word_for_the_last_stop) {
-    Open("7DayLong");
+    Open(ScheduleKind::Long);
     Click("ckbLastStop");
     auto& word = Get<QLineEdit>("txtOpen");
     EXPECT_EQ(word.text(), " Open");
@@ -141,25 +141,25 @@ TEST_F(ScheduleFormTest, fills_a_blank_word_for_the_last_stop) {
 }
 
 TEST_F(ScheduleFormTest, opens_help_on_schedules) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdHelp");
     EXPECT_EQ(store.script.help.topics.size(), 1U);
 }
 
 TEST_F(ScheduleFormTest, has_no_obstacles_for_people_without_a_mouse_or_eyes) {
-    for (const char* kind : {"7DayShort", "7DayLong", "SelectedEmployees"}) {
+    for (const ScheduleKind kind : {ScheduleKind::Short, ScheduleKind::Long, ScheduleKind::Selected}) {
         Open(kind);
-        EXPECT_EQ(test::Obstacles(*form), "") << kind;
-        EXPECT_EQ(test::CutTexts(*form), "") << kind;
-        if (std::string(kind) == "SelectedEmployees") Pick({0});
+        EXPECT_EQ(test::Obstacles(*form), "") << TextOf(kind);
+        EXPECT_EQ(test::CutTexts(*form), "") << TextOf(kind);
+        if (kind == ScheduleKind::Selected) Pick({0});
         Click("cmdPreview");
-        EXPECT_EQ(test::Obstacles(*form), "") << kind << " in the preview";
-        EXPECT_EQ(test::CutTexts(*form), "") << kind << " in the preview";
+        EXPECT_EQ(test::Obstacles(*form), "") << TextOf(kind) << " in the preview";
+        EXPECT_EQ(test::CutTexts(*form), "") << TextOf(kind) << " in the preview";
     }
 }
 
 TEST_F(ScheduleFormTest, is_walked_by_the_tab_key_in_the_order_in_which_it_is_read) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Get("Option3D1(0)").setFocus();
     Strings order = test::TabOrder(*form);
     // Once a window is active, the key stops at one option of each group.
@@ -172,7 +172,7 @@ TEST_F(ScheduleFormTest, is_walked_by_the_tab_key_in_the_order_in_which_it_is_re
 }
 
 TEST_F(ScheduleFormTest, is_left_by_Escape_and_writes_nothing_then) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     test::Press(*form, Qt::Key_Escape);
     EXPECT_FALSE(form->isVisible());
     ExpectNoFileBut({});
@@ -182,7 +182,7 @@ TEST_F(ScheduleFormTest, is_left_by_Escape_and_writes_nothing_then) {
 
 TEST_F(ScheduleFormTest, lists_everybody_in_the_order_of_the_rows) {
     std::swap(g.roster.RowOrder[1], g.roster.RowOrder[2]);
-    Open("SelectedEmployees");
+    Open(ScheduleKind::Selected);
     EXPECT_EQ(Title(), "Printing schedules for selected Employees");
     EXPECT_EQ(Get<QGroupBox>("FrameList").title(), "Select Employees to print");
     const auto& list = Get<QListWidget>("List1");
@@ -198,7 +198,7 @@ TEST_F(ScheduleFormTest, lists_everybody_in_the_order_of_the_rows) {
 TEST_F(ScheduleFormTest, shortens_a_long_name_in_the_list_and_pads_a_short_one) {
     g.roster.RosterName1[1] = std::string(60, 'W');
     g.roster.RosterName1[2] = g.roster.RosterName2[2] = "i";
-    Open("SelectedEmployees");
+    Open(ScheduleKind::Selected);
     const auto& list = Get<QListWidget>("List1");
     const auto width = [&](int row) {
         return qt::ToTwips(list.fontMetrics().horizontalAdvance(list.item(row)->text().split(" \t").first()));
@@ -209,7 +209,7 @@ TEST_F(ScheduleFormTest, shortens_a_long_name_in_the_list_and_pads_a_short_one) 
 }
 
 TEST_F(ScheduleFormTest, prints_a_page_for_each_picked_person_in_the_order_of_the_list) {
-    Open("SelectedEmployees");
+    Open(ScheduleKind::Selected);
     Pick({5, 0});
     Click("cmdPrint");
     EXPECT_EQ(printer.pages, 2);
@@ -219,7 +219,7 @@ TEST_F(ScheduleFormTest, prints_a_page_for_each_picked_person_in_the_order_of_th
 }
 
 TEST_F(ScheduleFormTest, prints_nothing_when_nobody_is_picked_and_says_so) {
-    Open("SelectedEmployees");
+    Open(ScheduleKind::Selected);
     for (const char* way : {"cmdPrint", "cmdPreview", "cmdPreviewHTML", "cmdSaveHTML"}) {
         store.prompt().Expect("No Employees selected....", box::Ok, "Select Employees");
         Click(way);
@@ -232,7 +232,7 @@ TEST_F(ScheduleFormTest, prints_nothing_when_nobody_is_picked_and_says_so) {
 }
 
 TEST_F(ScheduleFormTest, shows_paper_after_a_web_page_that_did_not_come_for_want_of_people) {
-    Open("SelectedEmployees");
+    Open(ScheduleKind::Selected);
     store.prompt().Expect("No Employees selected....", box::Ok, "Select Employees");
     Click("cmdPreviewHTML");
     Pick({0});
@@ -241,7 +241,7 @@ TEST_F(ScheduleFormTest, shows_paper_after_a_web_page_that_did_not_come_for_want
 }
 
 TEST_F(ScheduleFormTest, picks_by_the_keyboard) {
-    Open("SelectedEmployees");
+    Open(ScheduleKind::Selected);
     Get("List1").setFocus();
     test::Press(*form, Qt::Key_Home);
     test::Press(*form, Qt::Key_Down, Qt::ShiftModifier);
@@ -258,7 +258,7 @@ class WebPageTest : public ScheduleFormTest {
 };
 
 TEST_F(WebPageTest, are_previewed_before_they_are_saved) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreviewHTML");
     EXPECT_EQ(Title(), "Review HTML pages...");
     EXPECT_EQ(Caption("cmdPreviewPrint"), "&Save HTML");
@@ -271,7 +271,7 @@ TEST_F(WebPageTest, are_previewed_before_they_are_saved) {
 }
 
 TEST_F(WebPageTest, get_an_ending_only_where_the_name_has_no_point) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     for (const char* name : {"plain", "with.point", "week.htm"}) {
         store.prompt().WillSaveTo(Target(name));
         Click("cmdSaveHTML");
@@ -280,7 +280,7 @@ TEST_F(WebPageTest, get_an_ending_only_where_the_name_has_no_point) {
 }
 
 TEST_F(WebPageTest, are_not_written_when_the_dialog_is_cancelled_and_the_preview_stays) {
-    Open("7DayLong");
+    Open(ScheduleKind::Long);
     Click("cmdPreviewHTML");
     store.prompt().WillSaveTo(std::nullopt);
     Click("cmdPreviewPrint");
@@ -294,7 +294,7 @@ TEST_F(WebPageTest, are_not_written_when_the_dialog_is_cancelled_and_the_preview
 
 TEST_F(WebPageTest, take_the_place_of_an_older_one_that_the_dialog_has_asked_about) {
     test::WriteFile(Target("week.htm"), "old");
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     store.prompt().WillSaveTo(Target("week.htm"));
     Click("cmdSaveHTML");
     EXPECT_NE(test::ReadFile(Target("week.htm")).find("</html>"), std::string::npos);
@@ -302,7 +302,7 @@ TEST_F(WebPageTest, take_the_place_of_an_older_one_that_the_dialog_has_asked_abo
 
 TEST_F(WebPageTest, ask_before_the_longer_name_takes_the_place_of_another_file) {
     test::WriteFile(Target("week.HTM"), "old");
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     const std::string question = "week.HTM already exists.\nDo you want to replace it?";
     store.prompt().WillSaveTo(Target("week"));
     store.prompt().Expect(question, box::YesNo + box::Exclamation, "Save HTML", Answer::No);
@@ -316,7 +316,7 @@ TEST_F(WebPageTest, ask_before_the_longer_name_takes_the_place_of_another_file) 
 
 TEST_F(WebPageTest, tell_that_they_cannot_be_written_and_the_preview_stays) {
     std::filesystem::create_directory(Target("week.htm"));
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreviewHTML");
     store.prompt().WillSaveTo(Target("week.htm"));
     store.prompt().WillAnswer(Answer::Ok);
@@ -334,7 +334,7 @@ TEST_F(WebPageTest, tell_that_they_cannot_be_written_and_the_preview_stays) {
 
 TEST_F(WebPageTest, leave_the_old_file_whole_on_a_full_disk) {
     test::WriteFile(Target("week.htm"), "old");
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     store.prompt().WillSaveTo(Target("week.htm"));
     store.prompt().WillAnswer(Answer::Ok);
     {
@@ -347,7 +347,7 @@ TEST_F(WebPageTest, leave_the_old_file_whole_on_a_full_disk) {
 }
 
 TEST_F(WebPageTest, leave_days_with_nothing_out_when_space_is_to_be_saved) {
-    Open("7DayLong");
+    Open(ScheduleKind::Long);
     store.prompt().WillSaveTo(Target("all.htm"));
     Click("cmdSaveHTML");
     Click("Option3D1(5)");
@@ -357,7 +357,7 @@ TEST_F(WebPageTest, leave_days_with_nothing_out_when_space_is_to_be_saved) {
 }
 
 TEST_F(WebPageTest, do_not_turn_the_next_print_into_one) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreviewHTML");
     Click("cmdCancelPreview");
     Click("cmdPrint");
@@ -371,7 +371,7 @@ TEST_F(WebPageTest, do_not_turn_the_next_print_into_one) {
 
 TEST_F(WebPageTest, are_the_same_when_saved_twice_from_one_preview) {
     test::WritableWeek(g).DayOffFlag[2][1] = true;
-    Open("7DayLong");
+    Open(ScheduleKind::Long);
     Click("Check3D1");
     for (const char* name : {"one.htm", "two.htm"}) {
         Click("cmdPreviewHTML");
@@ -384,14 +384,14 @@ TEST_F(WebPageTest, are_the_same_when_saved_twice_from_one_preview) {
 // ---- pictures ----
 
 TEST_F(ScheduleFormTest, pictures) {
-    for (const char* kind : {"7DayShort", "7DayLong", "SelectedEmployees"}) {
+    for (const ScheduleKind kind : {ScheduleKind::Short, ScheduleKind::Long, ScheduleKind::Selected}) {
         Open(kind);
-        const std::string name = kind;
-        if (name == "SelectedEmployees") Pick({0, 5});
+        const std::string name = TextOf(kind);
+        if (kind == ScheduleKind::Selected) Pick({0, 5});
         test::TakePicture(*form, "Form8-" + name);
         for (const char* check : {"Check3D1", "Check3D2"})
             if (!Checked(check)) Click(check);
-        if (name == "7DayShort") Click("optOrient(1)");
+        if (kind == ScheduleKind::Short) Click("optOrient(1)");
         Click("cmdPreview");
         test::TakePicture(*form, "Form8-preview-" + name);
         Click("cmdCancelPreview");

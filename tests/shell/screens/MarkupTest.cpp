@@ -117,7 +117,7 @@ TEST_F(MarkupTest, is_plain_text_on_every_form) {
     Read("Form13", DepartmentRequest{FormCommand::Change}, editor);
     Read("Form5", SearchRequest{FormCommand::Change}, editor);
     Read("Form4", EmployeeRequest{1}, editor);
-    for (const char* kind : {"7DayLong", "7DayShort", "SelectedEmployees"})
+    for (const auto kind : {ScheduleKind::Long, ScheduleKind::Short, ScheduleKind::Selected})
         Read("Form8", SchedulesRequest{kind}, editor);
 }
 

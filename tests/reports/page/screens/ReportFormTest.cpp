@@ -22,7 +22,7 @@ class ReportFormTest : public ScheduleFormFixture {
     qt::Preview& Vp() { return Get<qt::Preview>("vp"); }
     /// Many pages: everybody on a page of his own.
     void OpenPreviewOfPages() {
-        Open("SelectedEmployees");
+        Open(ScheduleKind::Selected);
         Get<QListWidget>("List1").selectAll();
         Click("cmdPreview");
     }
@@ -36,26 +36,26 @@ class ReportFormTest : public ScheduleFormFixture {
 TEST_F(ReportFormTest, opens_with_the_font_and_paper_of_its_kind) {
     test::WriteFile(store.folder / "1.Sho", Font("Liberation Serif", 12.5));
     test::WriteFile(store.folder / "1.Lon", "Liberation Mono\r\n 10 \r\n");
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     EXPECT_TRUE(Checked("optOrient(1)"));
     Click("cmdPrint");
     EXPECT_EQ(printer.font, (ReportFont{"Liberation Serif", 12.5, false, true}));
     EXPECT_EQ(printer.orientation, PageOrientation::Landscape);
-    Open("7DayLong");
+    Open(ScheduleKind::Long);
     EXPECT_EQ(g.reports.settings.font.name, "Liberation Mono");
     EXPECT_TRUE(Checked("optOrient(1)")) << "what the file does not tell stays";
 }
 
 TEST_F(ReportFormTest, opens_with_the_font_of_the_report_before_where_there_is_no_file) {
     test::WriteFile(store.folder / "1.Sho", Font("Liberation Serif", 10));
-    Open("7DayShort");
-    Open("SelectedEmployees");
+    Open(ScheduleKind::Short);
+    Open(ScheduleKind::Selected);
     EXPECT_EQ(g.reports.settings.font.name, "Liberation Serif");
 }
 
 TEST_F(ReportFormTest, opens_in_Arial_9_portrait_in_a_fresh_run) {
     printer.sheet = Roomy;
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     EXPECT_TRUE(Checked("optOrient(0)"));
     Click("cmdPrint");
     EXPECT_EQ(printer.font, (ReportFont{"Arial", 9, false, false}));
@@ -65,7 +65,7 @@ TEST_F(ReportFormTest, opens_in_Arial_9_portrait_in_a_fresh_run) {
 
 TEST_F(ReportFormTest, does_not_open_in_bold) {
     test::WriteFile(store.folder / "1.Sho", "Arial\r\n 9 \r\n-1 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n");
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPrint");
     EXPECT_FALSE(printer.font.bold);
     EXPECT_TRUE(g.reports.settings.font.bold) << "it is kept all the same";
@@ -73,7 +73,7 @@ TEST_F(ReportFormTest, does_not_open_in_bold) {
 
 TEST_F(ReportFormTest, keeps_a_chosen_font_at_once) {
     printer.sheet = Roomy;
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     store.prompt().WillChoose(ReportFont{"Liberation Mono", 10, true, true});
     Click("cmdFont");
     EXPECT_EQ(SettingsFile(".Sho"), "Liberation Mono\r\n 10 \r\n-1 \r\n-1 \r\n 0 \r\n 0 \r\n 0 \r\n 0 \r\n");
@@ -82,7 +82,7 @@ TEST_F(ReportFormTest, keeps_a_chosen_font_at_once) {
 }
 
 TEST_F(ReportFormTest, changes_nothing_when_the_font_dialog_is_cancelled) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     store.prompt().WillChoose(std::nullopt);
     Click("cmdFont");
     EXPECT_EQ(SettingsFile(".Sho"), "");
@@ -90,7 +90,7 @@ TEST_F(ReportFormTest, changes_nothing_when_the_font_dialog_is_cancelled) {
 }
 
 TEST_F(ReportFormTest, tells_that_a_font_is_gone_and_takes_it_without_keeping_it) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     store.prompt().WillChoose(ReportFont{"Gone Grotesk", 10, false, false});
     store.prompt().Expect("Font Gone Grotesk is not available.", box::Ok, "Tarvex");
     Click("cmdFont");
@@ -102,7 +102,7 @@ TEST_F(ReportFormTest, tells_that_a_font_is_gone_and_takes_it_without_keeping_it
 }
 
 TEST_F(ReportFormTest, compares_the_name_of_a_font_letter_by_letter) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     store.prompt().WillChoose(ReportFont{"liberation mono", 10, false, false});
     store.prompt().Expect("Font liberation mono is not available.", box::Ok, "Tarvex");
     Click("cmdFont");
@@ -110,14 +110,14 @@ TEST_F(ReportFormTest, compares_the_name_of_a_font_letter_by_letter) {
 
 TEST_F(ReportFormTest, shows_pages_in_another_font_where_the_kept_one_is_gone) {
     test::WriteFile(store.folder / "1.Sho", Font("Gone Grotesk", 10));
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreview");
     EXPECT_EQ(PageShown().rfind("Page 1 of ", 0), 0U);
     test::TakePicture(*form, "Form8-preview-font-gone");
 }
 
 TEST_F(ReportFormTest, keeps_the_paper_at_once_and_cancelling_does_not_undo_it) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreview");
     const QImage upright = Seen();
     Click("optOrient(1)");
@@ -130,7 +130,7 @@ TEST_F(ReportFormTest, keeps_the_paper_at_once_and_cancelling_does_not_undo_it) 
 
 TEST_F(ReportFormTest, tells_that_the_settings_could_not_be_kept_and_goes_on) {
     std::filesystem::create_directory(store.folder / "1.Sho");
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreview");
     store.prompt().WillAnswer(Answer::Ok);
     Click("optOrient(1)");
@@ -141,7 +141,7 @@ TEST_F(ReportFormTest, tells_that_the_settings_could_not_be_kept_and_goes_on) {
 }
 
 TEST_F(ReportFormTest, samples_the_font_and_draws_it_anew) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     const QImage before = Get("Picture1").grab().toImage();
     store.prompt().WillChoose(ReportFont{"Liberation Mono", 10, false, true});
     Click("cmdFont");
@@ -151,7 +151,7 @@ TEST_F(ReportFormTest, samples_the_font_and_draws_it_anew) {
 // ---- the preview ----
 
 TEST_F(ReportFormTest, shows_the_preview_in_place_of_its_options) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     const QSize normal = form->size();
     Click("cmdPreview");
     EXPECT_EQ(Title(), "Review print pages...");
@@ -170,7 +170,7 @@ TEST_F(ReportFormTest, shows_the_preview_in_place_of_its_options) {
 }
 
 TEST_F(ReportFormTest, places_the_preview_as_stated) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreview");
     const Twips width = qt::ToTwips(form->width());
     const Twips height = qt::ToTwips(form->height());
@@ -187,13 +187,13 @@ TEST_F(ReportFormTest, places_the_preview_as_stated) {
 }
 
 TEST_F(ReportFormTest, is_under_a_busy_pointer_only_while_it_draws) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreview");
     EXPECT_EQ(store.prompt().Shape(), Pointer::Default);
 }
 
 TEST_F(ReportFormTest, closes_the_preview_before_itself_by_Escape_and_by_the_cross) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreview");
     test::Press(*form, Qt::Key_Escape);
     EXPECT_TRUE(form->isVisible());
@@ -207,7 +207,7 @@ TEST_F(ReportFormTest, closes_the_preview_before_itself_by_Escape_and_by_the_cro
 }
 
 TEST_F(ReportFormTest, draws_an_open_preview_again_in_a_new_font) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreview");
     const QImage before = Seen();
     store.prompt().WillChoose(ReportFont{"Liberation Serif", 14, false, false});
@@ -319,7 +319,7 @@ TEST_F(ReportFormTest, stays_sharp_when_zoomed) {
 
 TEST_F(ReportFormTest, tells_in_the_preview_and_on_the_page_at_which_size_the_report_is_drawn) {
     g.reports.settings.font = {"Liberation Sans", 12};
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreview");
     const auto& remark = Get<qt::Label>("lblRemark");
     const std::string told = remark.text().toStdString();
@@ -336,7 +336,7 @@ TEST_F(ReportFormTest, tells_in_the_preview_and_on_the_page_at_which_size_the_re
 
 TEST_F(ReportFormTest, tells_nothing_where_the_chosen_size_fits) {
     g.reports.settings.font = {"Liberation Sans", 8};
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreview");
     EXPECT_EQ(Get<qt::Label>("lblRemark").text(), "");
 }
@@ -345,7 +345,7 @@ TEST_F(ReportFormTest, tells_nothing_where_the_chosen_size_fits) {
 
 TEST_F(ReportFormTest, prints_on_the_sheet_of_the_printer) {
     printer.sheet = Paper{11000, 8000, 0};
-    Open("7DayLong");
+    Open(ScheduleKind::Long);
     Click("cmdPrint");
     const int small = printer.pages;
     printer.sheet = Paper{16000, 30000, 0};
@@ -356,7 +356,7 @@ TEST_F(ReportFormTest, prints_on_the_sheet_of_the_printer) {
 
 TEST_F(ReportFormTest, prints_nothing_when_the_dialog_is_cancelled) {
     printer.accepts = false;
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPrint");
     EXPECT_EQ(printer.asked, 1);
     EXPECT_EQ(printer.printed, 0);
@@ -368,7 +368,7 @@ TEST_F(ReportFormTest, prints_nothing_when_the_dialog_is_cancelled) {
 }
 
 TEST_F(ReportFormTest, prints_from_the_preview_and_closes_it) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreview");
     Click("cmdPreviewPrint");
     EXPECT_EQ(printer.printed, 1);
@@ -378,7 +378,7 @@ TEST_F(ReportFormTest, prints_from_the_preview_and_closes_it) {
 
 TEST_F(ReportFormTest, tells_that_it_could_not_print_and_the_preview_stays) {
     printer.fails = true;
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPreview");
     store.prompt().Expect("The report could not be printed.\n\nNo space left", box::Exclamation,
                           "File error");

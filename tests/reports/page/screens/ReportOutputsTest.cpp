@@ -21,7 +21,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr const char* Kinds[] = {"7DayShort", "7DayLong", "SelectedEmployees"};
+constexpr ScheduleKind Kinds[] = {ScheduleKind::Short, ScheduleKind::Long, ScheduleKind::Selected};
 constexpr int Patience = 120000; // milliseconds
 
 struct Ended {
@@ -62,9 +62,9 @@ class ReportOutputsTest : public ScheduleFormFixture {
         fs::create_directories(out);
         g.reports.options = {0, 1, 1, 1, 0, true, true};
     }
-    VpDocument Draw(const std::string& kind, bool html) {
+    VpDocument Draw(ScheduleKind kind, bool html) {
         VpDocument document(measures, Paper{11906, 16838, 720});
-        if (kind == "7DayShort") document.Orientation(PageOrientation::Landscape);
+        if (kind == ScheduleKind::Short) document.Orientation(PageOrientation::Landscape);
         ScheduleRequest request;
         request.kind = kind;
         request.productivity = true;
@@ -75,12 +75,12 @@ class ReportOutputsTest : public ScheduleFormFixture {
     std::string Title() const { return WeekTitle(g.department, g.week); }
 
     /// The text of a kind's PDF, as it lies on the pages.
-    std::string PdfText(const std::string& kind) {
-        const fs::path file = out / (kind + ".pdf");
+    std::string PdfText(ScheduleKind kind) {
+        const fs::path file = out / (TextOf(kind) + ".pdf");
         qt::WritePdf(Draw(kind, false), Title(), file);
         return RunProgram("pdftotext", {"-layout", QString::fromStdString(file.string()), "-"}).out;
     }
-    fs::path PutPage(const std::string& name, const std::string& kind) {
+    fs::path PutPage(const std::string& name, ScheduleKind kind) {
         const fs::path file = out / (name + ".html");
         WriteHtml(Draw(kind, true), Title(), "en", file);
         return file;
@@ -105,21 +105,21 @@ TEST_F(ReportOutputsTest, a_PDF_holds_the_totals_of_the_screen) {
     if (!IsInstalled("pdftotext")) GTEST_SKIP() << "pdftotext is not installed";
     const auto screen = TotalsTexts(
         g.totals, g.rights, g.application.options.TimeFormat); // day time, week time, day wages, week wages
-    for (const char* kind : {"7DayShort", "7DayLong"}) {
+    for (const ScheduleKind kind : {ScheduleKind::Short, ScheduleKind::Long}) {
         std::string text = Squeezed(PdfText(kind));
         std::erase(text, ',');
         EXPECT_NE(text.find("Department total time: " + Trim(screen[1]) + "\n"), std::string::npos)
-            << kind << ": " << screen[1];
+            << TextOf(kind) << ": " << screen[1];
         EXPECT_NE(text.find("Department total wages: " + Trim(screen[3]) + "\n"), std::string::npos)
-            << kind << ": " << screen[3];
+            << TextOf(kind) << ": " << screen[3];
         for (int e = 1; e <= g.roster.EmployeeCount; ++e)
-            EXPECT_NE(text.find(g.roster.RosterName1[e]), std::string::npos) << kind;
+            EXPECT_NE(text.find(g.roster.RosterName1[e]), std::string::npos) << TextOf(kind);
     }
 }
 
 TEST_F(ReportOutputsTest, a_PDF_of_each_person_holds_the_hours_of_the_editors_row) {
     if (!IsInstalled("pdftotext")) GTEST_SKIP() << "pdftotext is not installed";
-    const std::string text = Squeezed(PdfText("SelectedEmployees"));
+    const std::string text = Squeezed(PdfText(ScheduleKind::Selected));
     for (const int e : {1, 6})
         EXPECT_NE(text.find("Total: " + Trim(QuartersToText(g.week.WeekQuarters[e], TimeFormat::Minutes))),
                   std::string::npos)
@@ -131,14 +131,14 @@ TEST_F(ReportOutputsTest, a_PDF_holds_names_of_any_script) {
     if (!IsInstalled("pdftotext")) GTEST_SKIP() << "pdftotext is not installed";
     g.roster.RosterName1[1] = "Łukasiewicz";
     g.roster.RosterName1[2] = "Ångström & <Söhne>";
-    const std::string text = PdfText("7DayLong");
+    const std::string text = PdfText(ScheduleKind::Long);
     EXPECT_NE(text.find("Łukasiewicz"), std::string::npos);
     EXPECT_NE(text.find("Ångström & <Söhne>"), std::string::npos);
 }
 
 TEST_F(ReportOutputsTest, a_PDF_has_a_title_and_the_sheet_that_was_asked_for) {
     if (!IsInstalled("pdfinfo")) GTEST_SKIP() << "pdfinfo is not installed";
-    PdfText("7DayShort");
+    PdfText(ScheduleKind::Short);
     const std::string info =
         RunProgram("pdfinfo", {QString::fromStdString((out / "7DayShort.pdf").string())}).out;
     EXPECT_NE(info.find("Example department,  Week from 26-Feb-2006"), std::string::npos) << info;
@@ -157,7 +157,7 @@ QImage Painted(const VpDocument& document) {
 
 TEST_F(ReportOutputsTest, pages_are_the_same_on_a_dark_desktop) {
     const QPalette light = QApplication::palette();
-    const QImage wanted = Painted(Draw("7DayShort", false));
+    const QImage wanted = Painted(Draw(ScheduleKind::Short, false));
     QPalette dark = light;
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         dark.setColor(role, QColor(240, 240, 240));
@@ -165,13 +165,13 @@ TEST_F(ReportOutputsTest, pages_are_the_same_on_a_dark_desktop) {
         dark.setColor(role, QColor(30, 30, 30));
     QApplication::setPalette(dark);
     for (const bool html : {false, true}) {
-        const QImage seen = Painted(Draw("7DayShort", html));
+        const QImage seen = Painted(Draw(ScheduleKind::Short, html));
         QApplication::setPalette(light);
-        EXPECT_EQ(seen, Painted(Draw("7DayShort", html)));
+        EXPECT_EQ(seen, Painted(Draw(ScheduleKind::Short, html)));
         QApplication::setPalette(dark);
     }
     QApplication::setPalette(light);
-    EXPECT_EQ(Painted(Draw("7DayShort", false)), wanted);
+    EXPECT_EQ(Painted(Draw(ScheduleKind::Short, false)), wanted);
 }
 
 // ---- web pages ----
@@ -180,14 +180,14 @@ TEST_F(ReportOutputsTest, web_pages_of_every_kind_are_valid) {
     if (!IsInstalled("tidy")) GTEST_SKIP() << "tidy is not installed";
     for (const bool bad : {false, true}) {
         if (bad) NameThemBadly();
-        for (const char* kind : Kinds)
+        for (const ScheduleKind kind : Kinds)
             for (const int week : {0, 3}) {
                 g.department.WeekMethod = week;
                 g.department.DayCutoffQuarters = week == 0 ? 16 : 0;
-                const fs::path page = PutPage(bad ? std::string(kind) + "-odd" : kind, kind);
+                const fs::path page = PutPage(bad ? TextOf(kind) + "-odd" : TextOf(kind), kind);
                 const Ended checked = RunProgram("tidy", {"-errors", "-quiet", "-utf8", "--show-warnings",
                                                           "yes", QString::fromStdString(page.string())});
-                EXPECT_EQ(checked.code, 0) << kind << "\n" << checked.errors;
+                EXPECT_EQ(checked.code, 0) << TextOf(kind) << "\n" << checked.errors;
             }
     }
 }
@@ -196,21 +196,21 @@ TEST_F(ReportOutputsTest, a_web_page_of_nobody_is_valid) {
     if (!IsInstalled("tidy")) GTEST_SKIP() << "tidy is not installed";
     test::WritableWeek(g).Resize(0);
     g.roster.EmployeeCount = 0;
-    for (const char* kind : {"7DayShort", "7DayLong"}) {
-        const fs::path page = PutPage(std::string(kind) + "-nobody", kind);
+    for (const ScheduleKind kind : {ScheduleKind::Short, ScheduleKind::Long}) {
+        const fs::path page = PutPage(TextOf(kind) + "-nobody", kind);
         const Ended checked =
             RunProgram("tidy", {"-errors", "-quiet", "-utf8", QString::fromStdString(page.string())});
-        EXPECT_EQ(checked.code, 0) << kind << "\n" << checked.errors;
+        EXPECT_EQ(checked.code, 0) << TextOf(kind) << "\n" << checked.errors;
     }
 }
 
 TEST_F(ReportOutputsTest, web_pages_hold_the_totals_of_the_screen) {
     const auto screen = TotalsTexts(g.totals, g.rights, g.application.options.TimeFormat);
-    for (const char* kind : {"7DayShort", "7DayLong"}) {
-        std::string page = test::ReadFile(PutPage(kind, kind));
+    for (const ScheduleKind kind : {ScheduleKind::Short, ScheduleKind::Long}) {
+        std::string page = test::ReadFile(PutPage(TextOf(kind), kind));
         std::erase(page, ',');
-        EXPECT_NE(page.find(Trim(screen[1]) + "</t"), std::string::npos) << kind << screen[1];
-        EXPECT_NE(page.find(Trim(screen[3]) + "</t"), std::string::npos) << kind << screen[3];
+        EXPECT_NE(page.find(Trim(screen[1]) + "</t"), std::string::npos) << TextOf(kind) << screen[1];
+        EXPECT_NE(page.find(Trim(screen[3]) + "</t"), std::string::npos) << TextOf(kind) << screen[3];
     }
 }
 
@@ -270,8 +270,8 @@ TEST_F(ReportOutputsTest, web_pages_fit_a_phone_and_a_desk_without_scrolling_sid
     std::vector<std::string> wanted;
     for (const bool bad : {false, true}) {
         if (bad) NameThemBadly();
-        for (const char* kind : Kinds) {
-            const std::string name = bad ? std::string(kind) + "-odd" : kind;
+        for (const ScheduleKind kind : Kinds) {
+            const std::string name = bad ? TextOf(kind) + "-odd" : TextOf(kind);
             const fs::path page = PutPage(name, kind);
             for (const int width : {375, 1200}) {
                 browser.Add(page, width);
