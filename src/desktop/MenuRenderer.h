@@ -2,7 +2,7 @@
 #pragma once
 
 #include "desktop/Scale.h"
-#include "platform/ports/MenuBar.h"
+#include "platform/ports/Commands.h"
 
 #include <QAction>
 #include <QCursor>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "editor/lanes/LineMenu.h"
-#include "platform/ports/MenuBar.h"
+#include "platform/ports/Commands.h"
 #include "shell/state/ScheduleKind.h"
 #include "shell/state/TVXGLOB.h"
 

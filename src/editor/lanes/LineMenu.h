@@ -2,7 +2,7 @@
 #pragma once
 
 #include "editor/lanes/Lanes.h"
-#include "platform/ports/MenuBar.h"
+#include "platform/ports/Commands.h"
 
 #include <functional>
 #include <string>

@@ -1,7 +1,7 @@
 // The commands of the console: its menus and its buttons.
 #pragma once
 
-#include "platform/ports/MenuBar.h"
+#include "platform/ports/Commands.h"
 #include "shell/state/Department.h"
 #include "shell/state/FormCommand.h"
 #include "shell/state/Rights.h"

@@ -1,4 +1,4 @@
-#include "platform/ports/MenuBar.h"
+#include "platform/ports/Commands.h"
 
 #include <gtest/gtest.h>
 
