@@ -211,6 +211,31 @@ bool AvailabilityGrid::PasteLine() {
     return true;
 }
 
+CommandTable AvailabilityCommands(AvailabilityGrid& grid, std::function<void()> refused) {
+    const auto canCut = [&grid] { return grid.CanCut(); };
+    return CommandTable({
+        {.name = "Popup"},
+        {.name = "CutLine",
+         .parent = "Popup",
+         .caption = "&Cut",
+         .run = [&grid] { grid.CutLine(); },
+         .offered = canCut},
+        {.name = "CopyLine",
+         .parent = "Popup",
+         .caption = "C&opy",
+         .run = [&grid] { grid.CopyLine(); },
+         .offered = canCut},
+        {.name = "PasteLine",
+         .parent = "Popup",
+         .caption = "&Paste",
+         .run =
+             [&grid, refused = std::move(refused)] {
+                 if (!grid.PasteLine()) refused();
+             },
+         .offered = [&grid] { return grid.CanPaste(); }},
+    });
+}
+
 std::vector<AbsenceBox> DrawAvailabilityRow(const Absence& bars, int row, int slotInHand) {
     const Twips top = (row - 1) * RowHeight;
     std::vector<AbsenceBox> boxes{{0, top + LaneTop, RightEnd, top + LaneBottom, false}};

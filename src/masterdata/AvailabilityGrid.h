@@ -3,9 +3,11 @@
 #pragma once
 
 #include "editor/lanes/BarInHand.h"
+#include "platform/ports/Commands.h"
 #include "shell/state/Roster.h"
 
 #include <array>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -91,6 +93,10 @@ class AvailabilityGrid {
     bool leftDown_ = false;
     BarInHand hand_;
 };
+
+/// The menu `Popup` of the grid, on the row of its last press. `refused` is called where a row takes nothing.
+/// The grid must outlive the table.
+CommandTable AvailabilityCommands(AvailabilityGrid& grid, std::function<void()> refused);
 
 /// The filled boxes of a row, grid twips: its white band, then its red bars but for the one in hand.
 struct AbsenceBox {

@@ -368,6 +368,32 @@ TEST(AvailabilityGrid, keeps_its_clipboard_for_the_next_record) {
     EXPECT_EQ(BarsOf(grid.Bars(), 1), (Bars{{10, 20}}));
 }
 
+TEST(AvailabilityCommands, offer_what_the_row_of_the_last_press_allows) {
+    AvailabilityGrid grid = GridWith({{10, 20}});
+    const CommandTable menu = AvailabilityCommands(grid, [] { FAIL() << "nothing was refused"; });
+    RightClick(grid, Monday);
+    EXPECT_TRUE(menu.CanChoose("CutLine") && menu.CanChoose("CopyLine"));
+    EXPECT_FALSE(menu.CanChoose("PasteLine"));
+    menu.Choose("CutLine");
+    EXPECT_FALSE(menu.CanChoose("CutLine") || menu.CanChoose("CopyLine"));
+    RightClick(grid, 5);
+    menu.Choose("PasteLine");
+    EXPECT_EQ(BarsOf(grid.Bars(), 5), (Bars{{10, 20}}));
+}
+
+TEST(AvailabilityCommands, refuse_to_paste_where_a_bar_in_hand_comes_to_lie) {
+    AvailabilityGrid grid = GridWith({{10, 20}});
+    int refused = 0;
+    const CommandTable menu = AvailabilityCommands(grid, [&] { ++refused; });
+    RightClick(grid, Monday);
+    menu.Choose("CopyLine");
+    grid.Press({Button::Left, 4500, Middle(4)});
+    grid.Move({Button::Left, 5400, Middle(4)});
+    menu.Choose("PasteLine");
+    EXPECT_EQ(refused, 1);
+    EXPECT_EQ(BarsOf(grid.Bars(), 4), (Bars{{50, 60}}));
+}
+
 // ---- drawing ----
 
 TEST(DrawAvailabilityRow, gives_a_white_band_and_a_red_box_for_each_bar) {

@@ -1,21 +1,22 @@
 #include "masterdata/screens/EmployeeForm.h"
 
 #include "desktop/FloodGauge.h"
+#include "desktop/MenuRenderer.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
 #include "shell/common/TVXMOD1.h"
 
 #include <QApplication>
-#include <QMenu>
 
 #include <algorithm>
 
 namespace tvx::qt {
 
 EmployeeForm::EmployeeForm(GlobalState& g, Ports& ports, const EmployeeRequest& request, Form* owner)
-    : Form(ports, "Form4", owner), g_(g), adding_(request.SelectedEmployee == 0),
-      selectedEmployee_(request.SelectedEmployee) {
+    : Form(ports, "Form4", owner), g_(g),
+      gridCommands_(AvailabilityCommands(grid_, [this] { ports_.prompt.Beep(); })),
+      adding_(request.SelectedEmployee == 0), selectedEmployee_(request.SelectedEmployee) {
     Build();
     ConnectGrid();
 }
@@ -260,23 +261,10 @@ void EmployeeForm::Follow(const AbsenceChange& change) {
 }
 
 void EmployeeForm::OpenGridMenu() {
-    QMenu menu(this);
-    menu.setObjectName(QStringLiteral("Popup"));
-    const auto add = [&](const char* name, const char* caption, bool enabled, auto act) {
-        QAction* action = menu.addAction(QLatin1String(caption));
-        action->setObjectName(QLatin1String(name));
-        action->setEnabled(enabled);
-        On(*action, &QAction::triggered, [=, this] {
-            act();
-            Picture1->update();
-        });
-    };
-    add("CutLine", "&Cut", grid_.CanCut(), [this] { grid_.CutLine(); });
-    add("CopyLine", "C&opy", grid_.CanCut(), [this] { grid_.CopyLine(); });
-    add("PasteLine", "&Paste", grid_.CanPaste(), [this] {
-        if (!grid_.PasteLine()) ports_.prompt.Beep();
-    });
-    menu.exec(QCursor::pos());
+    OpenMenu(*this, gridCommands_, "Popup", Guarded([this](const std::string& command) {
+        gridCommands_.Choose(command);
+        Picture1->update();
+    }));
 }
 
 void EmployeeForm::HighlightDay(int day) {

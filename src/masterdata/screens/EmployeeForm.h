@@ -85,6 +85,7 @@ class EmployeeForm : public Form {
 
     GlobalState& g_;
     AvailabilityGrid grid_;
+    CommandTable gridCommands_; // the menu of the grid
     const bool adding_;
     int selectedEmployee_;          // key of the one who is changed
     std::vector<int> employeeKeys_; // of the whole department, by last name
