@@ -1,6 +1,6 @@
 #include "shell/screens/ConsoleForm.h"
 
-#include "editor/screens/MainEditorForm.h"
+#include "editor/EditorRequest.h"
 #include "masterdata/DepartmentRequest.h"
 #include "masterdata/Departments.h"
 #include "masterdata/EmployeeRequest.h"
@@ -11,7 +11,6 @@
 #include "shell/console/Passwords.h"
 #include "shell/screens/AboutForm.h"
 #include "shell/screens/Banner.h"
-#include "shell/screens/RegisterScreens.h"
 #include "shell/screens/SplashForm.h"
 #include "shell/screens/TipForm.h"
 
@@ -29,13 +28,12 @@ constexpr Twips PrintedTop = 3000;
 
 } // namespace
 
-ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports)
-    : Form(ports, "Form2", nullptr), g_(g),
+ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports, const Screens& screens)
+    : Form(ports, "Form2", nullptr), g_(g), screens_(screens),
       commands_(ConsoleCommands(g.rights, g.departments, g.department, *this)) {
     menus_ = std::make_unique<MenuRenderer>(
         Menus(), commands_.Entries("MenuBar"),
         Guarded([this](const std::string& command) { commands_.Choose(command); }));
-    RegisterScreens(screens_, g_, ports_);
     PlaceControls();
     Connect();
 }
@@ -214,7 +212,7 @@ void ConsoleForm::Schedule() {
         g_.roster.AllDepartmentsMode = all; // the console came to the front in between
     }
     if (!PrepareSchedule(g_, ports_)) return;
-    MainEditorForm(g_, ports_, screens_, this).ShowModal();
+    screens_.Open(EditorRequest{}, *this);
 }
 
 void ConsoleForm::LogIn() {
@@ -243,13 +241,14 @@ void ConsoleForm::paintEvent(QPaintEvent*) {
     }
 }
 
-bool StartConsole(GlobalState& g, Ports& ports, std::unique_ptr<ConsoleForm>& console) {
+bool StartConsole(GlobalState& g, Ports& ports, const Screens& screens,
+                  std::unique_ptr<ConsoleForm>& console) {
     SplashForm splash(ports);
     splash.ShowPainted();
     ports.prompt.DoEvents();
     const int start = ports.clock.SecondOfDay();
     while (!SplashIsOver(start, ports.clock.SecondOfDay())) continue;
-    console = std::make_unique<ConsoleForm>(g, ports);
+    console = std::make_unique<ConsoleForm>(g, ports, screens);
     if (console->Load() == LoadResult::EndRun) return false;
     console->ShowModeless();
     return true;

@@ -16,7 +16,8 @@ namespace tvx::qt {
 class ConsoleForm : public Form, private ConsoleActions {
     Q_OBJECT
   public:
-    ConsoleForm(GlobalState& g, Ports& ports);
+    /// All three must outlive the form.
+    ConsoleForm(GlobalState& g, Ports& ports, const Screens& screens);
 
     /// The load of the console: everything up to its first picture. On EndRun it must not be shown.
     LoadResult Load();
@@ -49,7 +50,7 @@ class ConsoleForm : public Form, private ConsoleActions {
     void ShowQuestions() override;
 
     GlobalState& g_;
-    Screens screens_;
+    const Screens& screens_;
     ConsoleFace model_;
     CommandTable commands_;
     std::unique_ptr<MenuRenderer> menus_;
@@ -63,6 +64,7 @@ class ConsoleForm : public Form, private ConsoleActions {
 };
 
 /// The whole start: splash, load, console. False when the run ends at once.
-bool StartConsole(GlobalState& g, Ports& ports, std::unique_ptr<ConsoleForm>& console);
+bool StartConsole(GlobalState& g, Ports& ports, const Screens& screens,
+                  std::unique_ptr<ConsoleForm>& console);
 
 } // namespace tvx::qt

@@ -1,5 +1,7 @@
 #include "shell/screens/RegisterScreens.h"
 
+#include "editor/EditorRequest.h"
+#include "editor/screens/MainEditorForm.h"
 #include "masterdata/screens/DaytypesForm.h"
 #include "masterdata/screens/DepartmentForm.h"
 #include "masterdata/screens/EmployeeForm.h"
@@ -30,6 +32,10 @@ void RegisterScreens(Screens& screens, GlobalState& g, Ports& ports) {
     RegisterForm<EmployeeRequest, EmployeeForm>(screens, g, ports);
     RegisterForm<SearchRequest, EmployeeSearchForm>(screens, g, ports);
     RegisterForm<ShiftsRequest, ShiftsForm>(screens, g, ports);
+    screens.Register<EditorRequest>([&](const EditorRequest&, Form& owner) {
+        MainEditorForm(g, ports, screens, &owner).ShowModal();
+        return EditorAnswer{};
+    });
     screens.Register<SchedulesRequest>([&g, &ports](const SchedulesRequest& request, Form& owner) {
         QtPrinter printer;
         ScheduleForm(g, ports, printer, request, &owner).ShowModal();

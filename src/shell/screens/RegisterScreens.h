@@ -7,7 +7,7 @@
 
 namespace tvx::qt {
 
-/// State and ports must outlive the screens.
+/// All three must outlive every form that asks.
 void RegisterScreens(Screens& screens, GlobalState& g, Ports& ports);
 
 } // namespace tvx::qt

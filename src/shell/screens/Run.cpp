@@ -5,6 +5,7 @@
 #include "editor/lanes/screens/TimeGrid.h"
 #include "platform/files/Folder.h"
 #include "shell/screens/ConsoleForm.h"
+#include "shell/screens/RegisterScreens.h"
 #include "store/StoreTeller.h"
 
 #include <QApplication>
@@ -38,9 +39,9 @@ fs::path FindProgramFolder() {
 }
 
 /// The start stands outside the event loop and its net. Nothing can be done without the console.
-bool Started(GlobalState& g, Ports& ports, std::unique_ptr<ConsoleForm>& console) {
+bool Started(GlobalState& g, Ports& ports, const Screens& screens, std::unique_ptr<ConsoleForm>& console) {
     try {
-        return StartConsole(g, ports, console);
+        return StartConsole(g, ports, screens, console);
     } catch (const std::exception& trouble) {
         ports.teller.Tell(trouble);
         return false;
@@ -72,8 +73,10 @@ int RunTarvex(int count, char** arguments, const RunOptions& options) {
                 teller};
 
     application.TellBy([&](const std::exception& trouble) { teller.Tell(trouble); });
+    Screens screens;
+    RegisterScreens(screens, g, ports);
     std::unique_ptr<ConsoleForm> console;
-    if (!Started(g, ports, console)) return 0;
+    if (!Started(g, ports, screens, console)) return 0;
     if (options.whenConsoleShows) options.whenConsoleShows(*console);
     return QApplication::exec();
 }

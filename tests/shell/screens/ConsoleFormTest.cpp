@@ -5,6 +5,7 @@
 #include "masterdata/files/ShiftFile.h"
 #include "platform/files/Folder.h"
 #include "shell/common/TVXMOD1.h"
+#include "shell/screens/RegisterScreens.h"
 #include "support/Rows.h"
 #include "support/Screens.h"
 #include "support/TestEngine.h"
@@ -33,10 +34,12 @@ class ConsoleFormTest : public testing::Test {
   protected:
     test::TestStore made;
     GlobalState g;
+    qt::Screens screens;
     std::unique_ptr<qt::ConsoleForm> console;
     QWidget* editor = nullptr;
 
     void SetUp() override {
+        qt::RegisterScreens(screens, g, made.ports());
         made.AddDepartment("Bakery");
         made.AddEmployee({.lastName = "Adams", .firstName = "Anna", .pay = "7.25"});
         made.AddEmployee({.lastName = "Brown", .firstName = "Bob", .pay = "10"});
@@ -50,7 +53,7 @@ class ConsoleFormTest : public testing::Test {
         CloseDatabase(made.g.store, prompt());
         g.store.Engine = dao::Engine(test::TestEngineOptions());
         g.paths.ProgramPath = made.folder.Path();
-        console = std::make_unique<qt::ConsoleForm>(g, made.ports());
+        console = std::make_unique<qt::ConsoleForm>(g, made.ports(), screens);
         ASSERT_EQ(console->Load(), LoadResult::Ready);
         console->ShowModeless();
         QApplication::processEvents(); // it becomes the active window

@@ -126,7 +126,7 @@ TEST_F(MarkupTest, is_plain_text_on_the_console) {
     CloseDatabase(store.g.store, store.prompt());
     g.store.Engine = dao::Engine(test::TestEngineOptions());
     g.paths.ProgramPath = store.folder.Path();
-    qt::ConsoleForm console(g, store.ports());
+    qt::ConsoleForm console(g, store.ports(), screens);
     ASSERT_EQ(console.Load(), LoadResult::Ready);
     console.ShowModeless();
     ExpectPlain(console);
