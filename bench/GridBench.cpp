@@ -47,8 +47,8 @@ struct Editor {
     std::unique_ptr<qt::MainEditorForm> form;
 };
 
-void NextDay(Editor& editor) {
-    editor.g().cursor.CurrentDay = editor.g().cursor.CurrentDay % 7 + 1;
+int NextDay(Editor& editor) {
+    return editor.g().cursor.CurrentDay % 7 + 1;
 }
 
 /// The lanes as rectangles and texts.
@@ -98,14 +98,14 @@ void SelectDayPair(const std::shared_ptr<Editor>& editor, const std::shared_ptr<
     Pair(
         "SelectDay, painted/100",
         [editor] {
-            NextDay(*editor);
+            const int day = NextDay(*editor);
             return Seconds([&] {
-                editor->form->SelectDay();
+                editor->form->SelectDay(day);
                 QApplication::processEvents();
             });
         },
         [editor, image] {
-            NextDay(*editor);
+            editor->g().cursor.CurrentDay = NextDay(*editor);
             const Drawing lanes = LanesOf(*editor);
             Drawing ruler;
             const auto widthOf = [](const std::string& text) { return static_cast<Twips>(text.size()) * 90; };

@@ -128,9 +128,10 @@ std::string DropTitle(const Department& department, const Roster& roster, int em
            Isolated(roster.RosterName1[employee] + " " + roster.RosterName2[employee]);
 }
 
-void DropDaytype(GlobalState& g, int employee, int day, int index) {
+WeekChange DropDaytype(GlobalState& g, int employee, int day, int index) {
     const std::string symbol = Trim(g.daytypes.DayTypeSymbols[index]);
-    if (symbol != Trim(g.week.DayTypeText[day][employee])) WeekEdit(g).SetDaytype(employee, day, symbol);
+    if (symbol == Trim(g.week.DayTypeText[day][employee])) return {};
+    return WeekEdit(g).SetDaytype(employee, day, symbol);
 }
 
 } // namespace tvx

@@ -11,6 +11,8 @@
 
 namespace tvx {
 
+struct WeekChange;
+
 constexpr int DaytypesOffered = 70; // no more can be added from here on
 
 /// The key rule of the symbol's box: capitals, codes 48 to 57 and 65 to 122, backspace. The letter W is
@@ -39,7 +41,7 @@ void DeleteDaytype(const Store& store, const Department& department, Daytypes& d
 std::string DropDateText(const GlobalState& g, const Region& region, int day);
 /// "Bakery: Adams Anna" of the one that it is picked for.
 std::string DropTitle(const Department& department, const Roster& roster, int employee);
-/// Puts the daytype at an index on a day. The week has changed when it held another one.
-void DropDaytype(GlobalState& g, int employee, int day, int index);
+/// Puts the daytype at an index on a day. Nothing has changed when the day held it already.
+WeekChange DropDaytype(GlobalState& g, int employee, int day, int index);
 
 } // namespace tvx

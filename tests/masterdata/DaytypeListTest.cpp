@@ -1,5 +1,6 @@
 #include "masterdata/DaytypeList.h"
 
+#include "editor/week/WeekEdit.h"
 #include "shell/common/TVXMOD1.h"
 #include "support/OtherWorkstation.h"
 #include "support/Rows.h"
@@ -243,7 +244,9 @@ TEST_F(DropDaytypeTest, is_put_on_a_day_of_an_employee) {
     EXPECT_EQ(DropDateText(g, store.script.region, 3), "Tuesday, 3-Mar-2026");
     EXPECT_EQ(DropDateText(g, store.script.region, 6), "Friday, 6-Mar-2026");
     EXPECT_EQ(DropTitle(g.department, g.roster, 2), "Bakery: Brown Bob");
-    DropDaytype(g, 2, 3, 2);
+    const WeekChange change = DropDaytype(g, 2, 3, 2);
+    EXPECT_EQ(change.employees, std::vector<int>{2});
+    EXPECT_EQ(change.days, std::vector<int>{3});
     EXPECT_EQ(g.week.DayTypeText[3][2], "CA");
     EXPECT_TRUE(g.week.WeekChanged);
     EXPECT_EQ(g.week.DayTypeText[3][1], "");
@@ -253,7 +256,7 @@ TEST_F(DropDaytypeTest, is_put_on_a_day_of_an_employee) {
 TEST_F(DropDaytypeTest, is_no_change_of_the_week_when_the_day_has_it_already) {
     test::WritableWeek(g).DayTypeText[3][2] = "CA ";
     test::WritableWeek(g).WeekChanged = false;
-    DropDaytype(g, 2, 3, 2);
+    EXPECT_TRUE(DropDaytype(g, 2, 3, 2).employees.empty());
     EXPECT_FALSE(g.week.WeekChanged);
     DropDaytype(g, 2, 3, 1);
     EXPECT_TRUE(g.week.WeekChanged);

@@ -114,7 +114,7 @@ void MainEditorForm::BuildHeader(QWidget& band) {
     band.setFixedHeight(Pixels(HeaderHeight));
     pctWeekday = &Add<DayHeaderBar>("pctWeekday", "Days of the week", &band);
     Place(*pctWeekday, g_.grid.GridLeft, 0, g_.grid.GridWidth, HeaderHeight);
-    pctWeekday->onDay = Guarded([this](int day) { ChooseDay(day); });
+    pctWeekday->onDay = Guarded([this](int day) { SelectDay(day); });
     auto& department = Add<Label>("Label26", "Department", &band);
     QFont bold = department.font();
     bold.setBold(true);

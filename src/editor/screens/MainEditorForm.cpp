@@ -23,7 +23,7 @@
 
 namespace tvx::qt {
 
-MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, Screens& screens, Form* owner)
+MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, const Screens& screens, Form* owner)
     : Form(ports, "Form1", owner), g_(g), screens_(screens), lanes_(g.grid, g.roster, g.cursor),
       drag_(lanes_, g), view_(lanes_, drag_, g), daytypes_(Text1, lanes_, g, ports.prompt),
       commands_(EditorCommands(g, *this)) {
@@ -68,7 +68,7 @@ void MainEditorForm::LoadLists() {
 
 bool MainEditorForm::Opened() {
     LoadWeekOf(g_, ports_, ports_.clock.Today());
-    SelectDay();
+    SelectDay(g_.cursor.CurrentDay);
     ShowSelectedOption();
     FocusRow(1);
     return true;
@@ -116,7 +116,7 @@ void MainEditorForm::Save() {
 void MainEditorForm::GoToWeek(int direction) {
     if (!GoToNeighbourWeek(g_, ports_, *gauge_, Settling(), direction)) return;
     drag_.Forget();
-    SelectDay();
+    SelectDay(g_.cursor.CurrentDay);
     FocusRow(g_.cursor.LastFocusRow);
 }
 
@@ -124,15 +124,9 @@ void MainEditorForm::LeaveEditor() {
     if (MayLeave()) Unload();
 }
 
-void MainEditorForm::ChooseDay(int day) {
+void MainEditorForm::SelectDay(int day) {
     Settle();
-    g_.cursor.CurrentDay = day;
-    SelectDay();
-}
-
-void MainEditorForm::SelectDay() {
-    Settle();
-    WeekEdit(g_).ShowDay(g_.cursor.CurrentDay);
+    WeekEdit(g_).ShowDay(day);
     DrawDayHeader();
     ShowTitle();
     ShowCommands();
@@ -173,8 +167,7 @@ void MainEditorForm::PickDaytype() {
     const int day = g_.cursor.CurrentDay;
     if (g_.week.DayOffFlag[day][e]) return ports_.prompt.Beep();
     const auto answer = screens_.Open(DaytypesRequest{ListRequest::Drop, e, day}, *this);
-    if (answer.SelectedDayType > 0) DropDaytype(g_, e, day, answer.SelectedDayType);
-    ShowRows();
+    if (answer.SelectedDayType > 0) Follow(DropDaytype(g_, e, day, answer.SelectedDayType));
     FocusRow(g_.cursor.LastFocusRow);
 }
 

@@ -28,11 +28,11 @@ class MainEditorForm : public Form, private EditorActions {
     Q_OBJECT
   public:
     /// Needs the roster of the current department.
-    MainEditorForm(GlobalState& g, Ports& ports, Screens& screens, Form* owner);
+    MainEditorForm(GlobalState& g, Ports& ports, const Screens& screens, Form* owner);
     ~MainEditorForm() override;
 
-    /// Redraws header, ruler and lanes after the day or the week has changed, and sums the day.
-    void SelectDay();
+    /// Makes a day of the week, 1 to 7, the current one, sums it, and redraws header, ruler and lanes.
+    void SelectDay(int day);
 
   protected:
     bool Opened() override;
@@ -78,7 +78,6 @@ class MainEditorForm : public Form, private EditorActions {
     void StoreShift() override;
     void PasteStoredShift(int index) override;
     bool MayLeave();
-    void ChooseDay(int day);
     void ChooseOption(int option);
     void ScrollDay(int value);
     void ScrollRows(int value);
@@ -109,7 +108,7 @@ class MainEditorForm : public Form, private EditorActions {
     void FocusRow(int row);
 
     GlobalState& g_;
-    Screens& screens_;
+    const Screens& screens_;
     ControlArray<TextBox> Text1; // [row], daytypes
     MainLanes lanes_;
     BarDrag drag_;
