@@ -37,6 +37,20 @@ bool IsOurs(const QWidget& control) {
     return !control.objectName().isEmpty() && !control.objectName().startsWith(QLatin1String("qt_"));
 }
 
+/// Stands inside a control of ours, made by Qt: the viewport of a list, the popup of a combo box.
+bool IsPartOfAnother(const QWidget& control) {
+    if (IsOurs(control)) return false;
+    const QWidget* holder = control.parentWidget();
+    while (holder != nullptr && !IsOurs(*holder)) holder = holder->parentWidget();
+    return holder != nullptr && holder->focusPolicy() != Qt::NoFocus;
+}
+
+/// Called by the program, or by its caption.
+bool HasOwnName(const QWidget& control) {
+    const auto* button = qobject_cast<const QAbstractButton*>(&control);
+    return !control.accessibleName().isEmpty() || (button != nullptr && !button->text().trimmed().isEmpty());
+}
+
 QString Plain(QString caption) {
     const QChar kept(1);
     caption.replace(QLatin1String("&&"), QString(kept)).remove(QLatin1Char('&'));
@@ -86,6 +100,14 @@ std::string Obstacles(QWidget& form) {
         if (const auto [other, first] = letters.emplace(letter, NameOf(*control)); !first)
             wrong += letter.toStdString() + " works " + other->second + " and " + NameOf(*control) + "\n";
     }
+    return wrong;
+}
+
+std::string Nameless(QWidget& form) {
+    std::string wrong;
+    for (QWidget* control : form.findChildren<QWidget*>())
+        if (control->focusPolicy() != Qt::NoFocus && !IsPartOfAnother(*control) && !HasOwnName(*control))
+            wrong += std::string(control->metaObject()->className()) + " " + NameOf(*control) + "\n";
     return wrong;
 }
 

@@ -15,6 +15,10 @@ std::vector<std::string> TabOrder(QWidget& form);
 /// letters that work two visible controls at once. "" when nothing is.
 std::string Obstacles(QWidget& form);
 
+/// Controls that can take the focus, shown or hidden, and have no name of their own for assistive tools, one
+/// line each: the class, and the designer name where there is one. A frame's title names no box in it.
+std::string Nameless(QWidget& form);
+
 /// Visible labels, buttons and titles whose text does not fit, one line each.
 std::string CutTexts(QWidget& form);
 

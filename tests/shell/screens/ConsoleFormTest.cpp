@@ -6,6 +6,8 @@
 #include "platform/files/Folder.h"
 #include "shell/common/TVXMOD1.h"
 #include "shell/screens/RegisterScreens.h"
+#include "store/rows/PasswordText.h"
+#include "support/RawFile.h"
 #include "support/Rows.h"
 #include "support/Screens.h"
 #include "support/TestEngine.h"
@@ -467,6 +469,29 @@ TEST_F(ConsoleFormTest, each_department_has_its_own_daytypes_and_shifts) {
         EXPECT_EQ(g.shifts.ShiftCount, 1);
         EXPECT_EQ(Roster(), std::vector<std::string>{"Stone Sam"});
     });
+}
+
+// ---- pictures ----
+
+TEST_F(ConsoleFormTest, a_picture_of_one_department) {
+    Start();
+    test::TakePicture(*console, "Form2");
+}
+
+TEST_F(ConsoleFormTest, pictures_of_several_departments) {
+    made.AddDepartment("Stores, cellar, yard and gate");
+    Start();
+    test::TakePicture(*console, "Form2-departments");
+    emit Find<QComboBox>(*console, "Combo1").activated(1);
+    test::TakePicture(*console, "Form2-longest");
+}
+
+TEST_F(ConsoleFormTest, a_picture_of_the_password_prompt) {
+    test::RawFile(made.folder / "TVX.MDB")
+        .Run("UPDATE Application SET [BigBoss] = ?", {ScramblePassword("SESAME")});
+    Start();
+    EXPECT_TRUE(Find(*console, "Text3").isVisible());
+    test::TakePicture(*console, "Form2-password");
 }
 
 } // namespace
