@@ -32,14 +32,18 @@ class ScriptedPrinter : public Printer {
     std::vector<std::string> texts;
     ReportFont font; // of the first text
 
-    bool PrintDialog(PageOrientation wanted, const std::string& name) override {
+    std::filesystem::path proposed;
+    std::optional<std::filesystem::path> file; // to which it prints
+    bool PrintDialog(PageOrientation wanted, const std::string& name,
+                     const std::filesystem::path& pdf) override {
+        proposed = pdf;
         ++asked;
         orientation = wanted;
         title = name;
         return accepts;
     }
     Paper Sheet() const override { return sheet; }
-    void Print(const VpDocument& document) override {
+    std::optional<std::filesystem::path> Print(const VpDocument& document) override {
         if (fails) throw FileError(FileErrorNumber::DiskFull, "No space left");
         ++printed;
         pages = document.PageCount();
@@ -50,6 +54,7 @@ class ScriptedPrinter : public Printer {
                     if (texts.empty()) font = document.FontAt(text->font);
                     texts.push_back(text->text);
                 }
+        return file;
     }
     bool Has(const std::string& text) const {
         return std::find(texts.begin(), texts.end(), text) != texts.end();

@@ -63,6 +63,7 @@ std::optional<std::filesystem::path> ScriptedPrompt::OpenDialog(const FileReques
 }
 
 std::optional<std::filesystem::path> ScriptedPrompt::SaveDialog(const FileRequest& request) {
+    lastSave_ = request;
     return Next(saves_, "save dialog " + request.title);
 }
 

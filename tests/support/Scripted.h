@@ -48,6 +48,9 @@ class ScriptedPrompt : public Prompt {
     int Beeps() const { return beeps_; }
     Pointer Shape() const { return shape_; }
 
+    /// What the last save dialog asked for.
+    const FileRequest& LastSave() const { return lastSave_; }
+
     Answer Show(const Message& message) override;
     std::optional<std::filesystem::path> OpenDialog(const FileRequest& request) override;
     std::optional<std::filesystem::path> SaveDialog(const FileRequest& request) override;
@@ -68,6 +71,7 @@ class ScriptedPrompt : public Prompt {
     std::optional<Answer> always_;
     std::deque<std::optional<std::filesystem::path>> opens_;
     std::deque<std::optional<std::filesystem::path>> saves_;
+    FileRequest lastSave_;
     std::deque<std::optional<ReportFont>> fonts_;
     std::vector<ShownBox> boxes_;
     std::function<void()> onEvents_;

@@ -187,6 +187,11 @@ std::string ScheduleForm::DocumentTitle() const {
     return WeekTitle(g_.department, g_.week);
 }
 
+std::string ScheduleForm::FileName() const {
+    const char* format = IsShort() ? " schedule " : IsSelected() ? " selected schedules " : " long schedule ";
+    return g_.department.CurrentDepName + format + g_.week.WeekDateTexts[1];
+}
+
 void ScheduleForm::EnterHtml() {
     HtmlMode = true;
     SaveSpace = Option3D1[SaveSpaceOption].isChecked();

@@ -24,6 +24,7 @@ class ScheduleForm : public OptionFrames {
     std::string PreviewTitle() const override;
     std::string PreviewPrintCaption() const override;
     std::string DocumentTitle() const override;
+    std::string FileName() const override;
     void PrintFromPreview() override;
     void BackToPaper() override { HtmlMode = false; }
 

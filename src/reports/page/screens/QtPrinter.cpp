@@ -5,6 +5,7 @@
 #include "reports/page/screens/DocumentPainter.h"
 
 #include <QApplication>
+#include <QLineEdit>
 #include <QLocale>
 #include <QPageLayout>
 #include <QPageRanges>
@@ -39,6 +40,13 @@ std::vector<int> PagesFor(const QPrinter& printer, int count) {
     return pages;
 }
 
+/// Puts a name into the dialog's box for a file. To tell the printer of it would take the choice of a file,
+/// and not of a printer, for granted.
+void Propose(const QPrintDialog& dialog, const std::filesystem::path& file) {
+    if (auto* box = dialog.findChild<QLineEdit*>(QStringLiteral("filename")))
+        box->setText(QString::fromStdU16String(file.u16string()));
+}
+
 } // namespace
 
 QtPrinter::QtPrinter() = default;
@@ -52,12 +60,14 @@ QPrinter& QtPrinter::Device() {
     return *printer_;
 }
 
-bool QtPrinter::PrintDialog(PageOrientation orientation, const std::string& title) {
+bool QtPrinter::PrintDialog(PageOrientation orientation, const std::string& title,
+                            const std::filesystem::path& file) {
     QPrinter& printer = Device();
     printer.setPageOrientation(orientation == PageOrientation::Landscape ? QPageLayout::Landscape
                                                                          : QPageLayout::Portrait);
     printer.setDocName(ToQString(title));
     QPrintDialog dialog(&printer, QApplication::activeWindow());
+    Propose(dialog, file);
     return dialog.exec() == QDialog::Accepted;
 }
 
@@ -67,13 +77,15 @@ Paper QtPrinter::Sheet() const {
     return {TwipsOf(size.width()), TwipsOf(size.height()), Paper().margin};
 }
 
-void QtPrinter::Print(const VpDocument& document) {
+std::optional<std::filesystem::path> QtPrinter::Print(const VpDocument& document) {
     const QPrinter& printer = Device();
-    if (printer.outputFormat() == QPrinter::PdfFormat && !printer.outputFileName().isEmpty())
-        WritePdf(document, FromQString(printer.docName()), printer.outputFileName().toStdU16String(),
-                 PagesFor(printer, document.PageCount()));
-    else
+    if (printer.outputFormat() != QPrinter::PdfFormat || printer.outputFileName().isEmpty()) {
         PrintOnPaper(document);
+        return std::nullopt;
+    }
+    const std::filesystem::path file = printer.outputFileName().toStdU16String();
+    WritePdf(document, FromQString(printer.docName()), file, PagesFor(printer, document.PageCount()));
+    return file;
 }
 
 void QtPrinter::PrintOnPaper(const VpDocument& document) {

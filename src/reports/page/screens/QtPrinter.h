@@ -13,9 +13,10 @@ class QtPrinter : public Printer {
   public:
     QtPrinter();
     ~QtPrinter() override;
-    bool PrintDialog(PageOrientation orientation, const std::string& title) override;
+    bool PrintDialog(PageOrientation orientation, const std::string& title,
+                     const std::filesystem::path& file) override;
     Paper Sheet() const override;
-    void Print(const VpDocument& document) override;
+    std::optional<std::filesystem::path> Print(const VpDocument& document) override;
 
   private:
     QPrinter& Device();

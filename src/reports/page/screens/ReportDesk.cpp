@@ -9,8 +9,19 @@
 #include "reports/page/screens/QtPrinter.h"
 
 #include <QFontDatabase>
+#include <QStandardPaths>
 
 namespace tvx::qt {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+fs::path DocumentsFolder() {
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdU16String();
+}
+
+} // namespace
 
 ReportDesk::ReportDesk(Report& report, Ports& ports, Printer& printer, DeskSettings settings)
     : report_(report), ports_(ports), printer_(printer), settings_(std::move(settings)),
@@ -90,21 +101,41 @@ bool ReportDesk::TellIfFails(const std::string& what, const std::function<void()
     }
 }
 
+/// The report's name as a file can have it, in the folder of the last one or else in this one.
+fs::path ReportDesk::Proposed(const fs::path& folder, const std::string& ending) const {
+    constexpr std::size_t Longest = 80; // letters
+    std::string name = Left(report_.FileName(), Longest);
+    for (char& c : name)
+        if (static_cast<unsigned char>(c) < ' ' ||
+            std::string_view("\\/:*?\"<>|").find(c) != std::string_view::npos)
+            c = '-';
+    return printer_.LastFolder().value_or(folder) / fs::path(Trim(name) + ending);
+}
+
+void ReportDesk::TellWritten(const fs::path& file) {
+    printer_.Wrote(file);
+    report_.Written(file);
+}
+
 bool ReportDesk::Print() {
     if (!report_.MayRun()) return false;
-    if (!printer_.PrintDialog(OrientationOfSettings(Settings()), report_.DocumentTitle())) return false;
+    if (!printer_.PrintDialog(OrientationOfSettings(Settings()), report_.DocumentTitle(),
+                              Proposed(DocumentsFolder(), ".pdf")))
+        return false;
     document_.Sheet(printer_.Sheet());
     Draw();
     return TellIfFails("The report could not be printed.", [this] {
         const Hourglass hourglass(ports_.prompt);
-        printer_.Print(document_);
+        if (const auto file = printer_.Print(document_)) TellWritten(*file);
     });
 }
 
 /// Asks for a file; a name without a point gets ".HTM". Nothing on cancel, or when a file that only the
 /// longer name meets is to stay.
 std::optional<std::filesystem::path> ReportDesk::AskForPage(const std::filesystem::path& folder) {
-    const FileRequest request{"Save HTML", "HTML Web pages (*.htm)", "*.HTM", folder, ""};
+    const fs::path proposed = Proposed(folder, ".HTM");
+    const FileRequest request{"Save HTML", "HTML Web pages (*.htm)", "*.HTM", proposed.parent_path(),
+                              proposed.filename().string()};
     auto file = ports_.prompt.SaveDialog(request);
     if (!file || file->filename().string().find('.') != std::string::npos) return file;
     *file += ".HTM";
@@ -122,6 +153,7 @@ bool ReportDesk::SaveWebPage(const std::filesystem::path& folder) {
     Draw();
     return TellIfFails("The web page could not be written.", [&] {
         WriteHtml(document_, report_.DocumentTitle(), ports_.region.Language(), *file);
+        TellWritten(*file);
     });
 }
 

@@ -25,6 +25,10 @@ class Report {
     virtual bool MayRun() { return true; }
     /// The title of the printed document and of the web page.
     virtual std::string DocumentTitle() const = 0;
+    /// What a file of it is proposed to be called, without an ending: another name for each report and week.
+    virtual std::string FileName() const { return DocumentTitle(); }
+    /// A file of it was written.
+    virtual void Written(const std::filesystem::path&) {}
 };
 
 /// The settings are shared by all reports of a run; without a file they are neither read nor kept.
@@ -55,6 +59,9 @@ class ReportDesk {
     void ClosePreview() { preview_ = nullptr; }
     bool IsPreviewing() const { return preview_ != nullptr; }
 
+    /// In a run the first PDF is proposed for the person's documents and the first web page for a folder of
+    /// the caller's; then both for the folder where a file was written last.
+
     /// Asks for a printer, of which a PDF file may be one, and prints the report, drawn anew for its sheet.
     /// False when it was not printed; a box tells of trouble.
     bool Print();
@@ -67,6 +74,8 @@ class ReportDesk {
     void Draw();
     void Keep();
     ReportFont FontOfDocument() const;
+    std::filesystem::path Proposed(const std::filesystem::path& folder, const std::string& ending) const;
+    void TellWritten(const std::filesystem::path& file);
     std::optional<std::filesystem::path> AskForPage(const std::filesystem::path& folder);
 
     Report& report_;

@@ -64,7 +64,8 @@ void ReportForm::OrderTabs() {
 void ReportForm::PlaceNormal() {
     setWindowTitle(ToQString(title_));
     setMinimumSize(0, 0);
-    setFixedSize(normalSize_);
+    const int line = HasWritten() ? Pixels(WrittenHeight) : 0;
+    setFixedSize(normalSize_ + QSize(0, line));
     const Twips width = ToTwips(normalSize_.width());
     const Twips top = ToTwips(normalSize_.height()) - FootHeight;
     Place(*options_, Gap, Gap, width - 2 * Gap, top - Gap);
@@ -73,6 +74,7 @@ void ReportForm::PlaceNormal() {
     const QSize buttons = buttons_->sizeHint();
     buttons_->setGeometry(normalSize_.width() - buttons.width() - Pixels(Gap), Pixels(top + 480),
                           buttons.width(), buttons.height());
+    Place(WrittenLine(), Gap, ToTwips(normalSize_.height()), width - 2 * Gap, WrittenHeight - Gap);
     SetCancelButton(*cmdCancel);
     CenterForm();
 }

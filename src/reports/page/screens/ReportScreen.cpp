@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QPainter>
+#include <QProcess>
 #include <QWindow>
 
 namespace tvx::qt {
@@ -30,6 +31,44 @@ ReportScreen::ReportScreen(Ports& ports, Printer& printer, DeskSettings settings
 void ReportScreen::BuildFontAndPaper() {
     BuildFont();
     BuildPaper();
+    BuildWrittenLine();
+}
+
+/// A box that can only be read, so that a long name can be gone through and copied.
+void ReportScreen::BuildWrittenLine() {
+    written_ = &Add<QWidget>("Written", "");
+    auto* row = new QHBoxLayout(written_);
+    row->setContentsMargins(0, 0, 0, 0);
+    lblWritten = &Add<TextBox>("lblWritten", "File that was written", written_);
+    lblWritten->setReadOnly(true);
+    auto& open = Add<QPushButton>("cmdOpenFolder", "Open folder", written_);
+    open.setText(QStringLiteral("Open f&older"));
+    row->addWidget(lblWritten, 1);
+    row->addWidget(&open);
+    written_->hide();
+    On(open, &QPushButton::clicked, [this] { OpenFolder(); });
+}
+
+void ReportScreen::Written(const std::filesystem::path& file) {
+    writtenFile_ = std::filesystem::absolute(file);
+    lblWritten->SetText("Written: " + writtenFile_.string());
+    lblWritten->setCursorPosition(0);
+    if (desk_.IsPreviewing()) return; // the form shows it when the preview has closed
+    written_->show();
+    PlaceNormal();
+}
+
+void ReportScreen::OpenFolder() {
+    auto* opener = new QProcess(this);
+    const auto ended = [this, opener](bool opened) {
+        opener->deleteLater();
+        if (!opened) ports_.prompt.MsgBox("The folder could not be opened.", box::Exclamation, "Open folder");
+    };
+    On(*opener, &QProcess::errorOccurred, [ended](QProcess::ProcessError error) {
+        if (error == QProcess::FailedToStart) ended(false);
+    });
+    On(*opener, &QProcess::finished, [ended](int code, QProcess::ExitStatus) { ended(code == 0); });
+    opener->start(QStringLiteral("xdg-open"), {ToQString(writtenFile_.parent_path().string())});
 }
 
 void ReportScreen::BuildFont() {
@@ -134,6 +173,7 @@ void ReportScreen::PlacePreview() {
 
 void ReportScreen::ShowParts(bool preview) {
     ShowOwnParts(!preview);
+    written_->setVisible(!preview && HasWritten());
     for (QPushButton* part : {cmdPreviewPrint, cmdCancelPreview, pageBack_, pageOn_})
         part->setVisible(preview);
     vp_->setVisible(preview);

@@ -38,6 +38,10 @@ class ReportScreen : public Form, protected Report {
     void ShowPreview();
     void ClosePreview();
     ReportDesk& Desk() { return desk_; }
+    void Written(const std::filesystem::path& file) override;
+    /// The line that tells which file was written, once there is one; the form places it.
+    QWidget& WrittenLine() { return *written_; }
+    bool HasWritten() const { return !writtenFile_.empty(); }
 
     Frame* Frame1 = nullptr; // font
     Frame* Frame2 = nullptr; // paper
@@ -49,6 +53,8 @@ class ReportScreen : public Form, protected Report {
     bool MayUnload() override;
 
   private:
+    void BuildWrittenLine();
+    void OpenFolder();
     void BuildFont();
     void BuildPaper();
     QPushButton* AddPreviewButton(const char* name, const QString& caption, const std::string& accessible);
@@ -61,6 +67,10 @@ class ReportScreen : public Form, protected Report {
     ReportDesk desk_;
     QWidget* openedFrom_ = nullptr; // had the focus before the preview
 
+    std::filesystem::path writtenFile_;
+    QWidget* written_ = nullptr; // its name, and a button that opens its folder
+    TextBox* lblWritten = nullptr;
+
     PictureBox* Picture1 = nullptr;
     Preview* vp_ = nullptr;
     QPushButton* cmdPreviewPrint = nullptr;
@@ -71,7 +81,8 @@ class ReportScreen : public Form, protected Report {
     Label* remark_ = nullptr; // of the document
 };
 
-constexpr Twips FrameHeight = 1080; // of Frame1 and Frame2
+constexpr Twips FrameHeight = 1080;  // of Frame1 and Frame2
+constexpr Twips WrittenHeight = 420; // of the line that tells which file was written
 constexpr Twips FontFrameWidth = 3300;
 constexpr Twips PaperFrameWidth = 2700;
 

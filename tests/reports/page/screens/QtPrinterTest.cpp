@@ -82,21 +82,25 @@ TEST_F(QtPrinterTest, offers_a_PDF_file_where_there_is_no_printer) {
                 offered = offered || choice->itemText(i).contains(QLatin1String("PDF"));
         dialog.reject();
     });
-    EXPECT_FALSE(printer.PrintDialog(PageOrientation::Portrait, "Week")) << "a cancel is a cancel";
+    EXPECT_FALSE(printer.PrintDialog(PageOrientation::Portrait, "Week", folder / "Proposed.pdf"))
+        << "a cancel is a cancel";
     EXPECT_TRUE(came_);
     EXPECT_TRUE(offered);
 }
 
 TEST_F(QtPrinterTest, writes_the_PDF_that_was_chosen) {
+    QString proposed;
     WhenAsked([&](QPrintDialog& dialog) {
+        proposed = dialog.findChild<QLineEdit*>(QStringLiteral("filename"))->text();
         FileName(dialog, folder / "week.pdf");
         Accept(dialog);
     });
-    ASSERT_TRUE(printer.PrintDialog(PageOrientation::Landscape, "Week"));
+    ASSERT_TRUE(printer.PrintDialog(PageOrientation::Landscape, "Week", folder / "Proposed.pdf"));
     VpDocument document(measures, printer.Sheet());
     document.Orientation(PageOrientation::Landscape);
     Draw(document, 3);
-    printer.Print(document);
+    EXPECT_EQ(printer.Print(document), folder / "week.pdf");
+    EXPECT_EQ(proposed.toStdString(), (folder / "Proposed.pdf").string());
     EXPECT_EQ(test::ReadFile(folder / "week.pdf").rfind("%PDF", 0), 0U);
     EXPECT_EQ(test::NamesIn(folder.Path()), std::vector<std::string>{"week.pdf"});
 }

@@ -3,10 +3,13 @@
 #include "desktop/Scale.h"
 #include "support/ScheduleFormFixture.h"
 #include "support/TempFolder.h"
+#include "support/Usability.h"
+#include "support/WeekWriter.h"
 
 #include <QCheckBox>
 #include <QListWidget>
 #include <QPainter>
+#include <QStandardPaths>
 
 namespace tvx {
 namespace {
@@ -352,6 +355,84 @@ TEST_F(ReportFormTest, prints_on_the_sheet_of_the_printer) {
     Click("cmdPrint");
     EXPECT_LT(printer.pages, small);
     EXPECT_EQ(printer.title, "Example department,  Week from 26-Feb-2006  to  4-Mar-2006");
+}
+
+TEST_F(ReportFormTest, tells_which_PDF_was_written_with_a_way_to_its_folder) {
+    Open("7DayShort");
+    Click("cmdPrint");
+    EXPECT_FALSE(Shown("lblWritten")) << "a printer writes no file";
+    printer.file = store.folder / "plans" / "week.pdf";
+    Click("cmdPrint");
+    EXPECT_EQ(Get<qt::TextBox>("lblWritten").Text(), "Written: " + printer.file->string());
+    ASSERT_TRUE(Shown("lblWritten") && Shown("cmdOpenFolder"));
+    EXPECT_TRUE(form->rect().contains(Get("Written").geometry()));
+    EXPECT_FALSE(Get("Written").geometry().intersects(Get("Buttons").geometry()));
+    EXPECT_EQ(test::Obstacles(*form), "");
+    Click("cmdPreview");
+    EXPECT_FALSE(Shown("lblWritten"));
+    Click("cmdPreviewPrint");
+    EXPECT_TRUE(Shown("lblWritten")) << "behind the preview too";
+}
+
+TEST_F(ReportFormTest, opens_the_folder_of_the_file_that_was_written) {
+    const std::filesystem::path program = store.folder / "xdg-open";
+    test::WriteFile(program, "#!/bin/sh\necho \"$1\" > \"" + (store.folder / "opened").string() + "\"\n");
+    std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+    const QByteArray path = qgetenv("PATH");
+    qputenv("PATH", QByteArray::fromStdString(store.folder.Path().string()) + ":" + path);
+    printer.file = store.folder / "week.pdf";
+    Open("7DayShort");
+    Click("cmdPrint");
+    Click("cmdOpenFolder");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !test::ReadFile(store.folder / "opened").empty(); }));
+    EXPECT_EQ(test::ReadFile(store.folder / "opened"), store.folder.Path().string() + "\n");
+    test::WriteFile(program, "#!/bin/sh\nexit 3\n");
+    store.prompt().Expect("The folder could not be opened.", box::Exclamation, "Open folder");
+    Click("cmdOpenFolder");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !store.prompt().Boxes().empty(); }));
+    qputenv("PATH", path);
+}
+
+TEST_F(ReportFormTest, proposes_another_name_for_each_report_and_week) {
+    std::vector<std::string> names;
+    for (const char* kind : {"7DayShort", "7DayLong", "SelectedEmployees"})
+        for (const char* day : {"26-Feb-2006", "5/3/2006"}) {
+            test::WritableWeek(g).WeekDateTexts[1] = day;
+            Open(kind);
+            Get<QListWidget>("List1").selectAll();
+            Click("cmdPrint");
+            names.push_back(printer.proposed.filename().string());
+        }
+    EXPECT_EQ(names, (std::vector<std::string>{"Example department schedule 26-Feb-2006.pdf",
+                                               "Example department schedule 5-3-2006.pdf",
+                                               "Example department long schedule 26-Feb-2006.pdf",
+                                               "Example department long schedule 5-3-2006.pdf",
+                                               "Example department selected schedules 26-Feb-2006.pdf",
+                                               "Example department selected schedules 5-3-2006.pdf"}));
+}
+
+TEST_F(ReportFormTest, proposes_documents_and_its_own_folder_and_then_the_folder_last_used) {
+    const std::filesystem::path documents =
+        QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
+    Open("7DayShort");
+    Click("cmdPrint");
+    EXPECT_EQ(printer.proposed.parent_path(), documents);
+    store.prompt().WillSaveTo(std::nullopt);
+    Click("cmdSaveHTML");
+    EXPECT_EQ(store.prompt().LastSave().folder, g.paths.ProgramPath);
+    EXPECT_EQ(store.prompt().LastSave().fileName, "Example department schedule 26-Feb-2006.HTM");
+    std::filesystem::create_directory(store.folder / "web");
+    store.prompt().WillSaveTo(store.folder / "web" / "week.htm");
+    Click("cmdSaveHTML");
+    EXPECT_EQ(Get<qt::TextBox>("lblWritten").Text(), "Written: " + (store.folder / "web/week.htm").string());
+    Open("7DayLong");
+    Click("cmdPrint");
+    EXPECT_EQ(printer.proposed.parent_path(), store.folder / "web");
+    printer.file = store.folder / "week.pdf";
+    Click("cmdPrint");
+    store.prompt().WillSaveTo(std::nullopt);
+    Click("cmdSaveHTML");
+    EXPECT_EQ(store.prompt().LastSave().folder, store.folder.Path());
 }
 
 TEST_F(ReportFormTest, prints_nothing_when_the_dialog_is_cancelled) {
