@@ -16,6 +16,7 @@ namespace {
 
 using test::ChildProcess;
 using test::DaoErrorOf;
+using test::RawFile;
 using test::TestEngine;
 
 constexpr int LongWait = 20000; // milliseconds; a machine may be busy with other tests
@@ -53,27 +54,22 @@ class TwoWorkstationsTest : public test::DaoTest {
         EXPECT_EQ(other->Hear(), "saving");
         return other;
     }
-    /// Another workstation in the middle of a save too large for its memory, so that the file itself is half
-    /// written and closed to readers.
+    /// Another program in the middle of a save too large for its memory, which has written a part of it into
+    /// the file and closed it to readers. This one holds a save in memory until its end.
     std::unique_ptr<ChildProcess> OtherSavingMuch() const {
-        auto other = Other([](Database& theirs, ChildProcess& test) {
-            Transaction save(theirs);
-            Recordset towns = theirs.OpenRecordset("Town list");
-            towns.Edit();
-            towns.Fields("Town name") = "Changed";
-            towns.Update();
-            Recordset shifts = theirs.OpenRecordset("Shift list");
-            for (int day = 1; day <= 5000; ++day) {
-                shifts.AddNew();
-                shifts.Fields("Day") = 100000 + day;
-                shifts.Fields("Worker") = 1;
-                shifts.Fields("Remarks") = std::string(2000, 'x');
-                shifts.Update();
-            }
+        auto other = std::make_unique<ChildProcess>([this](ChildProcess& test) {
+            RawFile theirs(file);
+            theirs.Run("PRAGMA cache_size = 1");
+            theirs.Run("BEGIN IMMEDIATE");
+            theirs.Run("UPDATE [Town list] SET [Town name] = 'Changed' WHERE [Town number] = 1");
+            theirs.Run("INSERT INTO [Shift list] (Day, Worker, Remarks) WITH RECURSIVE n(i) AS (SELECT 1"
+                       " UNION ALL SELECT i + 1 FROM n WHERE i < 5000)"
+                       " SELECT 100000 + i, 1, printf('%.2000c', 'x') FROM n");
             test.Say("saving");
             test.Hear();
-            save.Commit();
+            theirs.Run("COMMIT");
             test.Say("saved");
+            test.Hear();
         });
         EXPECT_EQ(other->Hear(), "saving");
         return other;
@@ -255,6 +251,31 @@ TEST_F(TwoWorkstationsTest, ends_its_snapshot_with_the_block) {
     const auto other = TestEngine(0).OpenDatabase(file);
     AddTown(*other, "Kiel");
     EXPECT_EQ(TownNames(), "Ulm Bonn Kiel ");
+}
+
+TEST_F(TwoWorkstationsTest, reads_on_while_the_other_prepares_a_save_of_any_size) {
+    const auto other = Other([](Database& theirs, ChildProcess& test) {
+        Transaction save(theirs);
+        Recordset shifts = theirs.OpenRecordset("Shift list");
+        for (int day = 1; day <= 5000; ++day) {
+            shifts.AddNew();
+            shifts.Fields("Day") = 100000 + day;
+            shifts.Fields("Worker") = 1;
+            shifts.Fields("Remarks") = std::string(2000, 'x');
+            shifts.Update();
+        }
+        test.Say("saving");
+        test.Hear();
+        save.Commit();
+        test.Say("saved");
+    });
+    ASSERT_EQ(other->Hear(), "saving");
+    const auto before = fs::file_size(file);
+    Open();
+    EXPECT_EQ(TownNames(), "Ulm Bonn ");
+    LetSave(*other);
+    EXPECT_GT(fs::file_size(file), 2 * before) << "nothing of it was in the file before its end";
+    EXPECT_EQ(db->OpenRecordset("Shift list").RecordCount(), 5000);
 }
 
 // --- a file that is half written --------------------------------------------------------------------------
