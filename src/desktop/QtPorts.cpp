@@ -1,5 +1,6 @@
 #include "desktop/QtPorts.h"
 
+#include "desktop/HelpWindow.h"
 #include "desktop/PlainTips.h"
 #include "desktop/Scale.h"
 #include "platform/basic/Text.h"
@@ -18,7 +19,6 @@
 #include <QMessageBox>
 #include <QScreen>
 #include <QStandardPaths>
-#include <QTextBrowser>
 #include <QTime>
 
 namespace fs = std::filesystem;
@@ -305,23 +305,28 @@ QtHelp::~QtHelp() {
 }
 
 void QtHelp::ShowTopic(int topic) {
-    auto page = FindFile(folder_, std::to_string(topic) + ".html");
-    if (!page) page = FindFile(folder_, "index.html");
-    if (window_ == nullptr) {
-        window_ = new QTextBrowser;
-        window_->setObjectName(QStringLiteral("Tvxhelp"));
-        window_->setWindowTitle(QStringLiteral("Tarvex help"));
-        window_->setOpenExternalLinks(false);
-        window_->document()->setDocumentMargin(Pixels(180));
-        window_->resize(Pixels(9600), Pixels(8400));
-    }
-    window_->setSource(page ? QUrl::fromLocalFile(PathText(*page)) : QUrl());
-    // A modal form keeps every other window of the program from the keyboard, but not a child of its own.
-    window_->setWindowModality(Qt::NonModal);
-    window_->setParent(QApplication::activeWindow(), Qt::Dialog);
+    QWidget* form = QApplication::activeWindow();
+    const bool asked = form == window_ && form != nullptr; // the help about the help
+    if (window_ == nullptr) window_ = new HelpWindow(folder_);
+    window_->ShowPage(std::to_string(topic) + ".html");
+    if (!asked) OpenBeside(form);
     window_->show();
     window_->raise();
     window_->activateWindow();
+}
+
+void QtHelp::OpenBeside(QWidget* form) {
+    // A modal form keeps every other window of the program from the keyboard, but not a child of its own.
+    window_->setWindowModality(Qt::NonModal);
+    window_->setParent(form, Qt::Dialog);
+    if (form == nullptr) return;
+    const QRect frame = form->frameGeometry();
+    const QSize wanted(Pixels(7200), std::max(Pixels(8400), frame.height()));
+    const QRect place = PlaceBeside(frame, form->screen()->availableGeometry(), wanted, Pixels(4800));
+    // What is placed is the frame; the title and the rims around the new window are as wide as the form's.
+    const QSize rims = frame.size() - form->size();
+    window_->move(place.topLeft());
+    window_->resize(place.size() - rims);
 }
 
 void SetUpLook() {

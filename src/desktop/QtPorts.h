@@ -11,9 +11,9 @@
 #include <filesystem>
 #include <memory>
 
-class QTextBrowser;
-
 namespace tvx::qt {
+
+class HelpWindow;
 
 class QtPrompt : public Prompt {
   public:
@@ -78,8 +78,10 @@ class QtHelp : public HelpViewer {
     void ShowTopic(int topic) override;
 
   private:
+    void OpenBeside(QWidget* form);
+
     std::filesystem::path folder_;
-    QPointer<QTextBrowser> window_;
+    QPointer<HelpWindow> window_;
 };
 
 /// A day serial as Qt's date, and back.
