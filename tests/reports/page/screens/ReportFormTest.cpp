@@ -358,7 +358,7 @@ TEST_F(ReportFormTest, prints_on_the_sheet_of_the_printer) {
 }
 
 TEST_F(ReportFormTest, tells_which_PDF_was_written_with_a_way_to_its_folder) {
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPrint");
     EXPECT_FALSE(Shown("lblWritten")) << "a printer writes no file";
     printer.file = store.folder / "plans" / "week.pdf";
@@ -381,7 +381,7 @@ TEST_F(ReportFormTest, opens_the_folder_of_the_file_that_was_written) {
     const QByteArray path = qgetenv("PATH");
     qputenv("PATH", QByteArray::fromStdString(store.folder.Path().string()) + ":" + path);
     printer.file = store.folder / "week.pdf";
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPrint");
     Click("cmdOpenFolder");
     EXPECT_TRUE(QTest::qWaitFor([&] { return !test::ReadFile(store.folder / "opened").empty(); }));
@@ -395,7 +395,7 @@ TEST_F(ReportFormTest, opens_the_folder_of_the_file_that_was_written) {
 
 TEST_F(ReportFormTest, proposes_another_name_for_each_report_and_week) {
     std::vector<std::string> names;
-    for (const char* kind : {"7DayShort", "7DayLong", "SelectedEmployees"})
+    for (const ScheduleKind kind : {ScheduleKind::Short, ScheduleKind::Long, ScheduleKind::Selected})
         for (const char* day : {"26-Feb-2006", "5/3/2006"}) {
             test::WritableWeek(g).WeekDateTexts[1] = day;
             Open(kind);
@@ -414,7 +414,7 @@ TEST_F(ReportFormTest, proposes_another_name_for_each_report_and_week) {
 TEST_F(ReportFormTest, proposes_documents_and_its_own_folder_and_then_the_folder_last_used) {
     const std::filesystem::path documents =
         QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation).toStdString();
-    Open("7DayShort");
+    Open(ScheduleKind::Short);
     Click("cmdPrint");
     EXPECT_EQ(printer.proposed.parent_path(), documents);
     store.prompt().WillSaveTo(std::nullopt);
@@ -425,7 +425,7 @@ TEST_F(ReportFormTest, proposes_documents_and_its_own_folder_and_then_the_folder
     store.prompt().WillSaveTo(store.folder / "web" / "week.htm");
     Click("cmdSaveHTML");
     EXPECT_EQ(Get<qt::TextBox>("lblWritten").Text(), "Written: " + (store.folder / "web/week.htm").string());
-    Open("7DayLong");
+    Open(ScheduleKind::Long);
     Click("cmdPrint");
     EXPECT_EQ(printer.proposed.parent_path(), store.folder / "web");
     printer.file = store.folder / "week.pdf";
