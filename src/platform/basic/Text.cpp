@@ -159,6 +159,8 @@ void AppendUtf8(std::string& text, char32_t c) {
 }
 
 std::string Isolated(std::string_view text) {
+    const auto isAscii = [](char c) { return static_cast<unsigned char>(c) < 0x80; };
+    if (std::all_of(text.begin(), text.end(), isAscii)) return std::string(text);
     const std::u32string letters = DecodeUtf8(text);
     if (std::none_of(letters.begin(), letters.end(), IsRightToLeft)) return std::string(text);
     return std::string("\u2068").append(text).append("\u2069");

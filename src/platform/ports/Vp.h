@@ -4,6 +4,7 @@
 #include "platform/basic/Palette.h"
 #include "platform/basic/Twips.h"
 #include "platform/ports/ReportFont.h"
+#include "platform/ports/TableMeaning.h"
 
 #include <functional>
 #include <optional>
@@ -100,6 +101,13 @@ class Vp {
     virtual void EndTable() = 0;
     /// Row and column of the collected table, from 1.
     virtual void TableCell(CellSetting setting, int row, int column, Colour value) = 0;
+
+    /// What tables mean is told by a web page alone. Meaning holds for the tables that follow, until another.
+    virtual void Meaning(const TableMeaning& meaning) = 0;
+    /// What follows is about this person, until another; "" for nobody. A web page lists them at its top.
+    virtual void About(const std::string& name) = 0;
+    /// What the next row is; the ones behind it are plain again.
+    virtual void NextRow(const RowMeaning& row) = 0;
 
     /// What is drawn at the beginning of each page, the first included, before anything else there: a head, a
     /// foot, a frame. Set before StartDoc, or for the pages that follow; forgotten at EndDoc. Font, pen and

@@ -3,195 +3,16 @@
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
 #include "platform/files/WholeFile.h"
+#include "reports/page/HtmlPlan.h"
+#include "reports/page/HtmlText.h"
 
 #include <algorithm>
-#include <array>
-#include <cmath>
-#include <cstdio>
 #include <map>
 #include <optional>
 #include <utility>
 
 namespace tvx {
 namespace {
-
-// On a phone a row becomes a block: each cell stands on a line of its own behind the name of its column.
-// Where the columns have no names the texts of a row stand below each other between its date and its figures.
-// Empty cells go.
-constexpr std::string_view Style = R"(
-body{margin:1rem auto;padding:0 .5rem;max-width:75rem;background:#fff;color:#000}
-table{width:100%;border-collapse:collapse;table-layout:fixed}
-th,td{padding:.15rem .3rem;vertical-align:top;font-weight:inherit;text-align:left;
-white-space:pre-wrap;overflow-wrap:anywhere}
-.box{border:1px solid #888}.columns th,.columns td{border:1px solid #888}
-.columns+.columns,.columns+.box,.box+.columns{margin-top:-1px}
-.n{white-space:nowrap}
-.c{text-align:center}.r{text-align:right}.b{font-weight:bold}
-.grid+.line{margin-top:.4rem}
-.hidden{position:absolute;width:1px;height:1px;overflow:hidden;clip-path:inset(50%);white-space:nowrap}
-@media screen and (max-width:40rem){
-body{font-size:.9rem}
-.grid,.grid tbody{display:block}.grid td:empty,.head{display:none}
-.grid tr{display:flex;flex-wrap:wrap;column-gap:.35rem}
-.grid th,.grid td{display:block;text-align:left;white-space:normal;padding:.15rem .2rem}
-.grid th{min-width:2.1em}
-.push,.grid:not(.named) th.r{margin-left:auto}
-.wide tr{display:grid;grid-template-columns:2.3em 6em 1fr 2.9em 4em;column-gap:.2rem}
-.wide td:nth-child(n+3){grid-column:3}
-.wide td:nth-last-child(2){grid-column:4;grid-row:1;text-align:right}
-.wide td:last-child{grid-column:5;grid-row:1;text-align:right}
-.named,.rows{border-bottom:1px solid #888}
-.named tr,.rows tr{display:block}
-.columns th,.columns td{border:0}
-.named th{font-weight:bold}
-.named td[data-label]{position:relative;padding-left:12.5em}
-.named td[data-label]::before{content:attr(data-label);position:absolute;left:.2rem}
-.rows th{display:none}
-[data-row]::before{content:attr(data-row) " "}
-}
-@media print{
-body{margin:0;max-width:none;-webkit-print-color-adjust:exact;print-color-adjust:exact}
-table{break-inside:avoid}
-}
-)";
-
-/// Characters that a page may hold: no control characters, no code points that are set aside.
-bool IsForPages(char32_t c) {
-    if (c < 0x20) return c == U'\t';
-    if (c >= 0x7F && c < 0xA0) return false;
-    return (c & 0xFFFE) != 0xFFFE && (c < 0xFDD0 || c > 0xFDEF);
-}
-
-/// A page while it is written: a great many small pieces, handed on together.
-class Markup {
-  public:
-    explicit Markup(const ByteSink& sink) : sink_(sink) {}
-
-    Markup& operator<<(std::string_view piece) {
-        if (piece.size() > bytes_.size() - length_) HandOn();
-        if (piece.size() > bytes_.size()) {
-            sink_(piece);
-            return *this;
-        }
-        std::copy_n(piece.data(), piece.size(), bytes_.data() + length_);
-        length_ += piece.size();
-        return *this;
-    }
-    /// A literal, whose length the compiler knows.
-    template <std::size_t Size>
-    Markup& operator<<(const char (&piece)[Size]) {
-        return *this << std::string_view(piece, Size - 1);
-    }
-    void HandOn() { sink_({bytes_.data(), std::exchange(length_, 0)}); }
-
-  private:
-    const ByteSink& sink_;
-    std::vector<char> bytes_ = std::vector<char>(0x10000);
-    std::size_t length_ = 0;
-};
-
-/// A text of its own, for the same writers.
-struct Letters {
-    std::string text;
-    Letters& operator<<(std::string_view piece) {
-        text += piece;
-        return *this;
-    }
-};
-
-/// Characters beyond ASCII, damaged ones as a mark of replacement.
-template <typename Out>
-void AppendForeign(Out& html, std::string_view bytes) {
-    std::string characters;
-    for (const char32_t c : DecodeUtf8(bytes))
-        if (IsForPages(c)) AppendUtf8(characters, c);
-    html << characters;
-}
-
-/// For each byte whether it stands for itself.
-constexpr auto PlainBytes = [] {
-    std::array<bool, 256> plain{};
-    for (std::size_t byte = 0x20; byte < 0x7F; ++byte) plain[byte] = true;
-    for (const char mark : {'&', '<', '>', '"', '\''}) plain[static_cast<unsigned char>(mark)] = false;
-    return plain;
-}();
-
-bool IsPlain(char c) {
-    return PlainBytes[static_cast<unsigned char>(c)];
-}
-
-/// Marks of markup as references; control characters go.
-template <typename Out>
-void AppendMark(Out& html, char c) {
-    switch (c) {
-    case '&':
-        html << "&amp;";
-        break;
-    case '<':
-        html << "&lt;";
-        break;
-    case '>':
-        html << "&gt;";
-        break;
-    case '"':
-        html << "&quot;";
-        break;
-    case '\'':
-        html << "&#39;";
-        break;
-    default:
-        if (IsForPages(static_cast<unsigned char>(c))) html << std::string_view(&c, 1);
-    }
-}
-
-bool IsAscii(char c) {
-    return static_cast<unsigned char>(c) < 0x80;
-}
-
-/// The beginning of a text whose characters all belong to it; the text loses it.
-template <typename Belongs>
-std::string_view TakeRun(std::string_view& text, const Belongs& belongs) {
-    std::size_t length = 0;
-    while (length < text.size() && belongs(text[length])) ++length;
-    const std::string_view run = text.substr(0, length);
-    text.remove_prefix(length);
-    return run;
-}
-
-template <typename Out>
-void AppendEscaped(Out& html, std::string_view text) {
-    while (!text.empty()) {
-        html << TakeRun(text, IsPlain);
-        if (text.empty()) return;
-        if (IsAscii(text.front())) {
-            AppendMark(html, text.front());
-            text.remove_prefix(1);
-        } else {
-            AppendForeign(html, TakeRun(text, [](char c) { return !IsAscii(c); }));
-        }
-    }
-}
-
-std::string Escaped(std::string_view text) {
-    Letters html;
-    AppendEscaped(html, text);
-    return html.text;
-}
-
-std::string HexOf(Colour colour) {
-    std::array<char, 8> text{};
-    std::snprintf(text.data(), text.size(), "#%02x%02x%02x", RedOf(colour), GreenOf(colour), BlueOf(colour));
-    return text.data();
-}
-
-double Channel(unsigned value) {
-    const double share = value / 255.0;
-    return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
-}
-
-double Luminance(Colour c) {
-    return 0.2126 * Channel(RedOf(c)) + 0.7152 * Channel(GreenOf(c)) + 0.0722 * Channel(BlueOf(c));
-}
 
 std::string_view AlignClass(CellAlign align) {
     switch (align) {
@@ -217,176 +38,222 @@ std::string_view BorderClass(TableBorders border) {
     return "";
 }
 
-bool IsHead(const TableBlock& block) {
-    return block.columns.size() > 1 && std::any_of(block.columns.begin(), block.columns.end(),
-                                                   [](const TableColumn& column) { return column.head; });
+/// The text without the blank lines at its end.
+std::string_view WithoutBlankEnd(std::string_view text) {
+    const std::size_t last = text.find_last_not_of(" \n");
+    return text.substr(0, std::min(text.size(), text.find('\n', last)));
 }
 
-bool IsBlank(std::string_view text) {
-    return std::all_of(text.begin(), text.end(), [](char c) { return c == ' ' || c == '\n'; });
-}
-
-std::size_t LineCount(std::string_view text) {
-    return static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 1;
-}
-
-/// A line of a text, from 0.
-std::string_view LineOf(std::string_view text, std::size_t line) {
-    for (; line > 0; --line) text.remove_prefix(text.find('\n') + 1);
-    return text.substr(0, text.find('\n'));
-}
-
-std::string OnOneLine(std::string text) {
-    std::replace(text.begin(), text.end(), '\n', ' ');
-    return Trim(text);
-}
-
-/// A font name as a style sheet may hold it between quotes.
-std::string SafeFontName(const std::string& name) {
-    std::string safe;
-    for (const char c : name)
-        if (c != '"' && c != '\\' && c != '<' && c != '>' && c != '\'' && c != '&') safe += c;
-    return Escaped(safe);
-}
-
-/// Writes the blocks of a document one after the other and remembers the heads that name the columns.
-class PageWriter {
+/// Numbers for the pairs of text and ground that a page has.
+class PageColours {
   public:
-    PageWriter(const VpDocument& document, const ByteSink& sink) : document_(document), html_(sink) {}
-
-    void Write(const std::string& title, const std::string& language) {
-        NumberColours();
-        const std::string safeTitle = Escaped(title);
-        html_ << "<!DOCTYPE html>\n<html lang=\"" << Escaped(language)
-              << "\">\n<head>\n<meta charset=\"utf-8\">\n"
-                 "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>"
-              << safeTitle << "</title>\n<style>" << FontRule() << Style << ColourRules()
-              << "</style>\n</head>\n<body>\n<main>\n<h1 class=\"hidden\">" << safeTitle << "</h1>\n";
-        for (const TableBlock& block : document_.Tables()) WriteBlock(block);
-        html_ << "</main>\n</body>\n</html>\n";
-        html_.HandOn();
+    explicit PageColours(const VpDocument& document) {
+        std::optional<Pair> last; // a cell mostly has the colours of the one before
+        for (const TableBlock& block : document.Tables())
+            for (const TableBlockCell& cell : block.cells)
+                if (const Pair pair = PairOf(cell, block); pair != last) {
+                    numbers_.try_emplace(pair, static_cast<int>(numbers_.size()));
+                    last = pair;
+                }
     }
 
-  private:
-    // ---- the style ----
-
-    std::string FontRule() const {
-        if (document_.Tables().empty()) return "";
-        const ReportFont& font = document_.FontAt(document_.Tables().front().font);
-        return "\nbody{font:" + std::string(font.italic ? "italic " : "") + TrimmedNumber(font.size) +
-               "pt/1.35 \"" + SafeFontName(font.name) + "\",Arial,sans-serif}";
-    }
-
-    std::string ColourRules() const {
+    std::string Rules() const {
         std::string rules;
-        for (const auto& [pair, number] : colours_)
+        for (const auto& [pair, number] : numbers_)
             rules +=
                 ".k" + std::to_string(number) + "{color:" + HexOf(Readable(pair.first, pair.second)) + "}\n";
         return rules;
     }
 
-    using ColourPair = std::pair<Colour, Colour>; // text and ground
-
-    static ColourPair ColoursOf(const TableBlockCell& cell, const TableBlock& block) {
-        return {cell.colour, block.shade.value_or(QBColor(15))};
-    }
-
-    /// The style stands before what it is for, so the colours are counted first.
-    void NumberColours() {
-        std::optional<ColourPair> last; // a cell mostly has the colours of the one before
-        for (const TableBlock& block : document_.Tables())
-            for (const TableBlockCell& cell : block.cells)
-                if (const ColourPair pair = ColoursOf(cell, block); pair != last) {
-                    colours_.try_emplace(pair, static_cast<int>(colours_.size()));
-                    last = pair;
-                }
-    }
-
-    /// The class of a text colour on its ground, "k" and its number.
-    std::string_view ColourClass(const TableBlockCell& cell, const TableBlock& block) {
-        const ColourPair pair = ColoursOf(cell, block);
+    /// "k" and the number.
+    std::string_view ClassOf(const TableBlockCell& cell, const TableBlock& block) {
+        const Pair pair = PairOf(cell, block);
         if (pair != lastPair_) {
             lastPair_ = pair;
-            lastClass_ = "k" + std::to_string(colours_.at(pair));
+            lastClass_ = "k" + std::to_string(numbers_.at(pair));
         }
         return lastClass_;
     }
 
-    // ---- a table for each block ----
+  private:
+    using Pair = std::pair<Colour, Colour>; // text and ground
 
-    /// What a row is, for all its cells.
-    struct Kind {
-        bool grid = false;    // more than one column
-        bool head = false;    // names the columns below it
-        bool named = false;   // its cells stand below named columns, with or without one more column of sums
-        std::size_t sums = 0; // columns before the named ones
-        bool rows = false;    // the lines of its first cell name the lines of the others
-        std::size_t firstFigure = 0; // column from which a figure may be pushed
-    };
-
-    Kind KindOf(const TableBlock& block) const {
-        Kind kind;
-        kind.grid = block.columns.size() > 1;
-        kind.head = IsHead(block);
-        const std::size_t names = heads_.size();
-        kind.named = names > 1 && (block.columns.size() == names || block.columns.size() == names + 1);
-        kind.sums = kind.named ? block.columns.size() - names : 0;
-        const std::string_view first = block.cells.empty() ? std::string_view() : block.cells.front().text;
-        kind.rows = kind.grid && block.columns.size() != names && first.find('\n') != std::string::npos;
-        kind.firstFigure = IsBlank(first) ? 1 : 2;
-        return kind;
+    static Pair PairOf(const TableBlockCell& cell, const TableBlock& block) {
+        return {cell.colour, block.shade.value_or(QBColor(15))};
     }
 
-    void WriteBlock(const TableBlock& block) {
-        TakeHeads(block);
-        kind_ = KindOf(block);
-        pushed_ = false;
-        html_ << "<table class=\"" << (kind_.grid ? "grid" : "line") << PhoneClass(block)
-              << BorderClass(block.border) << (kind_.grid ? "\">" : "\" role=\"presentation\">");
-        if (kind_.grid) WriteCaption(block);
-        WriteColumns(block);
-        html_ << "<tbody>";
-        if (block.shade)
-            html_ << "<tr style=\"background:" << HexOf(*block.shade) << "\">";
-        else
-            html_ << "<tr>";
-        for (std::size_t i = 0; i < block.cells.size(); ++i) WriteCell(block, i);
-        html_ << "</tr></tbody></table>\n";
+    std::map<Pair, int> numbers_;
+    std::optional<Pair> lastPair_;
+    std::string lastClass_;
+};
+
+class PageWriter {
+  public:
+    PageWriter(const VpDocument& document, const std::string& language, const ByteSink& sink)
+        : document_(document), plan_(PlanPage(document)), colours_(document),
+          calendarLanguage_(language.rfind("en", 0) == 0 ? "" : " lang=\"" + Escaped(language) + "\""),
+          html_(sink) {}
+
+    void Write(const std::string& title) {
+        html_ << "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n"
+                 "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n<title>"
+              << Escaped(title) << "</title>\n<style>" << PageStyle(document_, plan_.need, plan_.labels)
+              << colours_.Rules() << "</style>\n</head>\n<body>\n<main>\n";
+        const bool shown = WriteTitle(title);
+        WriteNames();
+        for (std::size_t i = shown ? 1 : 0; i < plan_.pieces.size(); ++i) WritePiece(plan_.pieces[i]);
+        GoToSection(0);
+        html_ << "</main>\n</body>\n</html>\n";
+        html_.HandOn();
     }
 
-    /// How a phone lays out the rows.
-    std::string_view PhoneClass(const TableBlock& block) const {
-        if (kind_.head) return " head";
-        if (kind_.named) return " named";
-        if (kind_.rows) return " rows";
-        return IsWide(block) ? " wide" : "";
-    }
+  private:
+    // ---- the top ----
 
-    /// The first of several head rows names the columns below them.
-    void TakeHeads(const TableBlock& block) {
-        const bool head = IsHead(block);
-        if (head && !afterHead_) {
-            heads_.clear();
-            for (const TableBlockCell& cell : block.cells) heads_.push_back(Escaped(OnOneLine(cell.text)));
+    /// The title is the first line where the report shows it, else it is there for screen readers alone.
+    bool WriteTitle(const std::string& title) {
+        const bool shown = !plan_.pieces.empty() && plan_.pieces.front().line &&
+                           LineOf(document_.Tables().front().cells.front().text, 0) == title;
+        if (!shown) {
+            html_ << "<h1 class=\"hidden\">" << Escaped(title) << "</h1>\n";
+            return false;
         }
-        afterHead_ = head;
+        const TableBlock& block = document_.Tables().front();
+        WriteParagraph("h1", block, title);
+        const std::string_view text = block.cells.front().text;
+        if (text.size() > title.size()) WriteParagraph("p", block, text.substr(title.size() + 1));
+        return true;
     }
 
-    /// True for a row of a name, a date, several texts and two figures.
-    static bool IsWide(const TableBlock& block) {
-        constexpr std::size_t Fewest = 5;
-        const std::size_t count = block.columns.size();
-        return count >= Fewest && block.columns[count - 1].align == CellAlign::Right &&
-               block.columns[count - 2].align == CellAlign::Right;
+    void WriteNames() {
+        const auto& people = document_.People();
+        if (people.size() < 3) return;
+        html_ << "<nav class=\"names\" aria-label=\"Names\"><ul>\n";
+        for (std::size_t person = 1; person < people.size(); ++person) {
+            html_ << "<li><a href=\"#p" << std::to_string(person) << "\">";
+            WriteName(people[person]);
+            html_ << "</a></li>\n";
+        }
+        html_ << "</ul></nav>\n";
     }
 
-    /// The first line of the block that shows something.
+    void WriteName(const std::string& name) {
+        LineOfText line(html_);
+        line.Put(Isolated(IsBlank(name) ? "No name" : Trim(name)));
+    }
+
+    // ---- lines of text ----
+
+    void WritePiece(const PagePiece& piece) {
+        const TableBlock& block = document_.Tables()[piece.first];
+        if (piece.line || (section_ != 0 && block.person == 0)) GoToSection(block.person);
+        if (!piece.line) return WriteTable(piece);
+        const std::string_view text = block.cells.front().text;
+        if (IsBlank(text))
+            gap_ = gap_ || block.border == TableBorders::None;
+        else
+            WriteParagraph(block.row.kind == RowKind::Heading ? "h2" : "p", block, text);
+    }
+
+    /// What is about somebody stands in a section of its own, to which the list of names leads.
+    void GoToSection(int person) {
+        if (person == section_) return;
+        if (section_ != 0) html_ << "</section>\n";
+        section_ = person;
+        if (section_ != 0) html_ << "<section id=\"p" << std::to_string(section_) << "\">\n";
+    }
+
+    void WriteParagraph(std::string_view tag, const TableBlock& block, std::string_view text) {
+        const TableBlockCell& cell = block.cells.front();
+        html_ << "<" << tag << " class=\"line " << colours_.ClassOf(cell, block)
+              << AlignClass(block.columns.front().align) << BorderClass(block.border);
+        if (cell.bold) html_ << " b";
+        WriteGap();
+        html_ << "\"";
+        WriteShade(block);
+        WriteDirection(text);
+        html_ << ">";
+        const bool share = block.columns.size() > 1;
+        if (share)
+            html_ << "<span class=\"share\" style=\"width:" << TrimmedNumber(block.columns.front().percent)
+                  << "%\">";
+        WriteLines(text, true);
+        if (share) html_ << "</span>";
+        html_ << "</" << tag << ">\n";
+    }
+
+    /// A blank line before.
+    void WriteGap() {
+        if (std::exchange(gap_, false)) html_ << " gap";
+    }
+
+    void WriteShade(const TableBlock& block) {
+        if (block.shade) html_ << " style=\"background:" << HexOf(*block.shade) << "\"";
+    }
+
+    /// Only letters beyond ASCII can run from right to left.
+    void WriteDirection(std::string_view text) {
+        if (!IsAsciiText(text)) html_ << " dir=\"auto\"";
+    }
+
+    void WriteLines(std::string_view text, bool words) {
+        for (;;) {
+            const std::string_view line = text.substr(0, text.find('\n'));
+            WriteLine(line, words);
+            if (line.size() == text.size()) return;
+            text.remove_prefix(line.size() + 1);
+            html_ << "<br>";
+        }
+    }
+
+    void WriteLine(std::string_view line, bool words) {
+        LineOfText writer(html_);
+        if (words)
+            writer.PutWords(line);
+        else
+            writer.Put(line);
+    }
+
+    void WriteUnseen(std::string_view text) {
+        html_ << "<span class=\"hidden\">";
+        WriteLine(text, false);
+        html_ << "</span>";
+    }
+
+    // ---- tables ----
+
+    const TableMeaning& MeaningOf(const TableBlock& block) const {
+        return document_.Meanings()[static_cast<std::size_t>(block.meaning)];
+    }
+
+    void WriteTable(const PagePiece& piece) {
+        const TableBlock& first = document_.Tables()[piece.first];
+        meaning_ = &MeaningOf(first);
+        columns_ = first.columns.size();
+        html_ << "<table class=\"grid" << (piece.named ? " named" : "") << (piece.sums ? " sums" : "")
+              << (piece.wide ? " wide" : "") << (piece.lines && piece.labels ? " listed" : "");
+        if (piece.labels) html_ << " h" << std::to_string(*piece.labels);
+        html_ << BorderClass(first.border);
+        WriteGap();
+        html_ << "\">";
+        WriteCaption(first);
+        WriteColumns(first);
+        WriteBodies(piece, WriteHead(piece));
+        html_ << "</table>\n";
+    }
+
     void WriteCaption(const TableBlock& block) {
         html_ << "<caption class=\"hidden\">";
-        AppendEscaped(html_, CaptionOf(block));
+        const std::string caption = meaning_->caption.empty() ? CaptionOf(block) : meaning_->caption;
+        if (section_ > 0 && !meaning_->caption.empty()) {
+            WriteName(document_.People()[static_cast<std::size_t>(section_)]);
+            html_ << ": ";
+        }
+        WriteLine(caption, false);
         html_ << "</caption>";
     }
 
+    /// The first line of the block that shows something.
     static std::string CaptionOf(const TableBlock& block) {
         for (const TableBlockCell& cell : block.cells)
             for (std::size_t line = 0; line < LineCount(cell.text); ++line)
@@ -409,124 +276,213 @@ class PageWriter {
         html_ << columnGroups_.emplace_back(block.columns, group + "</colgroup>").second;
     }
 
-    // ---- cells ----
+    // ---- heads ----
 
-    void WriteCell(const TableBlock& block, std::size_t i) {
-        const std::string& text = block.cells[i].text;
-        const bool blank = IsBlank(text);
-        const bool head = kind_.grid && !blank && (i == 0 || kind_.head);
-        if (head)
-            html_ << (kind_.head ? "<th scope=\"col\"" : "<th scope=\"row\"");
-        else
-            html_ << "<td";
-        WriteClasses(block, i, blank);
-        // Only letters beyond ASCII can run from right to left.
-        if (!std::all_of(text.begin(), text.end(), IsAscii)) html_ << " dir=\"auto\"";
-        if (!head) WriteLabel(i);
-        html_ << ">";
-        if (!blank)
-            WriteLines(block, i);
-        else if (!kind_.grid)
-            html_ << "&nbsp;"; // a line that parts two others
-        html_ << (head ? "</th>" : "</td>");
+    /// Writes the rows that name the columns; returns the block behind them.
+    std::size_t WriteHead(const PagePiece& piece) {
+        std::size_t next = piece.first;
+        if (!piece.named) {
+            if (!meaning_->columns.empty()) WriteToldHead();
+            return next;
+        }
+        html_ << "<thead>";
+        WriteShownHead(document_.Tables()[next++]);
+        // Another row of heads, such as the numbers of the weeks, is named by its own first cell.
+        for (; next < piece.end && IsHead(document_.Tables()[next]); ++next)
+            WriteRow(document_.Tables()[next], std::nullopt);
+        html_ << "</thead>";
+        return next;
     }
 
-    void WriteClasses(const TableBlock& block, std::size_t i, bool blank) {
-        const TableBlockCell& cell = block.cells[i];
-        const CellAlign align = block.columns[i].align;
-        html_ << " class=\"" << ColourClass(cell, block) << AlignClass(align);
-        if (cell.bold) html_ << " b";
-        // A phone pushes the first figure behind the texts of a row to its right edge.
-        if (!pushed_ && !blank && i >= kind_.firstFigure && align == CellAlign::Right) {
-            html_ << " push";
-            pushed_ = true;
+    /// Names that the eye does not need, but whom everything else reads: whose the table is, and its columns.
+    void WriteToldHead() {
+        html_ << "<thead class=\"unseen\">";
+        if (section_ > 0) {
+            html_ << "<tr><th scope=\"col\" colspan=\"" << std::to_string(columns_)
+                  << "\"><span class=\"hidden\">";
+            WriteName(document_.People()[static_cast<std::size_t>(section_)]);
+            html_ << "</span></th></tr>";
         }
+        html_ << "<tr>";
+        for (const ColumnMeaning& column : meaning_->columns) WriteToldName(column);
+        html_ << "</tr></thead>";
+    }
+
+    void WriteToldName(const ColumnMeaning& column) {
+        if (column.name.empty()) {
+            html_ << "<td></td>";
+            return;
+        }
+        html_ << "<th scope=\"col\"" << (column.calendar == CalendarWords::InHead ? calendarLanguage_ : "")
+              << ">";
+        WriteUnseen(column.name);
+        html_ << "</th>";
+    }
+
+    void WriteShownHead(const TableBlock& block) {
+        html_ << "<tr";
+        WriteShade(block);
+        html_ << ">";
+        for (std::size_t i = 0; i < block.cells.size(); ++i)
+            if (!IsBlank(block.cells[i].text))
+                WriteShownName(block, i);
+            else
+                WriteToldName(i < meaning_->columns.size() ? meaning_->columns[i] : ColumnMeaning());
+        html_ << "</tr>";
+    }
+
+    void WriteShownName(const TableBlock& block, std::size_t i) {
+        html_ << "<th scope=\"col\"";
+        WriteCalendar(i, CalendarWords::InHead);
+        WriteClasses(block, i);
+        html_ << ">";
+        WriteLines(block.cells[i].text, false);
+        html_ << "</th>";
+    }
+
+    void WriteCalendar(std::size_t column, CalendarWords where) {
+        if (column < meaning_->columns.size() && meaning_->columns[column].calendar == where)
+            html_ << calendarLanguage_;
+    }
+
+    // ---- rows ----
+
+    /// The rows behind the heads; those about somebody, between others, are a group with a name.
+    void WriteBodies(const PagePiece& piece, std::size_t next) {
+        std::optional<int> open;
+        for (; next < piece.end; ++next) {
+            const TableBlock& block = document_.Tables()[next];
+            if (IsEmptyBox(block)) continue;
+            const int person = block.person == section_ ? 0 : block.person;
+            begins_ = open != person && person > 0;
+            if (open && open != person) html_ << "</tbody>\n";
+            if (open != person) OpenBody(person);
+            open = person;
+            WriteBlock(block);
+        }
+        if (open) html_ << "</tbody>";
+    }
+
+    void OpenBody(int person) {
+        html_ << "<tbody";
+        if (person > 0) html_ << " id=\"p" << std::to_string(person) << "\"";
+        html_ << ">";
+    }
+
+    void WriteBlock(const TableBlock& block) {
+        if (block.row.kind != RowKind::Lines) return WriteRow(block, std::nullopt);
+        const std::size_t count = LineCount(block.cells.front().text);
+        for (std::size_t line = 0; line < count; ++line) WriteRow(block, line);
+    }
+
+    static std::string_view TextOf(const TableBlockCell& cell, std::optional<std::size_t> line) {
+        return line ? LineOf(cell.text, *line) : std::string_view(cell.text);
+    }
+
+    /// A row of a block's cells, or of one line of them.
+    void WriteRow(const TableBlock& block, std::optional<std::size_t> line) {
+        html_ << "<tr";
+        if (block.row.kind == RowKind::Figures) html_ << " class=\"figures\"";
+        if (IsSum(block)) html_ << " class=\"sum\"";
+        WriteShade(block);
+        html_ << ">";
+        for (std::size_t i = 0; i < block.cells.size(); ++i)
+            if (const std::string_view text = TextOf(block.cells[i], line); IsBlank(text))
+                WriteBlankCell(block, i);
+            else
+                WriteCell(block, i, text);
+        html_ << "</tr>";
+    }
+
+    bool IsSum(const TableBlock& block) const {
+        return !meaning_->sum.empty() && IsBlank(block.cells.front().text);
+    }
+
+    /// The first cell of a row with fewer cells reaches over what is missing.
+    void WriteSpan(const TableBlock& block, std::size_t i) {
+        if (i == 0 && block.cells.size() < columns_)
+            html_ << " colspan=\"" << std::to_string(columns_ - block.cells.size() + 1) << "\"";
+    }
+
+    void WriteBlankCell(const TableBlock& block, std::size_t i) {
+        const bool empty = i < MostColumns && block.row.empty[i];
+        if (i == 0 && IsSum(block)) {
+            html_ << "<th scope=\"row\"";
+            WriteSpan(block, i);
+            html_ << ">";
+            WriteUnseen(meaning_->sum);
+            html_ << "</th>";
+        } else if (empty && !meaning_->empty.empty()) {
+            html_ << "<td><span class=\"none\">" << meaning_->empty << "</span></td>";
+        } else {
+            html_ << (empty ? "<td class=\"gone\"" : "<td");
+            WriteSpan(block, i);
+            html_ << "></td>";
+        }
+    }
+
+    void WriteCell(const TableBlock& block, std::size_t i, std::string_view text) {
+        const bool named = block.row.kind != RowKind::Figures && i < meaning_->rowHeads;
+        const bool person = named && i == 0 && begins_;
+        html_ << (person ? "<th scope=\"rowgroup\"" : named ? "<th scope=\"row\"" : "<td");
+        if (named) WriteCalendar(i, CalendarWords::InCells);
+        WriteSpan(block, i);
+        WriteClasses(block, i);
+        WriteDirection(text);
+        html_ << ">";
+        if (person)
+            WritePerson(text);
+        else
+            WriteLines(named ? WithoutBlankEnd(text) : text, false);
+        html_ << (named ? "</th>" : "</td>");
+    }
+
+    /// A head cell can hold no element of a heading, but be one for those who go from heading to heading.
+    void WritePerson(std::string_view text) {
+        const std::string_view name = LineOf(text, 0);
+        if (!IsBlank(name)) {
+            html_ << "<span role=\"heading\" aria-level=\"2\">";
+            WriteLine(name, false);
+            html_ << "</span>";
+        }
+        const std::string_view rest = WithoutBlankEnd(text).substr(std::min(name.size(), text.size()));
+        if (!rest.empty()) WriteLines(rest, false);
+    }
+
+    void WriteClasses(const TableBlock& block, std::size_t i) {
+        const TableBlockCell& cell = block.cells[i];
+        html_ << " class=\"" << colours_.ClassOf(cell, block) << AlignClass(block.columns[i].align);
+        if (cell.bold) html_ << " b";
+        if (IsBreakable(block, i)) html_ << " w";
         html_ << "\"";
     }
 
-    void WriteLabel(std::size_t i) {
-        if (kind_.head || !kind_.named || i <= kind_.sums || heads_[i - kind_.sums].empty()) return;
-        html_ << " data-label=\"" << heads_[i - kind_.sums] << "\"";
-    }
-
-    void WriteLines(const TableBlock& block, std::size_t i) {
-        const std::string& text = block.cells[i].text;
-        const std::string& names = block.cells.front().text;
-        const bool named = kind_.rows && i > 0 && LineCount(names) == LineCount(text);
-        std::string_view rest = text;
-        for (std::size_t line = 0;; ++line) {
-            const std::string_view words = rest.substr(0, rest.find('\n'));
-            if (named && !IsBlank(words))
-                WriteNamedLine(LineOf(names, line), words);
-            else if (kind_.grid)
-                AppendEscaped(html_, words);
-            else
-                WriteWords(words);
-            if (words.size() == rest.size()) return;
-            rest.remove_prefix(words.size() + 1);
-            html_ << "<br>";
-        }
-    }
-
-    /// A line of text, in which a narrow screen may break between words but not inside a date.
-    void WriteWords(std::string_view line) {
-        constexpr std::size_t LongestDate = 12;
-        bool first = true;
-        for (const std::string& word : Split(line, ' ')) {
-            if (!first) html_ << " ";
-            first = false;
-            const bool date = word.size() <= LongestDate && word.find('-') != std::string::npos;
-            if (date) html_ << "<span class=\"n\">";
-            AppendEscaped(html_, word);
-            if (date) html_ << "</span>";
-        }
-    }
-
-    void WriteNamedLine(std::string_view name, std::string_view line) {
-        html_ << "<span data-row=\"";
-        AppendEscaped(html_, name);
-        html_ << "\">";
-        AppendEscaped(html_, line);
-        html_ << "</span>";
-    }
-
     const VpDocument& document_;
+    PagePlan plan_;
+    PageColours colours_;
+    std::string calendarLanguage_; // of the calendar's words, as an attribute; "" where it is the page's
     Markup html_;
-    Kind kind_;
-    std::vector<std::string> heads_; // texts of the head row that is in force, escaped
-    bool afterHead_ = false;
-    bool pushed_ = false;               // in the present row
-    std::map<ColourPair, int> colours_; // number of the class
-    std::optional<ColourPair> lastPair_;
-    std::string lastClass_;
+    int section_ = 0;  // the person whose section is open
+    bool gap_ = false; // a blank line came before
+    // Of the table that is being written.
+    const TableMeaning* meaning_ = nullptr;
+    std::size_t columns_ = 0;
+    bool begins_ = false; // the present row is the first about somebody
     std::vector<std::pair<std::vector<TableColumn>, std::string>> columnGroups_; // and their markup
 };
 
 } // namespace
 
-double ContrastOf(Colour a, Colour b) {
-    const auto [darker, lighter] = std::minmax({Luminance(a), Luminance(b)});
-    return (lighter + 0.05) / (darker + 0.05);
-}
-
-Colour Readable(Colour text, Colour ground) {
-    constexpr double Enough = 4.5;
-    const bool darker = ContrastOf(QBColor(0), ground) >= ContrastOf(QBColor(15), ground);
-    const auto step = [&](unsigned part) { return darker ? part * 9 / 10 : part + (264 - part) / 10; };
-    while (ContrastOf(text, ground) < Enough)
-        text = RGB(step(RedOf(text)), step(GreenOf(text)), step(BlueOf(text)));
-    return text;
-}
-
 std::string HtmlOf(const VpDocument& document, const std::string& title, const std::string& language) {
     std::string page;
-    PageWriter(document, [&](std::string_view piece) { page += piece; }).Write(title, language);
+    const ByteSink sink = [&](std::string_view piece) { page += piece; };
+    PageWriter(document, language, sink).Write(title);
     return page;
 }
 
 void WriteHtml(const VpDocument& document, const std::string& title, const std::string& language,
                const std::filesystem::path& file) {
-    ReplaceWholeFile(file, [&](const ByteSink& sink) { PageWriter(document, sink).Write(title, language); });
+    ReplaceWholeFile(file, [&](const ByteSink& sink) { PageWriter(document, language, sink).Write(title); });
 }
 
 } // namespace tvx

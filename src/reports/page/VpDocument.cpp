@@ -104,6 +104,7 @@ void VpDocument::StartDoc() {
     x_ = y_ = 0;
     tools_ = {};
     remark_.clear();
+    ForgetMeanings();
     RaisePage();
 }
 
@@ -189,6 +190,24 @@ void VpDocument::DrawRectangle(Twips left, Twips top, Twips right, Twips bottom)
 
 // ---- tables ----
 
+void VpDocument::ForgetMeanings() {
+    meanings_.assign(1, {});
+    people_.assign(1, "");
+    meaning_ = person_ = 0;
+    next_ = {};
+}
+
+void VpDocument::Meaning(const TableMeaning& meaning) {
+    const auto known = std::find(meanings_.begin(), meanings_.end(), meaning);
+    meaning_ = static_cast<int>(known - meanings_.begin());
+    if (known == meanings_.end()) meanings_.push_back(meaning);
+}
+
+void VpDocument::About(const std::string& name) {
+    person_ = name.empty() ? 0 : static_cast<int>(people_.size());
+    if (!name.empty()) people_.push_back(name);
+}
+
 const std::vector<TableColumn>& VpDocument::ColumnsOf(std::string_view format) {
     const auto known = formats_.find(format);
     if (known != formats_.end()) return known->second;
@@ -199,7 +218,9 @@ void VpDocument::AddTable(std::string_view format, std::vector<std::string> cell
                           std::optional<Colour> bodyShade) {
     if (!open_) return;
     if (bodyShade) bodyShade = PaperColour(*bodyShade);
-    TableBlock block{ColumnsOf(format), {}, tools_.border, bodyShade, FontIndex(font_), tools_.pen};
+    TableBlock block{ColumnsOf(format),       {},         tools_.border, bodyShade,
+                     FontIndex(font_),        tools_.pen, meaning_,      person_,
+                     std::exchange(next_, {})};
     cells.resize(block.columns.size());
     block.cells.reserve(cells.size());
     for (std::string& cell : cells) {

@@ -55,6 +55,9 @@ struct TableBlock {
     std::optional<Colour> shade;
     int font = 0;
     Colour lines = 0; // of the border
+    int meaning = 0;  // index into the document's meanings
+    int person = 0;   // index into the names that the document is about; 0 for nobody
+    RowMeaning row;
 };
 
 /// Size of a sheet and what of it can be printed on, portrait.
@@ -101,6 +104,9 @@ class VpDocument : public Vp {
     void StartTable() override;
     void EndTable() override;
     void TableCell(CellSetting setting, int row, int column, Colour value) override;
+    void Meaning(const TableMeaning& meaning) override;
+    void About(const std::string& name) override;
+    void NextRow(const RowMeaning& row) override { next_ = row; }
     void OnPage(std::function<void()> draw) override;
     void StartDoc() override;
     void EndDoc() override;
@@ -113,6 +119,12 @@ class VpDocument : public Vp {
     /// Operations of a page, from 1, in the order in which they were drawn.
     const std::vector<PageOperation>& Page(int page) const;
     const std::vector<TableBlock>& Tables() const { return tables_; }
+    /// Element 0 is that of tables which mean nothing but what they show.
+    const std::vector<TableMeaning>& Meanings() const { return meanings_; }
+    /// Names of those whom the document is about, in its order, from element 1.
+    const std::vector<std::string>& People() const { return people_; }
+    /// How wide a text is in a font, in twips.
+    Twips WidthIn(const ReportFont& font, std::string_view text) const { return measures_.Width(font, text); }
     const ReportFont& FontAt(int index) const { return fonts_.at(static_cast<std::size_t>(index)); }
     /// Of the document that was started last.
     PageOrientation Orientation() const { return orientation_; }
@@ -139,6 +151,7 @@ class VpDocument : public Vp {
         TableBorders border = TableBorders::None;
     };
 
+    void ForgetMeanings();
     void Put(TableBlock block);
     bool Fits(const ReportFont& font, const std::vector<WidestText>& texts) const;
     int FontIndex(const ReportFont& font) const;
@@ -170,6 +183,11 @@ class VpDocument : public Vp {
     Twips x_ = 0;
     Tools tools_;
     std::string remark_;
+    std::vector<TableMeaning> meanings_{1};
+    std::vector<std::string> people_{1};
+    int meaning_ = 0; // of the tables that come next
+    int person_ = 0;
+    RowMeaning next_;
     std::optional<std::vector<TableBlock>> collected_; // rows, between StartTable and EndTable
     std::function<void()> onPage_;
     std::vector<TableBlock> tables_;

@@ -15,7 +15,13 @@ constexpr std::string_view WeekNumbers = ">~15.5%|>~+12%|>~+12%|>~+12%|>~+12%|>~
 constexpr std::string_view Ranges = "<~15.5%|^~12%|^~12%|^~12%|^~12%|^~12%|^~12%|^~12%;";
 constexpr std::string_view Figures = ">~15.5%|>~12%|>~12%|>~12%|>~12%|>~12%|>~12%|>~12%;";
 constexpr std::string_view ProductivityFigures = "<~6%|>~9.5%|>~12%|>~12%|>~12%|>~12%|>~12%|>~12%|>~12%;";
+constexpr const char* NoTime = "no time";
+constexpr std::bitset<MostColumns> FirstSlot(1U << 2U); // of a day of the long schedule
 constexpr std::string_view LongDay = "<~6%|>~12%|^~14%|^~14%|^~14%|^~14%|>~_14%|>~_12%;";
+
+bool IsEmptyDay(const PrintedPerson& person, int d) {
+    return person.labels[d].empty() && person.PrintRanges[d].empty() && person.PrintDayQuarters[d] == 0;
+}
 
 /// What both web pages write with.
 class HtmlSchedule {
@@ -27,6 +33,15 @@ class HtmlSchedule {
     void Spacer() { vp_.AddTable("^+100%;", {" "}); }
 
     void Line(std::string_view format, const std::string& text) { vp_.AddTable(format, {text}); }
+
+    void Heading(std::string_view format, std::vector<std::string> cells,
+                 std::optional<Colour> shade = std::nullopt) {
+        vp_.NextRow({RowKind::Heading, {}});
+        vp_.AddTable(format, std::move(cells), shade);
+    }
+
+    /// What an empty day says.
+    std::string EmptyWord() const { return page_.saveSpace ? "" : NoTime; }
 
     /// A table whose first cell has a colour of its own and is not bold.
     void TouchedUp(std::string_view format, std::vector<std::string> cells, Colour text, Colour first) {
@@ -59,9 +74,12 @@ class ShortHtml : private HtmlSchedule {
 
     void Print() {
         vp_.PenColor(ButtonFace);
+        Title();
         Heads();
         for (const PrintedPerson& person : people_) Person(person);
+        vp_.About("");
         if (page_.PrintsTotals()) DayTotals();
+        vp_.Meaning({});
         if (page_.productivity) ProductivityBlock(*page_.productivity);
         vp_.TableBorder(TableBorders::None);
         if (page_.NotesCutoff()) Note();
@@ -70,13 +88,26 @@ class ShortHtml : private HtmlSchedule {
     }
 
   private:
-    void Heads() {
+    void Title() {
         vp_.TableBorder(TableBorders::None);
         vp_.TextColor(QBColor(0));
         Line("^~100%;", page_.title + "\n" + page_.printedOn);
         Spacer();
+    }
+
+    /// Columns for the days, behind others.
+    TableMeaning Days(std::string caption, std::vector<ColumnMeaning> before) const {
+        TableMeaning meaning{std::move(caption), std::move(before), 1, EmptyWord(), ""};
+        for (int d = 1; d <= 7; ++d)
+            meaning.columns.push_back(
+                {Isolated(page_.weekdays[d]) + " " + page_.dates[d], CalendarWords::InHead});
+        return meaning;
+    }
+
+    void Heads() {
+        vp_.Meaning(Days("Times of the week", {{"Name and week", CalendarWords::None}}));
         std::vector<std::string> days{""};
-        for (int d = 1; d <= 7; ++d) days.push_back(page_.weekdays[d] + "\n" + page_.dates[d]);
+        for (int d = 1; d <= 7; ++d) days.push_back(Isolated(page_.weekdays[d]) + "\n" + page_.dates[d]);
         vp_.TableBorder(TableBorders::BoxColumns);
         vp_.TextColor(QBColor(1));
         vp_.AddTable(DayHeads, days);
@@ -96,6 +127,7 @@ class ShortHtml : private HtmlSchedule {
 
     void Person(const PrintedPerson& person) {
         vp_.TextColor(QBColor(10));
+        vp_.About(person.name1 + " " + person.name2);
         const EmployeeSums own = AddToSums(page_, person, sums_);
         std::vector<std::string> cells;
         cells.reserve(8);
@@ -103,19 +135,26 @@ class ShortHtml : private HtmlSchedule {
         for (int d = 1; d <= 7; ++d) cells.push_back(DayCell(person, d));
         vp_.TableBorder(TableBorders::BoxColumns);
         vp_.TextColor(QBColor(3));
+        vp_.NextRow({RowKind::Cells, EmptyDays(person)});
         vp_.AddTable(Ranges, std::move(cells));
         if (page_.PrintsTotals()) FigureRow(person, own);
     }
 
+    static std::bitset<MostColumns> EmptyDays(const PrintedPerson& person) {
+        std::bitset<MostColumns> empty;
+        for (int d = 1; d <= 7; ++d) empty[static_cast<std::size_t>(d)] = IsEmptyDay(person, d);
+        return empty;
+    }
+
     std::string NameCell(const PrintedPerson& person) const {
-        std::string name = person.name1 + " " + person.name2;
+        std::string name = Isolated(person.name1 + " " + person.name2);
         const int option = page_.options.NameOption;
         if (option > 4) return name;
-        return name + "\n" + (option == 0 ? " " : person.detail);
+        return name + "\n" + (option == 0 ? " " : Isolated(person.detail));
     }
 
     std::string DayCell(const PrintedPerson& person, int d) const {
-        std::string cell = person.labels[d];
+        std::string cell = Isolated(person.labels[d]);
         const int count = static_cast<int>(person.PrintRanges[d].size());
         for (int r = 1; r <= count; ++r)
             cell.append(cell.empty() ? "" : "\n").append(RangeText(page_, person, d, r, true));
@@ -132,6 +171,7 @@ class ShortHtml : private HtmlSchedule {
         for (int d = 1; d <= 7; ++d)
             cells.push_back(Stacked(DayHoursText(page_, person.PrintDayQuarters[d]),
                                     DayWagesText(page_, person, person.PrintDayQuarters[d], own.wages[d])));
+        vp_.NextRow({RowKind::Figures, {}});
         TouchedUp(Figures, std::move(cells), QBColor(12), QBColor(9));
     }
 
@@ -145,13 +185,20 @@ class ShortHtml : private HtmlSchedule {
     }
 
     void ProductivityBlock(const PrintedProductivity& figures) {
-        const Productivity& p = figures.includes;
         vp_.TableBorder(TableBorders::None);
         vp_.TextColor(QBColor(0));
         vp_.FontBold(true);
-        vp_.AddTable("^~30%|>40% |^30%;", {" Productivity", ""}, QBColor(11));
+        Heading("^~30%|>40% |^30%;", {" Productivity", ""}, QBColor(11));
         vp_.FontBold(false);
+        Includes(figures.includes);
+        ProductivityRows(figures);
+        vp_.Meaning({});
+    }
+
+    void Includes(const Productivity& p) {
         vp_.TextColor(QBColor(4));
+        vp_.Meaning({"What the figures include", {{"Figure"}, {"Wages"}, {"Salaries"}, {}}, 1, "", ""});
+        vp_.NextRow({RowKind::Lines, {}});
         vp_.AddTable("<~25%|>~15%|>~20%|>~60% &;",
                      {"Sales includes\nTransactions include\nLabor% includes",
                       YesNo("Wages time", p.SalesWageHours) + "\n" + YesNo("Wages time", p.TransWageHours) +
@@ -160,7 +207,6 @@ class ShortHtml : private HtmlSchedule {
                           YesNo("Salaried time", p.TransSalaryHours) + "\n" +
                           YesNo("Salaries", p.LaborSalary),
                       ""});
-        ProductivityRows(figures);
     }
 
     void ProductivityRows(const PrintedProductivity& figures) {
@@ -172,7 +218,10 @@ class ShortHtml : private HtmlSchedule {
                              "\n" + LaborPercent(page_, sums_, d));
         }
         vp_.TableBorder(TableBorders::BoxColumns);
+        vp_.Meaning(Days("Sales and transactions", {{"Figure"}, {"Week"}}));
+        vp_.NextRow({RowKind::Lines, {}});
         TouchedUp(ProductivityFigures, std::move(amounts), QBColor(0), QBColor(1));
+        vp_.NextRow({RowKind::Lines, {}});
         TouchedUp(ProductivityFigures, std::move(ratios), QBColor(0), QBColor(1));
     }
 
@@ -210,7 +259,7 @@ class ShortHtml : private HtmlSchedule {
             if (!page_.memos[d]) continue;
             vp_.FontBold(true);
             vp_.TextColor(QBColor(0));
-            Line("<~100%;", DayCommentHeading(page_, d));
+            Heading("<~100%;", {DayCommentHeading(page_, d)});
             vp_.FontBold(false);
             vp_.TextColor(QBColor(3));
             Line("<100%;", *page_.memos[d]);
@@ -227,9 +276,11 @@ class LongHtml : private HtmlSchedule {
         Line("^~100%;", page_.title + "\n" + page_.printedOn);
         Spacer();
         for (const PrintedPerson& person : people_) {
+            vp_.About(person.name1 + Comma(person) + person.name2);
             NameLine(person);
             Days(person);
         }
+        vp_.About("");
         Totals();
         if (page_.NotesCutoff()) Note();
         vp_.EndDoc();
@@ -238,10 +289,12 @@ class LongHtml : private HtmlSchedule {
     void PrintPicked() {
         Begin();
         for (const PrintedPerson& person : people_) {
+            const std::string name = person.name2 + " " + person.name1;
+            vp_.About(name);
             Line("^~100%;", page_.title);
             Spacer();
             vp_.FontBold(true);
-            Line("^~100%;", "Schedule for: " + person.name2 + " " + person.name1 + "  - " + Suffix(person));
+            Heading("^~100%;", {"Schedule for: " + Isolated(name) + "  - " + Suffix(person)});
             vp_.FontBold(false);
             Line("^~100%;", page_.printedOn);
             Spacer();
@@ -256,25 +309,44 @@ class LongHtml : private HtmlSchedule {
     }
 
     static std::string Suffix(const PrintedPerson& person) {
-        return person.detail.empty() ? "" : ", " + person.detail;
+        return person.detail.empty() ? "" : ", " + Isolated(person.detail);
+    }
+
+    static std::string Comma(const PrintedPerson& person) { return Trim(person.name2).empty() ? "" : ", "; }
+
+    TableMeaning WeekMeaning() const {
+        return {"Times of the week",
+                {{"Day", CalendarWords::InCells},
+                 {"Date", CalendarWords::InCells},
+                 {"Times"},
+                 {"More times"},
+                 {"More times"},
+                 {"More times"},
+                 {"Hours"},
+                 {"Wages"}},
+                2,
+                EmptyWord(),
+                "Week"};
     }
 
     void NameLine(const PrintedPerson& person) {
         vp_.FontBold(true);
-        Line("<~100%;",
-             person.name1 + (Trim(person.name2).empty() ? "" : ", ") + person.name2 + Suffix(person));
+        Heading("<~100%;", {Isolated(person.name1 + Comma(person) + person.name2) + Suffix(person)});
         vp_.FontBold(false);
     }
 
     void Days(const PrintedPerson& person) {
         const EmployeeSums own = AddToSums(page_, person, sums_);
+        vp_.Meaning(WeekMeaning());
         Colour shade = FirstRowShade;
         for (int d = 1; d <= 7; ++d) {
             if (page_.saveSpace && person.labels[d].empty() && person.PrintRanges[d].empty()) continue;
+            vp_.NextRow({RowKind::Cells, IsEmptyDay(person, d) ? FirstSlot : std::bitset<MostColumns>()});
             vp_.AddTable(LongDay, DayRow(person, own, d), shade);
             shade = shade == FirstRowShade ? QBColor(15) : FirstRowShade;
         }
         WeekRow(person, own);
+        vp_.Meaning({});
     }
 
     std::vector<std::string> DayRow(const PrintedPerson& person, const EmployeeSums& own, int d) const {
@@ -285,10 +357,10 @@ class LongHtml : private HtmlSchedule {
             slot += (next >= slots.size() ? "\n" : "") + text;
             ++next;
         };
-        if (!person.labels[d].empty()) put(person.labels[d]);
+        if (!person.labels[d].empty()) put(Isolated(person.labels[d]));
         const int count = static_cast<int>(person.PrintRanges[d].size());
         for (int r = 1; r <= count; ++r) put(RangeText(page_, person, d, r, false));
-        return {page_.shortWeekdays[d],
+        return {Isolated(page_.shortWeekdays[d]),
                 page_.mediumDates[d] + ">",
                 slots[0],
                 slots[1],
@@ -322,10 +394,12 @@ class LongHtml : private HtmlSchedule {
 
     void Totals() {
         vp_.TextColor(QBColor(9));
-        const std::string& name = page_.departmentName;
-        if (page_.PrintsHours())
+        const std::string name = Isolated(page_.departmentName);
+        if (page_.PrintsHours()) {
+            vp_.NextRow({RowKind::Text, {}});
             vp_.AddTable(">~_88%|>~_12%;",
                          {name + ", total time:  " + HoursText(page_, sums_.PrintTotalQuarters), " "});
+        }
         if (!page_.PrintsWages()) return;
         const TotalTexts money = MoneyTotals(page_, sums_, "##,##0.00");
         Line(">~_100%;", name + ", total wages:  " + money.wages);

@@ -56,6 +56,7 @@ class ReportOutputsTest : public ScheduleFormFixture {
     const fs::path out =
         fs::path(TVX_BINARY_DIR) / "reports" / testing::UnitTest::GetInstance()->current_test_info()->name();
     qt::QtFontMeasures measures;
+    double fontSize = 9;
 
     void SetUp() override {
         ScheduleFormFixture::SetUp();
@@ -64,6 +65,7 @@ class ReportOutputsTest : public ScheduleFormFixture {
     }
     VpDocument Draw(ScheduleKind kind, bool html) {
         VpDocument document(measures, Paper{11906, 16838, 720});
+        document.Font({"Liberation Sans", fontSize, false, false});
         if (kind == ScheduleKind::Short) document.Orientation(PageOrientation::Landscape);
         ScheduleRequest request;
         request.kind = kind;
@@ -209,8 +211,8 @@ TEST_F(ReportOutputsTest, web_pages_hold_the_totals_of_the_screen) {
     for (const ScheduleKind kind : {ScheduleKind::Short, ScheduleKind::Long}) {
         std::string page = test::ReadFile(PutPage(TextOf(kind), kind));
         std::erase(page, ',');
-        EXPECT_NE(page.find(Trim(screen[1]) + "</t"), std::string::npos) << TextOf(kind) << screen[1];
-        EXPECT_NE(page.find(Trim(screen[3]) + "</t"), std::string::npos) << TextOf(kind) << screen[3];
+        EXPECT_NE(page.find(Trim(screen[1]) + "</"), std::string::npos) << TextOf(kind) << screen[1];
+        EXPECT_NE(page.find(Trim(screen[3]) + "</"), std::string::npos) << TextOf(kind) << screen[3];
     }
 }
 
@@ -273,17 +275,81 @@ TEST_F(ReportOutputsTest, web_pages_fit_a_phone_and_a_desk_without_scrolling_sid
         for (const ScheduleKind kind : Kinds) {
             const std::string name = bad ? TextOf(kind) + "-odd" : TextOf(kind);
             const fs::path page = PutPage(name, kind);
-            for (const int width : {375, 1200}) {
+            for (const int width : {375, 641, 800, 1024, 1200}) {
                 browser.Add(page, width);
                 wanted.push_back(name + " at " + std::to_string(width) + ": fits");
             }
         }
     }
+    fontSize = 14;
+    for (const int width : {375, 641, 800, 1024, 1200})
+        for (const ScheduleKind kind : Kinds) {
+            browser.Add(PutPage(TextOf(kind) + "-large", kind), width);
+            wanted.push_back(TextOf(kind) + "-large at " + std::to_string(width) + ": fits");
+        }
     const fs::path wide = out / "wide.html";
     test::WriteFile(wide, "<!DOCTYPE html><body><p style='width:500px'>A page of 500 pixels</p>");
     browser.Add(wide, 375);
     wanted.push_back("wide at 375: too wide, body \"A page of 500 pixels\", p \"A page of 500 pixels\"");
     EXPECT_EQ(browser.Look(), wanted);
+}
+
+/// The folder of the auditor's modules, fetched once for a build; "" where they cannot be had.
+std::string AuditorModules() {
+    const fs::path folder = fs::path(TVX_BINARY_DIR) / "audit";
+    fs::create_directories(folder);
+    fs::copy_file(fs::path(TVX_SOURCE_DIR) / "tests/reports/page/screens/audit/package.json",
+                  folder / "package.json", fs::copy_options::overwrite_existing);
+    const Ended fetched =
+        RunProgram("npm", {"install", "--prefix", QString::fromStdString(folder.string()), "--prefer-offline",
+                           "--no-audit", "--no-fund", "--fetch-retries=0", "--fetch-timeout=20000"});
+    return fetched.code == 0 ? (folder / "node_modules").string() : "";
+}
+
+TEST_F(ReportOutputsTest, web_pages_pass_an_automatic_audit) {
+    for (const char* program : {"npm", "node", "chromium"})
+        if (!IsInstalled(program)) GTEST_SKIP() << program << " is not installed";
+    const std::string modules = AuditorModules();
+    if (modules.empty()) GTEST_SKIP() << "axe-core and puppeteer-core cannot be fetched";
+    QStringList arguments{
+        QString::fromStdString(std::string(TVX_SOURCE_DIR) + "/tests/reports/page/screens/audit/audit.cjs"),
+        QString::fromStdString(modules)};
+    for (const bool bad : {false, true}) {
+        if (bad) NameThemBadly();
+        for (const ScheduleKind kind : Kinds)
+            arguments << QString::fromStdString(PutPage(TextOf(kind) + (bad ? "-odd" : ""), kind).string());
+    }
+    qputenv("TVX_CHROMIUM", QStandardPaths::findExecutable("chromium").toLocal8Bit());
+    const Ended audited = RunProgram("node", arguments);
+    ASSERT_EQ(audited.code, 0) << audited.errors;
+    std::size_t pages = 0;
+    for (const std::string& line : Split(audited.out, '\n'))
+        if (!line.empty()) {
+            ++pages;
+            EXPECT_NE(line.find(": 0 findings"), std::string::npos) << line;
+        }
+    EXPECT_EQ(pages, 12U) << "six pages, each on a desk and on a phone";
+}
+
+TEST_F(ReportOutputsTest, web_pages_break_no_time_when_a_browser_prints_them) {
+    for (const char* program : {"chromium", "pdftotext"})
+        if (!IsInstalled(program)) GTEST_SKIP() << program << " is not installed";
+    for (const ScheduleKind kind : Kinds) {
+        const fs::path page = PutPage(TextOf(kind), kind);
+        const fs::path pdf = out / (TextOf(kind) + ".pdf");
+        const test::TempFolder profile;
+        RunProgram("chromium", {"--headless", "--no-sandbox", "--disable-gpu", "--no-pdf-header-footer",
+                                "--user-data-dir=" + QString::fromStdString(profile.Path().string()),
+                                "--print-to-pdf=" + QString::fromStdString(pdf.string()),
+                                "file://" + QString::fromStdString(page.string())});
+        const std::string text =
+            Squeezed(RunProgram("pdftotext", {"-layout", QString::fromStdString(pdf.string()), "-"}).out);
+        const bool isShort = kind == ScheduleKind::Short;
+        for (const std::string& words :
+             isShort ? std::vector<std::string>{"Hours 8:00", "8:00a Noon", "Total: 39:00"}
+                     : std::vector<std::string>{"8:00am Noon", "27-Feb-06>", "Total: 39:00"})
+            EXPECT_NE(text.find(words), std::string::npos) << TextOf(kind) << " lacks " << words;
+    }
 }
 
 } // namespace
