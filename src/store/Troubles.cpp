@@ -1,6 +1,5 @@
 #include "store/Troubles.h"
 
-#include "platform/dao/DaoError.h"
 #include "platform/files/FileError.h"
 
 #include <algorithm>
@@ -58,9 +57,50 @@ bool Fits(const Line& line, Occasion occasion, int number) {
            (numbers.empty() || std::find(numbers.begin(), numbers.end(), number) != numbers.end());
 }
 
+const EngineSentence& SentenceOf(int number) {
+    const auto of = [](int wanted) {
+        return std::ranges::find(EngineSentences(), wanted, &EngineSentence::number);
+    };
+    const auto found = of(number);
+    return found != EngineSentences().end() ? *found : *of(InternalError);
+}
+
 } // namespace
 
-Trouble TroubleOf(Occasion occasion, int number, const std::string& engineText, const std::string& what) {
+const std::vector<EngineSentence>& EngineSentences() {
+    static const std::vector<EngineSentence> sentences{
+        {Overflow, "An employee number is not between 1 and 32,767."},
+        {PermissionDenied, "The file may not be used by this person."},
+        {InternalError, "The database met trouble that has no name."},
+        {InvalidIndex, "A table of the database cannot be searched in this way."},
+        {UpdateWithoutEdit, "A record was written that had not been opened for a change."},
+        {NoCurrentRecord, "The record is not there any more."},
+        {DuplicateKey, "There is a record of that key already."},
+        {FileNotFound, "The database file is missing."},
+        {DiskFull, "The disk is full."},
+        {ReadOnly, "The database can be read but not written."},
+        {NotEnoughMemory, "There is not enough memory."},
+        {DiskError, "The disk or the network did not read or write as it should."},
+        {FileInUse, "Another workstation is using the database."},
+        {CannotOpen, "The database file cannot be opened or written."},
+        {TooFewParameters, "A question to the database lacks a value."},
+        {SyntaxError, "A question to the database was not understood."},
+        {TableNotFound, "A table is missing in the database."},
+        {FieldTooSmall, "A text is too long for its field."},
+        {RecordDeleted, "The record was deleted meanwhile."},
+        {FieldExists, "The field is in the table already."},
+        {AlreadyExists, "There is a file of that name already."},
+        {CouldNotLock, "Another workstation is writing at this moment."},
+        {ItemNotFound, "A field is missing in the database."},
+        {UnrecognisedFormat, "The database file is damaged, or is no database."},
+        {NumberTooLarge, "A number is too large for its field."},
+        {OpenedExclusively, "Another workstation has the database for itself."},
+        {ObjectInvalid, "The database is not open."},
+    };
+    return sentences;
+}
+
+Trouble TroubleOf(Occasion occasion, int number, const std::string& text, const std::string& what) {
     const auto line = std::find_if(Table().begin(), Table().end(),
                                    [&](const Line& each) { return Fits(each, occasion, number); });
     Trouble trouble = line->trouble;
@@ -70,7 +110,7 @@ Trouble TroubleOf(Occasion occasion, int number, const std::string& engineText, 
         if (mark == 'n')
             trouble.text += std::to_string(number);
         else if (mark == 't')
-            trouble.text += engineText;
+            trouble.text += text;
         else if (mark == 'w')
             trouble.text += what;
         else
@@ -79,9 +119,14 @@ Trouble TroubleOf(Occasion occasion, int number, const std::string& engineText, 
     return trouble;
 }
 
+std::string PlainText(const dao::DaoError& error) {
+    const std::string sentence = SentenceOf(error.Number()).text;
+    return error.About().empty() ? sentence : sentence + "\r\n" + error.About();
+}
+
 Trouble TroubleOf(Occasion occasion, const std::exception& error, const std::string& what) {
     if (const auto* engine = dynamic_cast<const dao::DaoError*>(&error))
-        return TroubleOf(occasion, engine->Number(), engine->what(), what);
+        return TroubleOf(occasion, engine->Number(), PlainText(*engine), what);
     if (const auto* file = dynamic_cast<const FileError*>(&error))
         return TroubleOf(occasion, file->Number(), file->what(), what);
     return TroubleOf(occasion, 0, error.what(), what);

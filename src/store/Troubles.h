@@ -1,10 +1,12 @@
 // What a person reads when the store refuses: one table from the number of an error to its box.
 #pragma once
 
+#include "platform/dao/DaoError.h"
 #include "platform/ports/Prompt.h"
 
 #include <exception>
 #include <string>
+#include <vector>
 
 namespace tvx {
 
@@ -28,9 +30,19 @@ struct Trouble {
     WayOn wayOn = WayOn::TryAgain;
 };
 
-/// The line of the table for an error number. `engineText` is the text of the error, `what` that which could
+/// What a person reads of a number of the engine. The engine's own words are never shown.
+struct EngineSentence {
+    int number;
+    const char* text;
+};
+const std::vector<EngineSentence>& EngineSentences();
+/// The sentence of an error's number, and what it is about below. A number without a sentence has that of
+/// 3000.
+std::string PlainText(const dao::DaoError& error);
+
+/// The line of the table for an error number. `text` is what is told of the error, `what` that which could
 /// not be saved: "schedule".
-Trouble TroubleOf(Occasion occasion, int number, const std::string& engineText, const std::string& what = "");
+Trouble TroubleOf(Occasion occasion, int number, const std::string& text, const std::string& what = "");
 /// The same for an error that was caught: a DaoError, a FileError, or any other, whose number is 0.
 Trouble TroubleOf(Occasion occasion, const std::exception& error, const std::string& what = "");
 

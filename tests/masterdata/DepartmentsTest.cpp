@@ -130,7 +130,8 @@ TEST_F(DepartmentsTest, take_a_listing_order_of_0_or_none_for_1) {
 
 TEST_F(DepartmentsTest, that_another_workstation_deleted_say_so_when_they_are_opened) {
     other.Delete("Department", "Department name", "Bakery");
-    store.prompt().Expect("Database error, try again..3021 No current record.", 0, "Database error...");
+    store.prompt().Expect("Database error, try again..3021 The record is not there any more.", 0,
+                          "Database error...");
     EXPECT_FALSE(OpenProfile(g.store, g.department, store.prompt(), FormCommand::Change).has_value());
 }
 

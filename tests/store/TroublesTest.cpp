@@ -58,6 +58,22 @@ TEST(TroubleOf, knows_the_number_of_any_error_that_was_caught) {
               "Database problem.. Error number is:61.\nFull.");
     EXPECT_EQ(TroubleOf(Occasion::Working, std::runtime_error("Torn.")).text, "Torn.");
     EXPECT_EQ(TroubleOf(Occasion::Working, dao::DaoError(3260, "Locked.")).title, "Tarvex");
+    EXPECT_EQ(TroubleOf(Occasion::BeginningSave, dao::DaoError(3078, "no such table: Employee")).text,
+              "Database error, try again..\r\n\r\n3078 A table is missing in the database.");
+}
+
+TEST(TroubleOf, has_a_plain_sentence_for_every_number_of_the_engine_and_none_of_its_words) {
+    for (const EngineSentence& sentence : EngineSentences())
+        EXPECT_EQ(TroubleOf(Occasion::Working, dao::DaoError(sentence.number, "database is locked")).text,
+                  sentence.text);
+    EXPECT_EQ(PlainText(dao::DaoError(9999, "SQL logic error")),
+              "The database met trouble that has no name.");
+}
+
+TEST(TroubleOf, names_the_file_or_field_that_the_trouble_is_about) {
+    EXPECT_EQ(TroubleOf(Occasion::Opening, dao::DaoError(3051, "Cannot open.", "/shared/TVX.MDB")).text,
+              "Database problem.. Error number is:3051.\nThe database file cannot be opened or "
+              "written.\r\n/shared/TVX.MDB");
 }
 
 TEST(TellTrouble, shows_the_box_and_answers_with_the_way_on) {

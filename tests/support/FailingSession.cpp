@@ -88,7 +88,7 @@ void Faults::Meet(Call call) {
     if (!wanted_ || wanted_->call != call || wanted_->nth != count) return;
     met_ = true;
     if (wanted_->before) return wanted_->before();
-    throw dao::DaoError(wanted_->number, "A fault that a test wants.");
+    throw dao::DaoError(wanted_->number, "SQLITE: database disk image is malformed near \"COMMIT\"");
 }
 
 dao::SessionFactory FailingSessions(std::shared_ptr<Faults> faults) {

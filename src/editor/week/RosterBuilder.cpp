@@ -84,8 +84,8 @@ void KeepSharedIds(std::vector<EmployeeRow>& rows) {
 void RequireUsableKeys(const std::vector<EmployeeRow>& rows) {
     for (const EmployeeRow& row : rows)
         if (row.key < SmallestKey || row.key > GreatestEmployeeKey)
-            throw dao::DaoError(6, "Overflow: the employee number " + std::to_string(row.key) +
-                                       " is not 1 to 32767.");
+            throw dao::DaoError(dao::error::Overflow, "Overflow: the employee number is not 1 to 32767.",
+                                std::to_string(row.key));
 }
 
 void EmptyWeekFor(GlobalState& g, Week& week) {

@@ -3,11 +3,13 @@
 
 #include <stdexcept>
 #include <string>
+#include <utility>
 
 namespace tvx::dao {
 
 /// Numbers of trouble that something is decided by or that a box shows.
 namespace error {
+constexpr int Overflow = 6;
 constexpr int PermissionDenied = 70;
 constexpr int NoCurrentRecord = 3021;
 constexpr int UpdateWithoutEdit = 3020;
@@ -24,6 +26,7 @@ constexpr int TableNotFound = 3078;
 constexpr int FieldTooSmall = 3163;
 constexpr int RecordDeleted = 3167;
 constexpr int FieldExists = 3191;
+constexpr int AlreadyExists = 3204;
 constexpr int CouldNotLock = 3260;
 constexpr int ItemNotFound = 3265;
 constexpr int UnrecognisedFormat = 3343;
@@ -35,14 +38,19 @@ constexpr int NotEnoughMemory = 3035;
 constexpr int InternalError = 3000;
 } // namespace error
 
-/// Trouble reported by the engine. Nothing of the failed operation has happened.
+/// Trouble reported by the engine. Nothing of the failed operation has happened. Its text may hold words of
+/// the engine and is for those who look for the cause; a person reads the sentence of the number, and what it
+/// is about: a file, a field.
 class DaoError : public std::runtime_error {
   public:
-    DaoError(int number, const std::string& text) : std::runtime_error(text), number_(number) {}
+    DaoError(int number, const std::string& text, std::string about = "")
+        : std::runtime_error(text), number_(number), about_(std::move(about)) {}
     int Number() const { return number_; }
+    const std::string& About() const { return about_; }
 
   private:
     int number_;
+    std::string about_;
 };
 
 } // namespace tvx::dao

@@ -12,12 +12,11 @@ namespace fs = std::filesystem;
 namespace tvx::dao {
 namespace {
 
-constexpr int AlreadyExists = 3204;
-
 void RefuseExisting(const fs::path& path) {
     std::error_code code;
     if (fs::exists(path, code))
-        throw DaoError(AlreadyExists, "Database already exists: '" + path.string() + "'.");
+        throw DaoError(error::AlreadyExists, "Database already exists: '" + path.string() + "'.",
+                       path.string());
 }
 
 /// Several statements that happen all or not at all, inside a transaction as well as outside.
@@ -207,7 +206,7 @@ std::unique_ptr<Database> Engine::Open(const fs::path& path, FileMode mode) cons
         return std::make_unique<Database>(path, sessions_(path, options_, mode));
     } catch (const DaoError& trouble) {
         if (trouble.Number() != error::CouldNotLock) throw;
-        throw DaoError(error::FileInUse, trouble.what());
+        throw DaoError(error::FileInUse, trouble.what(), path.string());
     }
 }
 
@@ -236,7 +235,8 @@ void Engine::RepairDatabase(const fs::path& path) const {
     const std::unique_ptr<Session> session = sessions_(path, options_, FileMode::Existing);
     session->RebuildIndexes();
     if (!session->IsSound())
-        throw DaoError(error::UnrecognisedFormat, "The database is damaged: '" + path.string() + "'.");
+        throw DaoError(error::UnrecognisedFormat, "The database is damaged: '" + path.string() + "'.",
+                       path.string());
 }
 
 } // namespace tvx::dao

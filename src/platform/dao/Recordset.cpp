@@ -330,7 +330,8 @@ Value Recordset::Checked(std::size_t position, Value value) {
     const bool asBefore = pending_ == Pending::Change && value == Current().values[position];
     if (length > field.width && !asBefore)
         throw DaoError(error::FieldTooSmall,
-                       "The field '" + field.name + "' is too small to accept the amount of data.");
+                       "The field '" + field.name + "' is too small to accept the amount of data.",
+                       field.name);
     return value;
 }
 
@@ -430,7 +431,8 @@ std::size_t Recordset::PositionOf(std::string_view name) const {
     Open();
     for (std::size_t i = 0; i < columns_.size(); ++i)
         if (EqualsNoCase(columns_[i].name, name)) return i;
-    throw DaoError(error::ItemNotFound, "Item not found in this collection: " + std::string(name));
+    throw DaoError(error::ItemNotFound, "Item not found in this collection: " + std::string(name),
+                   std::string(name));
 }
 
 Field Recordset::Fields(std::string_view name) {

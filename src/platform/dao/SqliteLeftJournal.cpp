@@ -79,7 +79,8 @@ std::optional<std::uint32_t> CountIn(std::ifstream& journal, const Part& part) {
     std::error_code ignored;
     fs::remove(target, ignored);
     const bool full = code == ENOSPC || code == EDQUOT || code == EFBIG;
-    throw DaoError(full ? error::DiskFull : error::DiskError, "Cannot write '" + target.string() + "'.");
+    throw DaoError(full ? error::DiskFull : error::DiskError, "Cannot write '" + target.string() + "'.",
+                   target.string());
 }
 
 using OutFile = std::unique_ptr<std::FILE, int (*)(std::FILE*)>;
@@ -95,7 +96,8 @@ bool IsLive(const fs::path& journal) {
     const fs::file_status status = fs::status(journal, code);
     if (!fs::exists(status)) return false;
     if (!fs::is_regular_file(status))
-        throw DaoError(error::CannotOpen, "Cannot open '" + journal.string() + "'. It is not a file.");
+        throw DaoError(error::CannotOpen, "Cannot open '" + journal.string() + "'. It is not a file.",
+                       journal.string());
     std::ifstream file(journal, std::ios::binary);
     return ReadAt(file, 0, std::ssize(Magic)) == Magic;
 }
@@ -122,7 +124,7 @@ struct HeldFile::Handle {
         constexpr int flags = SQLITE_OPEN_MAIN_DB | SQLITE_OPEN_READWRITE;
         if (system->xOpen(system, name.c_str(), File(), flags, nullptr) != SQLITE_OK) {
             if (File()->pMethods != nullptr) File()->pMethods->xClose(File());
-            throw DaoError(error::CannotOpen, "Cannot open '" + database.string() + "'.");
+            throw DaoError(error::CannotOpen, "Cannot open '" + database.string() + "'.", database.string());
         }
     }
     ~Handle() {
@@ -170,7 +172,7 @@ std::optional<std::uint32_t> HeldFile::Changes() const {
 
 void HeldFile::CopyTo(const fs::path& target) const {
     OutFile file(std::fopen(target.c_str(), "wbx"), std::fclose);
-    if (!file) throw DaoError(error::DiskError, "Cannot make '" + target.string() + "'.");
+    if (!file) throw DaoError(error::DiskError, "Cannot make '" + target.string() + "'.", target.string());
     std::error_code code;
     fs::permissions(target, fs::status(handle_->name.c_str(), code).permissions(), code);
     std::int64_t offset = 0;

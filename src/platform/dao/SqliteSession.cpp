@@ -19,12 +19,14 @@ using Handle = std::unique_ptr<sqlite3, int (*)(sqlite3*)>;
 void CheckFileIsThere(const fs::path& path) {
     std::error_code code;
     if (!fs::exists(path, code))
-        throw DaoError(error::FileNotFound, "Couldn't find file '" + path.string() + "'.");
+        throw DaoError(error::FileNotFound, "Couldn't find file '" + path.string() + "'.", path.string());
     if (!fs::is_regular_file(path, code))
-        throw DaoError(error::CannotOpen, "Cannot open '" + path.string() + "'. It is not a file.");
+        throw DaoError(error::CannotOpen, "Cannot open '" + path.string() + "'. It is not a file.",
+                       path.string());
     // SQLite takes a file of no byte, or of one, for a new database; here it is one that lost its content.
     if (fs::file_size(path, code) < SmallestDatabase && !code)
-        throw DaoError(error::UnrecognisedFormat, "Unrecognized database format '" + path.string() + "'.");
+        throw DaoError(error::UnrecognisedFormat, "Unrecognized database format '" + path.string() + "'.",
+                       path.string());
 }
 
 /// Opens what may be no database; the handle tells why when it did not work. A session belongs to one thread,
@@ -47,7 +49,7 @@ void MakeFile(const fs::path& path) {
     if (code == SQLITE_OK) return;
     std::error_code ignored;
     fs::remove(path, ignored);
-    throw DaoError(error::CannotOpen, "Cannot make '" + path.string() + "'.");
+    throw DaoError(error::CannotOpen, "Cannot make '" + path.string() + "'.", path.string());
 }
 
 std::string Quoted(const std::string& text) {
@@ -113,7 +115,8 @@ SqliteSession::SqliteSession(const fs::path& path, const EngineOptions& options)
     if (code != SQLITE_OK) FailSqlite(handle_.get(), code);
     if (sqlite3_db_readonly(handle_.get(), "main") == 1)
         throw DaoError(error::CannotOpen,
-                       "Cannot open '" + path.string() + "'. You may not have permission to write the file.");
+                       "Cannot open '" + path.string() + "'. You may not have permission to write the file.",
+                       path.string());
     SetUp(options);
 }
 
@@ -124,8 +127,8 @@ void SqliteSession::SetUp(const EngineOptions& options) {
     // memory mapping.
     Run("PRAGMA locking_mode = NORMAL");
     Run("PRAGMA mmap_size = 0");
-    // No page reaches the file before its commit, which puts the first page into the journal: so every journal
-    // that could be played back tells by the count of changes in there which file it is of.
+    // No page reaches the file before its commit, which puts the first page into the journal: so every
+    // journal that could be played back tells by the count of changes in there which file it is of.
     Run("PRAGMA cache_spill = OFF");
     Run("PRAGMA cell_size_check = ON");
     Run("PRAGMA trusted_schema = OFF");
@@ -175,7 +178,8 @@ std::string SqliteSession::ReadHead(TableDef& table) {
         "SELECT name, sql FROM sqlite_schema WHERE type = 'table' AND name = ? COLLATE NOCASE", table.name);
     if (!find.Step())
         throw DaoError(error::TableNotFound,
-                       "The database engine cannot find the input table or query '" + table.name + "'.");
+                       "The database engine cannot find the input table or query '" + table.name + "'.",
+                       table.name);
     table.name = find.Text(0);
     return std::string(find.Text(1));
 }

@@ -315,7 +315,8 @@ TEST_F(FailingEditorTest, an_arrow_whose_week_cannot_be_read_says_why_and_leaves
                 if (!HasChanges()) return; // the next week is here, without its figures
                 ++stayed;
                 EXPECT_EQ(Seen(), before) << nth;
-                EXPECT_EQ(store.prompt().Last().text, "A fault that a test wants.");
+                EXPECT_EQ(store.prompt().Last().text,
+                          "The disk or the network did not read or write as it should.");
             });
     }
     EXPECT_GE(stayed, 3);

@@ -546,9 +546,9 @@ TEST_F(SaveWeekTest, a_table_that_cannot_be_opened_is_told_and_the_week_stays_ch
     test::SetBars(g, 1, {{36, 68}});
     test::WritableWeek(g).WeekChanged = true;
     RawFile(store.folder / "TVX.MDB").Run("DROP TABLE [Day Schedule]");
-    store.prompt().Expect("Database error, try again..\n\n3078 The database engine cannot find the input "
-                          "table or query 'DAY SCHEDULE'.",
-                          box::Ok, "Database error...");
+    store.prompt().Expect(
+        "Database error, try again..\n\n3078 A table is missing in the database.\nDAY SCHEDULE", box::Ok,
+        "Database error...");
     EXPECT_FALSE(Save());
     EXPECT_TRUE(g.week.WeekChanged);
     EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));

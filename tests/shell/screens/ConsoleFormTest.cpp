@@ -309,7 +309,7 @@ TEST_F(ConsoleFormTest, somebody_whom_another_workstation_deletes_meanwhile_is_t
         Search(form, "clark");
     };
     Open("ChangeEmplRec", "Form5", deleteMeanwhile);
-    EXPECT_EQ(prompt().Last().text, "No current record.");
+    EXPECT_EQ(prompt().Last().text, "The record is not there any more.");
     Open("ChangeEmplRec", "Form5", [](QWidget& form) {
         EXPECT_EQ(Find<QListView>(form, "List1").model()->rowCount(), 2);
         test::Press(form, Qt::Key_Escape);
