@@ -133,7 +133,7 @@ class Form : public QWidget {
         int index = first;
         for (const char* caption : captions) {
             auto& option = Add(options, name, index++, caption, &frame);
-            option.setText(QString::fromUtf8(caption).trimmed());
+            option.setText(QString::fromUtf8(caption));
         }
         if (columns > 0) LayInColumns(options, frame, columns);
     }

@@ -106,7 +106,6 @@ DepartmentProfile ReadProfile(const Department& department, const std::vector<De
     profile.cutoffQuarters = profile.weekKnown ? department.DayCutoffQuarters : 0;
     if (profile.weekKnown)
         DecodeFirstWeekday(*row->firstWeekday, profile.firstWeekday, profile.cutoffQuarters);
-    profile.cutoffQuarters = std::clamp(profile.cutoffQuarters, 0, MostCutoffQuarters);
     profile.editorOrder = std::clamp(row->editorOrder, 1, 6);
     profile.weekMethod = std::clamp(row->weekMethod, 0, 3);
     profile.employeeNameSingle = row->employeeNameSingle;

@@ -20,7 +20,7 @@ struct DepartmentProfile {
     std::string name;
     int editorOrder = 1;    // 1 to 6
     int firstWeekday = 1;   // 1 Sunday to 7 Saturday
-    int cutoffQuarters = 0; // 0 to 32
+    int cutoffQuarters = 0; // 0 to 99; the list of times offers 0 to 32
     bool weekKnown = true;  // false when the stored department names no first weekday
     int weekMethod = 3;     // 0 to 3
     std::string employeeNameSingle = "Employee";
@@ -32,7 +32,7 @@ struct DepartmentProfile {
 };
 
 /// The profile to begin with, as Add or Change says: the usual one, or that of the current
-/// department, found by its name. A cut-off that the list of times does not offer shows as the last one.
+/// department, found by its name.
 /// Nothing, and its box is shown, when the table cannot be read or the department is gone.
 std::optional<DepartmentProfile> OpenProfile(const Store& store, const Department& department, Prompt& prompt,
                                              FormCommand command);

@@ -108,9 +108,9 @@ TEST_F(DepartmentsTest, unpack_a_first_weekday_with_or_without_a_cut_off) {
     const std::vector<Packed> table{
         {std::int64_t{304}, 3, 4}, {std::int64_t{100}, 1, 0},    {std::int64_t{732}, 7, 32},
         {std::int64_t{7}, 7, 7},   {std::int64_t{1}, 1, 7},      {std::int64_t{0}, 1, 0},
-        {std::int64_t{-5}, 1, 0},  {std::int64_t{733}, 7, 32},   {std::int64_t{799}, 7, 32},
+        {std::int64_t{-5}, 1, 0},  {std::int64_t{733}, 7, 33},   {std::int64_t{799}, 7, 99},
         {std::int64_t{11}, 1, 11}, {dao::Value(), 1, 0, false},  {std::int64_t{9}, 1, 7},
-        {std::int64_t{805}, 1, 5}, {std::int64_t{32767}, 1, 32},
+        {std::int64_t{805}, 1, 5}, {std::int64_t{32767}, 1, 67}, {std::int64_t{150}, 1, 50},
     };
     for (const Packed& row : table) {
         test::PutField(store.db(), "Department", "Dep number", bakery, "First weekday", row.stored);

@@ -1,5 +1,7 @@
 #include "masterdata/screens/DepartmentForm.h"
 
+#include "shell/common/Conversions.h"
+
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -15,6 +17,8 @@ constexpr const char* EmployeeHint = "The default name on an employee is: Employ
 constexpr const char* DayOffHint =
     "A requested day off is usually called a Vacation day. You may however substitute "
     "a Day off for any local term that is appropriate.";
+constexpr const char* WordTip = "A new department begins with the usual words.  You can give it words of its "
+                                "own under Change.";
 constexpr const char* NameHint = "Enter or change Department name (A mandatory field).";
 constexpr const char* WeekHint = "Each day in a year has a week number.  Select the way the weeks are "
                                  "counted based on setting of the <First day "
@@ -106,7 +110,12 @@ void DepartmentForm::BuildWord(QHBoxLayout& row, const WordFrame& word) {
     const std::string what = FromQString(frame.title().trimmed());
     word.single = &AddField(word.singleName, "Single", frame, what + ", Single");
     word.plural = &AddField(word.pluralName, "Plural", frame, what + ", Plural");
-    for (TextBox* box : {word.single, word.plural}) box->SetTypingLimit(WordLength);
+    for (TextBox* box : {word.single, word.plural}) {
+        box->SetTypingLimit(WordLength);
+        if (request_.command != FormCommand::Add) continue;
+        box->setEnabled(false);
+        box->setToolTip(QLatin1String(WordTip));
+    }
     row.setStretchFactor(&frame, 1);
 }
 
@@ -129,7 +138,8 @@ void DepartmentForm::BuildHint(QVBoxLayout& column) {
 void DepartmentForm::ShowProfile(const DepartmentProfile& profile) {
     Text1->SetText(profile.name);
     Combo1->setCurrentIndex(profile.firstWeekday - 1);
-    Combo2->setCurrentIndex(profile.cutoffQuarters);
+    storedCutoff_ = profile.cutoffQuarters;
+    Combo2->setCurrentIndex(storedCutoff_ <= MostCutoffQuarters ? storedCutoff_ : -1);
     ShowCutoff();
     if (!profile.weekKnown) Label1->SetText("and Midn.");
     SSOption1.Choose(profile.weekMethod);
@@ -148,7 +158,7 @@ DepartmentProfile DepartmentForm::Profile() const {
     DepartmentProfile profile;
     profile.name = Text1->Text();
     profile.firstWeekday = Combo1->currentIndex() + 1;
-    profile.cutoffQuarters = Combo2->currentIndex();
+    profile.cutoffQuarters = Cutoff();
     profile.weekMethod = SSOption1.Chosen().value_or(profile.weekMethod);
     profile.editorOrder = SSOption2.Chosen().value_or(profile.editorOrder);
     profile.employeeNameSingle = txtGenEmployee->Text();
@@ -158,9 +168,13 @@ DepartmentProfile DepartmentForm::Profile() const {
     return profile;
 }
 
+int DepartmentForm::Cutoff() const {
+    return Combo2->currentIndex() < 0 ? storedCutoff_ : Combo2->currentIndex();
+}
+
 void DepartmentForm::ShowCutoff() {
-    Label1->SetText("and " + FromQString(Combo2->currentText()));
-    Label2->setVisible(Combo2->currentIndex() > 0);
+    Label1->SetText("and " + QuarterToClockText(Cutoff(), g_.application.options.ClockStyle));
+    Label2->setVisible(Cutoff() > 0);
 }
 
 void DepartmentForm::Save() {

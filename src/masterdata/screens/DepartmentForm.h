@@ -40,12 +40,14 @@ class DepartmentForm : public Form {
     void ShowProfile(const DepartmentProfile& profile);
     void ShowWords(const DepartmentProfile& profile);
     DepartmentProfile Profile() const;
+    int Cutoff() const;
     void ShowCutoff();
     void Save();
 
     GlobalState& g_;
     DepartmentRequest request_;
     bool saved_ = false;
+    int storedCutoff_ = 0; // stays until a time is chosen: it may be one that is not offered
 
     TextBox* Text1 = nullptr;    // name
     QComboBox* Combo1 = nullptr; // first day of the week

@@ -144,7 +144,7 @@ void EmployeeForm::BuildKinds(QVBoxLayout& column) {
     Frame3D1 = &AddFrame("Frame3D1", "Pay rate", row);
     SetHint(*Frame3D1, "");
     BuildKind(Option3D2, "Option3D2", 1,
-              {{"Hourly rate", "Pay is for one hour"}, {"Weekly salary", "Pay is for a whole week"}},
+              {{" Hourly rate", "Pay is for one hour"}, {" Weekly salary", "Pay is for a whole week"}},
               *Frame3D1);
     BuildKind(Option3D1, "Option3D1", 1,
               {{"Active", "Listed in the Editors"}, {"Inactive", "Kept, but not listed in the Editors"}},

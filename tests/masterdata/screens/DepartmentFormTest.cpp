@@ -107,6 +107,21 @@ TEST_F(DepartmentFormTest, closes_at_once_with_a_box_when_the_department_is_gone
     EXPECT_EQ(store.prompt().Last().title, "Database error...");
 }
 
+TEST_F(DepartmentFormTest, a_cut_off_that_is_not_offered_stays_until_another_is_chosen) {
+    test::PutField(store.db(), "Department", "Dep number", 2, "First weekday", std::int64_t{150});
+    Open(FormCommand::Change);
+    EXPECT_EQ(Find<QComboBox>(*form, "Combo2").currentIndex(), -1);
+    EXPECT_EQ(TextOf("Label1"), "and 12:30pm");
+    EXPECT_TRUE(Shown("Label2"));
+    test::Click(*form, "Command3D1");
+    EXPECT_NE(Rows().back().find("|150|"), std::string::npos);
+    EXPECT_EQ(g.department.DayCutoffQuarters, 50);
+    Open(FormCommand::Change);
+    Pick("Combo2", 4);
+    test::Click(*form, "Command3D1");
+    EXPECT_NE(Rows().back().find("|104|"), std::string::npos);
+}
+
 // ---- saving ----
 
 TEST_F(DepartmentFormTest, a_department_is_added_from_the_keyboard_alone) {
@@ -128,15 +143,27 @@ TEST_F(DepartmentFormTest, a_department_is_added_from_the_keyboard_alone) {
     EXPECT_EQ(g.department.DayCutoffQuarters, 8);
 }
 
-TEST_F(DepartmentFormTest, words_typed_while_adding_are_not_stored) {
+TEST_F(DepartmentFormTest, captions_stand_as_they_are_with_their_blanks) {
+    Open(FormCommand::Change);
+    EXPECT_EQ(Caption("SSOption1(1)"), " First full week in the new year ");
+}
+
+TEST_F(DepartmentFormTest, words_cannot_be_typed_while_adding_and_their_boxes_say_where_they_can) {
     Open(FormCommand::Add);
+    for (const char* name : {"txtGenEmployee", "txtGenEmployees", "txtDayOff", "txtDaysOff"}) {
+        EXPECT_FALSE(Enabled(name)) << name;
+        EXPECT_EQ(
+            Box(name).toolTip().toStdString(),
+            "A new department begins with the usual words.  You can give it words of its own under Change.");
+    }
     Enter("Text1", "Kitchen");
-    Enter("txtGenEmployee", "Cook");
     test::Click(*form, "Command3D1");
     EXPECT_EQ(Rows().back(), "Kitchen|1|100|3|" + Untouched);
     g.department.CurrentDepName = "Kitchen";
     Open(FormCommand::Change);
     EXPECT_EQ(Box("txtGenEmployee").Text(), "Employee");
+    EXPECT_TRUE(Enabled("txtGenEmployee") && Enabled("txtDaysOff"));
+    EXPECT_EQ(Box("txtGenEmployee").toolTip().toStdString(), "");
 }
 
 TEST_F(DepartmentFormTest, a_change_stores_everything_and_is_in_force_at_once) {
@@ -267,7 +294,7 @@ TEST_F(DepartmentFormTest, boxes_take_so_many_characters_however_they_come) {
                                                     {"txtDayOff", 14},
                                                     {"txtDaysOff", 14}};
     const std::string many(50, 'm');
-    Open(FormCommand::Add);
+    Open(FormCommand::Change);
     for (const auto& [name, limit] : limits) {
         for (const auto& way : {test::TypeAny, test::Paste, test::Drop, test::Compose}) {
             Box(name).clear();
@@ -323,7 +350,7 @@ TEST_F(DepartmentFormTest, each_frame_has_its_hint_under_the_mouse) {
 }
 
 TEST_F(DepartmentFormTest, the_hint_follows_the_focus_too) {
-    Open(FormCommand::Add);
+    Open(FormCommand::Change);
     Box("txtDayOff").setFocus();
     EXPECT_EQ(TextOf("Label4").substr(0, 15), "A requested day");
     Find<QWidget>(*form, "Combo1").setFocus();
