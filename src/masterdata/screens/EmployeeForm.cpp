@@ -8,6 +8,7 @@
 #include "shell/common/TVXMOD1.h"
 
 #include <QApplication>
+#include <QKeyEvent>
 
 #include <algorithm>
 
@@ -161,6 +162,23 @@ void EmployeeForm::Leave() {
     if (!MayUnload()) return;
     const Hourglass hourglass(ports_.prompt);
     Unload();
+}
+
+/// Is there a text in a box? The pay that its box gives itself is none.
+bool EmployeeForm::HoldsText() const {
+    const auto holds = [](const auto& place) {
+        const auto& [index, box] = place;
+        return !box->Text().empty() && (index != box_of::Pay || box->Text() != NormalizedPay(""));
+    };
+    return std::any_of(Text2.begin(), Text2.end(), holds) || !Text1->toPlainText().isEmpty();
+}
+
+/// Escape does not throw away what was typed for a new one; the button does.
+void EmployeeForm::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape && adding_ && HoldsText())
+        ports_.prompt.Beep();
+    else
+        Form::keyPressEvent(event);
 }
 
 void EmployeeForm::Changed() {

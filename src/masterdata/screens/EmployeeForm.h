@@ -31,6 +31,7 @@ class EmployeeForm : public Form {
     bool Opened() override;
     bool MayUnload() override;
     void ShowHint(const std::string& hint) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
@@ -65,6 +66,7 @@ class EmployeeForm : public Form {
     void LoadNeighbour(int direction);
     bool MayLeaveRecord();
     void Leave();
+    bool HoldsText() const;
     void Changed();
 
     // boxes

@@ -677,6 +677,31 @@ TEST_F(EmployeeFormTest, closes_without_a_question_when_nothing_changed_and_whil
     EXPECT_EQ(LastNames().size(), 3u);
 }
 
+TEST_F(EmployeeFormTest, escape_throws_nothing_away_that_was_typed_for_a_new_one) {
+    Add();
+    Enter(3, "7");
+    test::Press(*form, Qt::Key_Escape);
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(Box(3).Text(), "7");
+    EXPECT_EQ(store.prompt().Beeps(), 1);
+    Enter(3, "");
+    Comments().setPlainText(QStringLiteral("Bakes"));
+    Comments().setFocus();
+    test::Press(*form, Qt::Key_Escape);
+    EXPECT_TRUE(form->isVisible());
+    Comments().clear();
+    Box(5).setFocus(); // gives itself ".00"
+    Box(6).setFocus();
+    test::Press(*form, Qt::Key_Escape);
+    EXPECT_FALSE(form->isVisible());
+}
+
+TEST_F(EmployeeFormTest, captions_stand_as_they_are_with_their_blanks) {
+    Add();
+    EXPECT_EQ(Caption("Option3D2(1)"), " Hourly rate");
+    EXPECT_EQ(Caption("Option3D2(2)"), " Weekly salary");
+}
+
 // ---- two workstations ----
 
 TEST_F(EmployeeFormTest, nothing_typed_is_lost_while_another_workstation_saves) {
