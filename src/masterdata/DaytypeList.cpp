@@ -8,6 +8,8 @@
 #include "shell/common/TVXMOD1.h"
 #include "store/rows/DayTypeRow.h"
 
+#include <optional>
+
 namespace tvx {
 namespace {
 
@@ -38,18 +40,37 @@ SaveResult Check(const Daytypes& daytypes, Prompt& prompt, const std::string& sy
     return SaveResult::InUse;
 }
 
-/// Runs a step on the store; what it refuses goes by without a word.
+/// Runs a step on the store; what it refuses is seen by what the store holds afterwards.
 template <typename Step>
 void Quietly(Step step) {
     try {
         step();
     } catch (const dao::DaoError&) {
-        return; // the lists on the screen are read anew from the store where that matters
+        return;
     }
+}
+
+/// True when the store holds the row; with nothing to hold, when it has none of that symbol.
+bool Holds(const Store& store, const Department& department, const std::string& symbol,
+           const std::optional<DayTypeRow>& row) {
+    bool holds = false;
+    Quietly([&] { holds = FindDayTypeRow(store.Open(), department.CurrentDepNumber, symbol) == row; });
+    return holds;
+}
+
+SaveResult TellNotWritten(Prompt& prompt) {
+    prompt.MsgBox("Could not save,\r\nthis page is locked by another user, try again..", box::Ok,
+                  "Locked page...");
+    return SaveResult::Refused;
 }
 
 void ReadAgain(const Store& store, const Department& department, Daytypes& daytypes) {
     Quietly([&] { LoadDayTypes(store, department.CurrentDepNumber, daytypes); });
+}
+
+void Put(Daytypes& daytypes, int index, const DayTypeRow& row) {
+    daytypes.DayTypeSymbols[index] = row.symbol;
+    daytypes.DayTypeNames[index] = row.explanation;
 }
 
 DayTypeRow RowOf(const Department& department, const std::string& symbol, const std::string& explanation) {
@@ -82,6 +103,10 @@ std::vector<std::pair<std::string, int>> DaytypeRows(const Daytypes& daytypes) {
     return rows;
 }
 
+int IndexOfDaytype(const Daytypes& daytypes, const std::string& symbol) {
+    return IndexOfSymbol(daytypes, symbol, 0);
+}
+
 SaveResult AddDaytype(const Store& store, const Department& department, Daytypes& daytypes, Prompt& prompt,
                       const std::string& symbol, const std::string& explanation) {
     if (daytypes.DayTypeCount >= MostDayTypes) {
@@ -90,12 +115,12 @@ SaveResult AddDaytype(const Store& store, const Department& department, Daytypes
     }
     const SaveResult result = Check(daytypes, prompt, symbol, explanation, 0, " ");
     if (result != SaveResult::Saved) return result;
-    const int index = ++daytypes.DayTypeCount;
-    daytypes.DayTypeSymbols[index] = Trim(symbol);
-    daytypes.DayTypeNames[index] = Trim(explanation);
-    Quietly([&] { AddDayTypeRow(store.Open(), RowOf(department, symbol, Trim(explanation))); });
+    const DayTypeRow row = RowOf(department, symbol, Trim(explanation));
+    Quietly([&] { AddDayTypeRow(store.Open(), row); });
+    const bool written = Holds(store, department, row.symbol, row);
+    if (written) Put(daytypes, ++daytypes.DayTypeCount, row);
     ReadAgain(store, department, daytypes);
-    return SaveResult::Saved;
+    return written ? SaveResult::Saved : TellNotWritten(prompt);
 }
 
 SaveResult ChangeDaytype(const Store& store, const Department& department, Daytypes& daytypes, Prompt& prompt,
@@ -103,18 +128,21 @@ SaveResult ChangeDaytype(const Store& store, const Department& department, Dayty
     const std::string name = NormalizedExplanation(explanation);
     const SaveResult result = Check(daytypes, prompt, symbol, name, index, "");
     if (result != SaveResult::Saved) return result;
-    const std::string oldSymbol = daytypes.DayTypeSymbols[index];
-    daytypes.DayTypeSymbols[index] = Trim(symbol);
-    daytypes.DayTypeNames[index] = name;
-    Quietly([&] { ChangeDayTypeRow(store.Open(), oldSymbol, RowOf(department, symbol, name)); });
+    const DayTypeRow row = RowOf(department, symbol, name);
+    Quietly([&] { ChangeDayTypeRow(store.Open(), daytypes.DayTypeSymbols[index], row); });
+    const bool written = Holds(store, department, row.symbol, row);
+    if (written) Put(daytypes, index, row);
     ReadAgain(store, department, daytypes);
-    return SaveResult::Saved;
+    return written ? SaveResult::Saved : TellNotWritten(prompt);
 }
 
-void DeleteDaytype(const Store& store, const Department& department, Daytypes& daytypes, int index) {
-    Quietly(
-        [&] { DeleteDayTypeRow(store.Open(), department.CurrentDepNumber, daytypes.DayTypeSymbols[index]); });
+SaveResult DeleteDaytype(const Store& store, const Department& department, Daytypes& daytypes, Prompt& prompt,
+                         int index) {
+    const std::string symbol = daytypes.DayTypeSymbols[index];
+    Quietly([&] { DeleteDayTypeRow(store.Open(), department.CurrentDepNumber, symbol); });
+    const bool gone = Holds(store, department, symbol, std::nullopt);
     ReadAgain(store, department, daytypes);
+    return gone ? SaveResult::Saved : TellNotWritten(prompt);
 }
 
 std::string DropDateText(const GlobalState& g, const Region& region, int day) {

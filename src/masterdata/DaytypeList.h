@@ -27,15 +27,19 @@ std::string NormalizedExplanation(const std::string& text);
 /// The rows of the list, "CA= Cashier", with the index of each; blank entries are passed over.
 std::vector<std::pair<std::string, int>> DaytypeRows(const Daytypes& daytypes);
 
-/// Adds a daytype to the current department and reads the list anew. What the store refuses goes by without a
-/// word.
+/// Index of the daytype with this symbol; 0 when there is none.
+int IndexOfDaytype(const Daytypes& daytypes, const std::string& symbol);
+
+/// Adds a daytype to the current department and reads the list anew. Refused, with its box, when the store
+/// does not hold it afterwards; the same of the next two.
 SaveResult AddDaytype(const Store& store, const Department& department, Daytypes& daytypes, Prompt& prompt,
                       const std::string& symbol, const std::string& explanation);
 /// Changes the daytype at an index and reads the list anew. Days that carry the old symbol keep it.
 SaveResult ChangeDaytype(const Store& store, const Department& department, Daytypes& daytypes, Prompt& prompt,
                          int index, const std::string& symbol, const std::string& explanation);
 /// Deletes the daytype at an index and reads the list anew. Days that carry its symbol keep it.
-void DeleteDaytype(const Store& store, const Department& department, Daytypes& daytypes, int index);
+SaveResult DeleteDaytype(const Store& store, const Department& department, Daytypes& daytypes, Prompt& prompt,
+                         int index);
 
 /// "Monday, 2-Mar-2026" of a day of the week, 1 to 7, that something is picked for.
 std::string DropDateText(const GlobalState& g, const Region& region, int day);

@@ -59,6 +59,10 @@ class DaytypeListTest : public testing::Test {
             ASSERT_EQ(Add(symbol, "Number " + symbol), SaveResult::Saved);
         }
     }
+    void ExpectNotWritten() {
+        store.prompt().Expect("Could not save,\nthis page is locked by another user, try again..", 0,
+                              "Locked page...");
+    }
 };
 
 // ---- the list ----
@@ -187,14 +191,14 @@ TEST_F(DaytypeListTest, stored_days_keep_the_symbol_that_they_were_saved_with) {
     const auto before = store.Rows();
     EXPECT_EQ(Change(2, "CH", "Cash"), SaveResult::Saved);
     EXPECT_EQ(store.Rows(), before);
-    DeleteDaytype(g.store, g.department, g.daytypes, 2);
+    DeleteDaytype(g.store, g.department, g.daytypes, store.prompt(), 2);
     EXPECT_EQ(store.Rows(), before);
 }
 
 // ---- deleting ----
 
 TEST_F(DaytypeListTest, a_deleted_one_is_gone_from_file_and_list_without_a_question) {
-    DeleteDaytype(g.store, g.department, g.daytypes, 1);
+    DeleteDaytype(g.store, g.department, g.daytypes, store.prompt(), 1);
     EXPECT_EQ(Rows(), (std::vector<std::string>{"1|CA|Carrying", "2|CA|Cashier"}));
     EXPECT_EQ(Listed(), std::vector<std::string>{"CA= Cashier"});
     EXPECT_EQ(g.daytypes.DayTypeCount, 1);
@@ -202,11 +206,12 @@ TEST_F(DaytypeListTest, a_deleted_one_is_gone_from_file_and_list_without_a_quest
 
 // ---- two workstations ----
 
-TEST_F(DaytypeListTest, a_locked_file_is_no_word_worth_and_the_list_is_that_of_the_file) {
+TEST_F(DaytypeListTest, what_a_locked_file_does_not_take_is_told_and_the_list_is_that_of_the_file) {
     other.Hold();
-    EXPECT_EQ(Add("DL", "Delivery"), SaveResult::Saved);
-    EXPECT_EQ(Change(1, "BX", "Boxing"), SaveResult::Saved);
-    DeleteDaytype(g.store, g.department, g.daytypes, 1);
+    for (int i = 0; i < 3; ++i) ExpectNotWritten();
+    EXPECT_EQ(Add("DL", "Delivery"), SaveResult::Refused);
+    EXPECT_EQ(Change(1, "BX", "Boxing"), SaveResult::Refused);
+    EXPECT_EQ(DeleteDaytype(g.store, g.department, g.daytypes, store.prompt(), 1), SaveResult::Refused);
     EXPECT_EQ(Listed(), (std::vector<std::string>{"BK= Baker", "CA= Cashier"}));
     EXPECT_FALSE(store.db().InTransaction());
     other.LetGo();
@@ -216,14 +221,16 @@ TEST_F(DaytypeListTest, a_locked_file_is_no_word_worth_and_the_list_is_that_of_t
 
 TEST_F(DaytypeListTest, a_symbol_that_another_workstation_added_meanwhile_stays_that_of_the_other) {
     Put("DL", "Dealing", 2);
-    EXPECT_EQ(Add("DL", "Delivery"), SaveResult::Saved);
+    ExpectNotWritten();
+    EXPECT_EQ(Add("DL", "Delivery"), SaveResult::Refused);
     EXPECT_EQ(Rows().back(), "2|DL|Dealing");
     EXPECT_EQ(Listed().back(), "DL= Dealing");
 }
 
 TEST_F(DaytypeListTest, a_daytype_that_another_workstation_deleted_is_not_changed_into_a_new_one) {
     other.Delete("Day Types", "Explaination", "Cashier");
-    EXPECT_EQ(Change(2, "CH", "Cash"), SaveResult::Saved);
+    ExpectNotWritten();
+    EXPECT_EQ(Change(2, "CH", "Cash"), SaveResult::Refused);
     EXPECT_EQ(Rows(), (std::vector<std::string>{"1|CA|Carrying", "2|BK|Baker"}));
     EXPECT_EQ(Listed(), std::vector<std::string>{"BK= Baker"});
 }

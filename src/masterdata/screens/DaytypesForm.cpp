@@ -14,7 +14,7 @@ constexpr Twips WidestName = 1200;
 DaytypesForm::DaytypesForm(GlobalState& g, Ports& ports, const DaytypesRequest& request, Form* owner)
     : ListForm(ports, "Form22", owner), g_(g), request_(request) {
     QVBoxLayout& column = Column();
-    BuildList(column, "Label4", "Daytypes");
+    BuildList(column, "Label4", "Daytypes", "No daytypes yet. Choose \"Other activity...\", then \"Add\".");
     BuildBoxes(column);
     BuildMenu(column);
     column.addStretch();
@@ -53,7 +53,11 @@ void DaytypesForm::ConnectBoxes() {
     };
     Text2->SetTypingLimit(NameLength);
     Text2->rule = [this](int code) { return FilterName(code); };
-    Text2->onEnter = [this] { Text1->setFocus(); };
+    Text2->onEnter = Guarded([this] {
+        const bool filled = !Text1->Text().empty() && !Text2->Text().empty();
+        if (filled) SaveOrDelete();
+        Text1->setFocus();
+    });
     Text2->rest = [this] {
         Text2->SetText(NormalizedExplanation(Text2->Text()));
         return true;
@@ -116,7 +120,8 @@ void DaytypesForm::ShowCount() {
 }
 
 void DaytypesForm::FillBoxes(int index) {
-    Text1->SetText(g_.daytypes.DayTypeSymbols[index]);
+    oldSymbol_ = g_.daytypes.DayTypeSymbols[index];
+    Text1->SetText(oldSymbol_);
     Text2->SetText(g_.daytypes.DayTypeNames[index]);
 }
 
@@ -131,15 +136,15 @@ int DaytypesForm::FilterName(int code) const {
     return ToTwips(width) >= WidestName ? 0 : code;
 }
 
-SaveResult DaytypesForm::Save(ListRequest task, int index) {
+SaveResult DaytypesForm::Save(ListRequest task, int) {
+    const int index = IndexOfDaytype(g_.daytypes, oldSymbol_); // a refusal has read the list anew
     Text2->SetText(NormalizedExplanation(Text2->Text()));
     switch (task) {
     case ListRequest::Change:
         return ChangeDaytype(g_.store, g_.department, g_.daytypes, ports_.prompt, index, Text1->Text(),
                              Text2->Text());
     case ListRequest::Delete:
-        DeleteDaytype(g_.store, g_.department, g_.daytypes, index);
-        return SaveResult::Saved;
+        return DeleteDaytype(g_.store, g_.department, g_.daytypes, ports_.prompt, index);
     default:
         return AddDaytype(g_.store, g_.department, g_.daytypes, ports_.prompt, Text1->Text(), Text2->Text());
     }

@@ -34,6 +34,7 @@ class DaytypesForm : public ListForm {
 
     GlobalState& g_;
     DaytypesRequest request_;
+    std::string oldSymbol_; // of the one that is changed or deleted
 
     Frame* Frame3D1 = nullptr; // the page of adding, changing, deleting
     Frame* Frame3D2 = nullptr; // the page that chooses among them

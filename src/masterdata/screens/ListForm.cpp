@@ -6,9 +6,11 @@ bool ListForm::MayPick(int index) const {
     return index > 0;
 }
 
-void ListForm::BuildList(QVBoxLayout& column, const char* taskName, const std::string& accessible) {
+void ListForm::BuildList(QVBoxLayout& column, const char* taskName, const std::string& accessible,
+                         const std::string& beginning) {
     task_ = &AddLabel(taskName, "", column);
     List1 = &Add<ListBox>("List1", accessible);
+    List1->SetBeginning(beginning);
     List1->onChoose = Guarded([this](int index) { TakeRow(index); });
     column.addWidget(List1, 1000); // all the room while it shows
 }
@@ -23,7 +25,10 @@ void ListForm::BuildCommands(QVBoxLayout& column, const CommandNames& names) {
     other_ = &AddCommand({names.other, "&Other activity...", [this] { ShowMenu(); }}, row);
     row.addStretch();
     save_ = &AddCommand({names.save, "&Save", [this] { SaveOrDelete(); }}, row);
-    AddCommand({names.close, "&Close", [this] { Unload(); }, Role::Cancel}, row);
+    QPushButton& close = AddCommand({names.close, "&Close", [this] { Unload(); }, Role::Cancel}, row);
+    // Last of all: behind a box that was filled comes what keeps it, not what throws it away.
+    setTabOrder(save_, &close);
+    setTabOrder(&close, other_);
 }
 
 void ListForm::Enter(ListRequest task) {

@@ -40,8 +40,9 @@ class ListForm : public Form {
 
     // ---- building ----
 
-    /// What to do, and the list below it.
-    void BuildList(QVBoxLayout& column, const char* taskName, const std::string& accessible);
+    /// What to do, and the list below it; `beginning` stands in an empty list and says how to begin.
+    void BuildList(QVBoxLayout& column, const char* taskName, const std::string& accessible,
+                   const std::string& beginning);
     /// A button of the menu page that leads to a task.
     QPushButton& AddTask(const char* name, const char* caption, ListRequest task, QBoxLayout& row,
                          QWidget& frame);

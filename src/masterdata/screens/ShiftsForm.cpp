@@ -12,7 +12,10 @@ constexpr int FirstIndexNotPicked = 21;
 ShiftsForm::ShiftsForm(GlobalState& g, Ports& ports, const ShiftsRequest& request, Form* owner)
     : ListForm(ports, "Form23", owner), g_(g), request_(request) {
     QVBoxLayout& column = Column();
-    BuildList(column, "Label1", "Stored shifts");
+    BuildList(
+        column, "Label1", "Stored shifts",
+        "No shifts stored yet. To store one, press the right button on a day with hours and choose \"Add "
+        "to standard Shifts\".");
     BuildName(column);
     BuildMenu(column);
     column.addStretch();

@@ -6,6 +6,8 @@
 #include "support/Rows.h"
 #include "support/WeekWriter.h"
 
+#include <QStyleHints>
+
 #include <gtest/gtest.h>
 
 namespace tvx {
@@ -83,7 +85,7 @@ TEST_F(DaytypesFormTest, offers_what_can_be_done) {
     Open(0);
     EXPECT_FALSE(Enabled("cmdAdd"));
     EXPECT_EQ(test::FocusOf(*form), "cmdChange");
-    while (g.daytypes.DayTypeCount > 0) DeleteDaytype(g.store, g.department, g.daytypes, 1);
+    while (g.daytypes.DayTypeCount > 0) DeleteDaytype(g.store, g.department, g.daytypes, store.prompt(), 1);
     Open(0);
     EXPECT_FALSE(Enabled("cmdChange") || Enabled("cmdDelete"));
     EXPECT_EQ(test::FocusOf(*form), "cmdAdd");
@@ -99,10 +101,7 @@ TEST_F(DaytypesFormTest, adds_one_after_the_other_from_the_keyboard) {
     EXPECT_EQ(Symbol().Text(), "OV");
     EXPECT_EQ(test::FocusOf(*form), "Text2");
     test::Type(*form, " ovens ");
-    test::Press(*form, Qt::Key_Return); // back to the symbol
-    EXPECT_EQ(test::FocusOf(*form), "Text1");
-    EXPECT_EQ(Explanation().Text(), "Ovens");
-    test::Click(*form, "Command3D2");
+    test::Press(*form, Qt::Key_Return);
     EXPECT_TRUE(form->isVisible());
     EXPECT_EQ(Symbol().Text() + Explanation().Text(), "");
     EXPECT_EQ(test::FocusOf(*form), "Text1");
@@ -112,6 +111,52 @@ TEST_F(DaytypesFormTest, adds_one_after_the_other_from_the_keyboard) {
     EXPECT_EQ(Stored(),
               (std::vector<std::string>{"BK|Baker", "CA|Cashier", "D|Driver", "E|Evening", "OV|Ovens"}));
     EXPECT_TRUE(g.week.WeekChanged);
+}
+
+TEST_F(DaytypesFormTest, enter_only_goes_back_to_the_symbol_while_a_box_is_empty) {
+    Open(30);
+    Explanation().setFocus();
+    test::Type(*form, " ovens ");
+    test::Press(*form, Qt::Key_Return);
+    EXPECT_EQ(test::FocusOf(*form), "Text1");
+    EXPECT_EQ(Explanation().Text(), "Ovens");
+    EXPECT_EQ(Stored().size(), 3u);
+    EXPECT_EQ(store.prompt().Beeps(), 0);
+}
+
+TEST_F(DaytypesFormTest, an_empty_list_says_how_to_begin) {
+    while (g.daytypes.DayTypeCount > 0) DeleteDaytype(g.store, g.department, g.daytypes, store.prompt(), 1);
+    Open(33);
+    EXPECT_EQ(List().accessibleDescription().toStdString(),
+              "No daytypes yet. Choose \"Other activity...\", then \"Add\".");
+    test::TakePicture(*form, "Form22-empty");
+    AddDaytype(g.store, g.department, g.daytypes, store.prompt(), "CA", "Cashier");
+    Open(33);
+    EXPECT_EQ(List().accessibleDescription().toStdString(), "");
+}
+
+TEST_F(DaytypesFormTest, the_second_press_of_a_double_click_reaches_nothing_below_the_list) {
+    Open(33);
+    qt::PictureBox below;
+    int presses = 0;
+    below.onMouseDown = [&](Qt::MouseButton, TwipsPoint) { ++presses; };
+    const QPoint place = List().viewport()->mapToGlobal(List().visualItemRect(List().item(1)).center());
+    ClickRow(1);
+    EXPECT_FALSE(form->isVisible());
+    below.setGeometry(form->geometry());
+    below.show();
+    const auto press = [&] {
+        QTest::mouseClick(&below, Qt::LeftButton, Qt::NoModifier, below.mapFromGlobal(place));
+        return presses;
+    };
+    EXPECT_EQ(press(), 0) << "the second press";
+    EXPECT_EQ(press(), 1) << "a third one is meant";
+    Open(33);
+    ClickRow(1);
+    QTest::mouseClick(&below, Qt::LeftButton, Qt::NoModifier, below.mapFromGlobal(place) + QPoint(0, 60));
+    EXPECT_EQ(presses, 2) << "elsewhere";
+    QTest::qWait(QGuiApplication::styleHints()->mouseDoubleClickInterval() + 50);
+    EXPECT_EQ(press(), 3) << "too late for a double click";
 }
 
 TEST_F(DaytypesFormTest, symbols_pass_their_filter_however_they_come) {
@@ -315,15 +360,32 @@ TEST_F(DaytypesFormTest, leaving_answers_that_none_was_picked) {
 
 // ---- two workstations ----
 
-TEST_F(DaytypesFormTest, a_locked_file_is_no_word_worth_and_the_count_is_that_of_the_file) {
+TEST_F(DaytypesFormTest, what_a_locked_file_does_not_take_is_told_and_stays_in_the_boxes) {
     Open(30);
     Fill("E", "Evening");
     other.Hold();
+    const auto expectBox = [&] {
+        store.prompt().Expect("Could not save,\nthis page is locked by another user, try again..", 0,
+                              "Locked page...");
+    };
+    expectBox();
     test::Click(*form, "Command3D2");
-    EXPECT_TRUE(store.prompt().Boxes().empty());
-    other.LetGo();
-    EXPECT_EQ(Stored().size(), 3u);
+    EXPECT_EQ(Symbol().Text() + Explanation().Text(), "EEvening");
     EXPECT_EQ(TextOf("Label5"), "Current number of Daytypes= 3");
+    other.LetGo();
+    test::Click(*form, "Command3D2");
+    EXPECT_EQ(Stored().size(), 4u);
+    Open(31);
+    test::Press(*form, Qt::Key_Return); // "BK= Baker"
+    Fill("BX", "Boxer");
+    other.Hold();
+    expectBox();
+    test::Click(*form, "Command3D2");
+    EXPECT_TRUE(form->isVisible());
+    other.LetGo();
+    test::Click(*form, "Command3D2");
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_EQ(Stored(), (std::vector<std::string>{"BX|Boxer", "CA|Cashier", "D|Driver", "E|Evening"}));
 }
 
 // ---- for everybody ----
@@ -332,18 +394,18 @@ TEST_F(DaytypesFormTest, can_be_used_without_mouse_and_without_eyes) {
     Open(0);
     ExpectUsable({"cmdAdd", "cmdChange", "cmdDelete", "Command3D1"});
     Open(30);
-    ExpectUsable({"Text1", "Text2", "Command3D4", "Command3D2", "Command3D1"});
+    ExpectUsable({"Text1", "Text2", "Command3D2", "Command3D1", "Command3D4"});
     test::TakePicture(*form, "Form22-add");
     Open(31);
     test::Press(*form, Qt::Key_Return);
-    ExpectUsable({"Text1", "Text2", "Command3D4", "Command3D2", "Command3D1", "List1"});
+    ExpectUsable({"Text1", "Text2", "Command3D2", "Command3D1", "Command3D4", "List1"});
     Open(32);
     test::Press(*form, Qt::Key_Return);
     EXPECT_EQ(test::FocusOf(*form), "Command3D2");
     EXPECT_EQ(test::Obstacles(*form), "");
     test::TakePicture(*form, "Form22-delete");
     Open(33);
-    ExpectUsable({"List1", "Command3D4", "Command3D1"});
+    ExpectUsable({"List1", "Command3D1", "Command3D4"});
     EXPECT_EQ(test::SpokenName(Explanation()), "Explanation");
 }
 

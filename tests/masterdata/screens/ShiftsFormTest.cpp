@@ -308,12 +308,21 @@ TEST_F(ShiftsFormTest, a_21st_shift_of_a_file_is_listed_and_not_picked) {
     EXPECT_EQ(form->Answer().SelectedDayType, 20);
 }
 
+TEST_F(ShiftsFormTest, an_empty_list_says_how_to_begin) {
+    Open(33);
+    EXPECT_EQ(
+        List().accessibleDescription().toStdString(),
+        "No shifts stored yet. To store one, press the right button on a day with hours and choose \"Add to "
+        "standard Shifts\".");
+    test::TakePicture(*form, "Form23-empty");
+}
+
 // ---- for everybody ----
 
 TEST_F(ShiftsFormTest, can_be_used_without_mouse_and_without_eyes) {
     Store("Early");
     OpenToAdd({{36, 52}});
-    ExpectUsable({"Text1", "OptionsCMD", "SaveCMD", "ExitCMD"});
+    ExpectUsable({"Text1", "SaveCMD", "ExitCMD", "OptionsCMD"});
     test::Click(*form, "OptionsCMD");
     EXPECT_EQ(test::FocusOf(*form), "cmdChange");
     ExpectUsable({"cmdChange", "cmdDelete", "SaveCMD", "ExitCMD", "Text1"});
@@ -322,7 +331,7 @@ TEST_F(ShiftsFormTest, can_be_used_without_mouse_and_without_eyes) {
     ExpectUsable({"Text1", "SaveCMD", "ExitCMD", "List1"});
     test::TakePicture(*form, "Form23-change");
     Open(33);
-    ExpectUsable({"List1", "OptionsCMD", "ExitCMD"});
+    ExpectUsable({"List1", "ExitCMD", "OptionsCMD"});
     test::TakePicture(*form, "Form23-drop");
     test::Click(*form, "OptionsCMD");
     ExpectUsable({"cmdChange", "cmdDelete", "ExitCMD"});
