@@ -21,6 +21,16 @@
 #include <QStandardPaths>
 #include <QTime>
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <fcntl.h>
+#include <optional>
+#include <sys/file.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+#include <unistd.h>
+
 namespace fs = std::filesystem;
 
 namespace tvx::qt {
@@ -182,6 +192,23 @@ std::string ShortName(const QString& name) {
     return FromQString(name.endsWith(QLatin1Char('.')) ? name.chopped(1) : name);
 }
 
+constexpr const char* LockEnding = ".lock";
+constexpr const char* CallEnding = ".call";
+
+/// Nothing for a path that is too long for an address.
+std::optional<sockaddr_un> AddressOf(const std::string& path) {
+    sockaddr_un address{};
+    if (path.size() >= sizeof address.sun_path) return std::nullopt;
+    address.sun_family = AF_UNIX;
+    path.copy(address.sun_path, path.size());
+    return address;
+}
+
+/// A box of a run that shows nothing else would be lost behind the windows of other programs.
+bool StandsAlone(const QWidget* owner) {
+    return owner == nullptr || owner->windowType() == Qt::SplashScreen;
+}
+
 } // namespace
 
 Answer QtPrompt::Show(const Message& message) {
@@ -189,6 +216,7 @@ Answer QtPrompt::Show(const Message& message) {
     InsistentBox window(IconOf(message.style), ToQString(message.title), {}, ButtonsOf(message.style),
                         QApplication::activeWindow());
     ShowTexts(window, message);
+    if (StandsAlone(window.parentWidget())) window.setWindowFlag(Qt::WindowStaysOnTopHint);
     for (QAbstractButton* button : window.buttons()) button->setIcon({}); // as on every other form
     MakeRoomForTitle(window);
     window.insists = buttons == box::YesNo || buttons == box::AbortRetryIgnore;
@@ -289,15 +317,74 @@ QtInstance::QtInstance(const fs::path& programFolder) {
     if (runtime.isEmpty() || !QDir(runtime).exists()) runtime = QDir::tempPath();
     std::error_code ignored;
     const fs::path whole = fs::weakly_canonical(programFolder, ignored);
-    const QByteArray mark =
-        QCryptographicHash::hash(PathText(whole).toUtf8(), QCryptographicHash::Sha1).toHex();
-    lock_ = std::make_unique<QLockFile>(runtime + QLatin1String("/tarvex-") +
-                                        QString::fromLatin1(mark.left(16)) + QLatin1String(".lock"));
-    lock_->setStaleLockTime(0); // only the end of the other run frees the place, however long it lasts
+    const QString mark = PathText(whole) + QLatin1Char('\n') + QString::number(getuid());
+    const QByteArray hash = QCryptographicHash::hash(mark.toUtf8(), QCryptographicHash::Sha1).toHex();
+    mark_ = (runtime + QLatin1String("/tarvex-") + QString::fromLatin1(hash.left(16))).toStdString();
+}
+
+QtInstance::~QtInstance() {
+    if (calls_ >= 0) {
+        unlink((mark_ + CallEnding).c_str());
+        close(calls_);
+    }
+    if (lock_ >= 0) close(lock_);
 }
 
 bool QtInstance::Claim() {
-    return lock_->isLocked() || lock_->tryLock(0) || lock_->error() != QLockFile::LockFailedError;
+    if (lock_ >= 0) return true;
+    const int file =
+        open((mark_ + LockEnding).c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NONBLOCK | O_NOFOLLOW, 0600);
+    if (file < 0) return true; // no place to lock: nobody is kept from starting
+    if (flock(file, LOCK_EX | LOCK_NB) != 0 && errno == EWOULDBLOCK) {
+        close(file);
+        return false;
+    }
+    lock_ = file;
+    Listen();
+    return true;
+}
+
+void QtInstance::Listen() {
+    const auto address = AddressOf(mark_ + CallEnding);
+    if (!address) return;
+    unlink(address->sun_path); // of a run that was killed
+    calls_ = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    if (calls_ < 0 || bind(calls_, reinterpret_cast<const sockaddr*>(&*address), sizeof *address) != 0)
+        return;
+    heard_ = std::make_unique<QSocketNotifier>(calls_, QSocketNotifier::Read);
+    QObject::connect(heard_.get(), &QSocketNotifier::activated, heard_.get(), [this] {
+        std::array<char, 16> word{};
+        while (recv(calls_, word.data(), word.size(), 0) >= 0) continue;
+        RaiseWindows();
+    });
+}
+
+void QtInstance::RaiseOther() {
+    const auto address = AddressOf(mark_ + CallEnding);
+    const int caller = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
+    if (address && caller >= 0)
+        sendto(caller, "raise", 5, MSG_NOSIGNAL, reinterpret_cast<const sockaddr*>(&*address),
+               sizeof *address);
+    if (caller >= 0) close(caller);
+}
+
+void RaiseWindows() {
+    QWidgetList windows;
+    for (QWidget* window : QApplication::topLevelWidgets())
+        if (window->isVisible() && (window->windowType() == Qt::Window || window->windowType() == Qt::Dialog))
+            windows.append(window);
+    // What belongs to another window lies before it, and what waits for an answer before them all.
+    const auto depth = [](const QWidget* window) {
+        if (window == QApplication::activeModalWidget()) return 2;
+        return window->parentWidget() == nullptr ? 0 : 1;
+    };
+    std::stable_sort(windows.begin(), windows.end(),
+                     [&](const QWidget* a, const QWidget* b) { return depth(a) < depth(b); });
+    for (QWidget* window : windows) {
+        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+        window->raise();
+    }
+    if (!windows.isEmpty()) windows.last()->activateWindow();
 }
 
 QtHelp::~QtHelp() {

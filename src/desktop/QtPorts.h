@@ -5,8 +5,8 @@
 
 #include <QApplication>
 #include <QLocale>
-#include <QLockFile>
 #include <QPointer>
+#include <QSocketNotifier>
 
 #include <filesystem>
 #include <memory>
@@ -60,15 +60,28 @@ class QtScreen : public ScreenInfo {
     Twips Height() const override;
 };
 
-/// One run for each program folder and user.
+/// One run for each program folder and user, which holds a lock on a file of the session, whatever stands in
+/// it. The run that holds it hears the others, and then brings its windows to the front.
 class QtInstance : public RunningInstance {
   public:
     explicit QtInstance(const std::filesystem::path& programFolder);
+    ~QtInstance() override;
+    QtInstance(const QtInstance&) = delete;
+    QtInstance& operator=(const QtInstance&) = delete;
     bool Claim() override;
+    void RaiseOther() override;
 
   private:
-    std::unique_ptr<QLockFile> lock_;
+    void Listen();
+    std::string mark_; // path of the files of the session without their endings
+    int lock_ = -1;
+    int calls_ = -1;
+    std::unique_ptr<QSocketNotifier> heard_;
 };
+
+/// Brings every window of the program to the front, minimised ones included, the one that waits for an answer
+/// before the others.
+void RaiseWindows();
 
 /// Help topics are pages of a folder, "170.html" for topic 170; "index.html" is the contents.
 class QtHelp : public HelpViewer {

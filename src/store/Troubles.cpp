@@ -135,7 +135,7 @@ Trouble TroubleOf(Occasion occasion, const std::exception& error, const std::str
 WayOn TellTrouble(Prompt& prompt, const Trouble& trouble) {
     prompt.MousePointer(Pointer::Default);
     if (trouble.beep) prompt.Beep();
-    prompt.MsgBox(trouble.text, trouble.style, trouble.title);
+    prompt.MsgBox(trouble.text, trouble.style, trouble.title, trouble.detail);
     return trouble.wayOn;
 }
 

@@ -28,6 +28,7 @@ struct Trouble {
     int style = 0;
     bool beep = false;
     WayOn wayOn = WayOn::TryAgain;
+    std::string detail = {}; // said beyond the text, apart from it
 };
 
 /// What a person reads of a number of the engine. The engine's own words are never shown.

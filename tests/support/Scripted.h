@@ -121,7 +121,9 @@ class ScriptedScreen : public ScreenInfo {
 class ScriptedInstance : public RunningInstance {
   public:
     bool another = false;
+    int raised = 0;
     bool Claim() override { return !another; }
+    void RaiseOther() override { ++raised; }
 };
 
 class ScriptedHelp : public HelpViewer {

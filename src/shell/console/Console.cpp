@@ -83,6 +83,17 @@ LoadResult SetPath(Paths& paths, Rights& rights, Ports& ports) {
     return LoadResult::EndRun;
 }
 
+/// Who cannot write beside the program would miss the data that lies there.
+void TellUnusedDatabase(const Paths& paths, Prompt& prompt) {
+    if (paths.UnusedPath.empty() || paths.DatabasePath != paths.ProgramPath) return;
+    prompt.MsgBox(
+        "The database in the folder of the program is not used, since that folder is not yours to write "
+        "in:\r\n\r\n" +
+            FilePath(paths.UnusedPath, DatabaseFile).string() +
+            "\r\n\r\nThe data of this run lies in the folder\r\n\r\n" + paths.DatabasePath.string(),
+        box::Exclamation, "Database");
+}
+
 void WarnOfOldDate(Ports& ports) {
     if (PartsOf(ports.clock.Today()).year < 2004)
         ports.prompt.MsgBox("The System date is incorrect... ", box::Exclamation, "System date");
@@ -159,6 +170,15 @@ void LookAtLeftJournal(const fs::path& database, Prompt& prompt) {
     if (const auto kept = JudgeJournal(database)) TellJournalSetAside(prompt, *kept);
 }
 
+/// Which file it is about is said beyond the words of the box.
+void TellOpening(const Paths& paths, Prompt& prompt, const std::exception& error) {
+    Trouble trouble = TroubleOf(Occasion::Opening, error);
+    const fs::path file = FilePath(paths.DatabasePath, DatabaseFile);
+    trouble.detail =
+        "The file is " + file.filename().string() + "\r\nin the folder " + paths.DatabasePath.string();
+    TellTrouble(prompt, trouble);
+}
+
 /// The database and the department list; the box of any trouble.
 LoadResult OpenDatabase(GlobalState& g, Ports& ports, ConsoleFace& face) {
     try {
@@ -168,9 +188,9 @@ LoadResult OpenDatabase(GlobalState& g, Ports& ports, ConsoleFace& face) {
         RefreshDepartments(g, ports, face);
         return LoadResult::Ready;
     } catch (const dao::DaoError& trouble) {
-        TellTrouble(ports.prompt, TroubleOf(Occasion::Opening, trouble));
+        TellOpening(g.paths, ports.prompt, trouble);
     } catch (const FileError& trouble) {
-        TellTrouble(ports.prompt, TroubleOf(Occasion::Opening, trouble));
+        TellOpening(g.paths, ports.prompt, trouble);
     }
     CloseDatabase(g.store, ports.prompt);
     return LoadResult::EndRun;
@@ -188,6 +208,7 @@ int VisibleHoursFor(Twips screenWidth) {
 
 LoadResult LoadConsole(GlobalState& g, Ports& ports, ConsoleFace& face) {
     if (!ports.instance.Claim()) {
+        ports.instance.RaiseOther();
         ports.prompt.MsgBox("Tarvex already running", box::Ok, "Tarvex");
         return LoadResult::EndRun;
     }
@@ -195,6 +216,7 @@ LoadResult LoadConsole(GlobalState& g, Ports& ports, ConsoleFace& face) {
     g.rights.SchedulingAllowed = true;
     g.paths.DatabasePath = g.paths.ProgramPath;
     if (SetPath(g.paths, g.rights, ports) == LoadResult::EndRun) return LoadResult::EndRun;
+    TellUnusedDatabase(g.paths, ports.prompt);
     MeasureScreen(g, ports.screen);
     WarnOfOldDate(ports);
     g.application.DateFormatSetting = DetectDateFormat(ports.region);

@@ -6,6 +6,7 @@
 #include "platform/files/Folder.h"
 #include "shell/screens/ConsoleForm.h"
 #include "shell/screens/RegisterScreens.h"
+#include "store/FirstDatabase.h"
 #include "store/StoreTeller.h"
 
 #include <QApplication>
@@ -38,6 +39,14 @@ fs::path FindProgramFolder() {
     return ProgramFolder(FolderOfShipped(), users, {"TVX.JAN", "1.SFT"});
 }
 
+/// A folder of the program, other than the one that is used, in which a database lies; "" when there is none.
+fs::path FindUnusedDatabase(const fs::path& used) {
+    const fs::path besideProgram = QCoreApplication::applicationDirPath().toStdU16String();
+    for (const fs::path& folder : {FolderOfShipped(), besideProgram})
+        if (folder != used && FindFile(folder, DatabaseFile)) return folder;
+    return {};
+}
+
 /// The start stands outside the event loop and its net. Nothing can be done without the console.
 bool Started(GlobalState& g, Ports& ports, const Screens& screens, std::unique_ptr<ConsoleForm>& console) {
     try {
@@ -62,6 +71,7 @@ int RunTarvex(int count, char** arguments, const RunOptions& options) {
 
     GlobalState g;
     g.paths.ProgramPath = FindProgramFolder();
+    g.paths.UnusedPath = FindUnusedDatabase(g.paths.ProgramPath);
     QtPrompt prompt;
     QtClock clock;
     QtRegion region;

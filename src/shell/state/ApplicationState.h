@@ -28,6 +28,7 @@ struct ScreenState {
 struct Paths {
     std::filesystem::path ProgramPath;  // side files, the ready-made database
     std::filesystem::path DatabasePath; // the folder of TVX.MDB
+    std::filesystem::path UnusedPath;   // of a database beside the program that is not used; mostly ""
 };
 
 } // namespace tvx

@@ -82,7 +82,39 @@ TEST_F(ConsoleTest, a_second_instance_says_so_and_touches_no_file) {
     made.script.instance.another = true;
     prompt().Expect("Tarvex already running", box::Ok, "Tarvex");
     EXPECT_EQ(Start(), LoadResult::EndRun);
+    EXPECT_EQ(made.script.instance.raised, 1) << "the first one's window comes to the front";
     EXPECT_EQ(test::NamesIn(made.folder.Path()), (std::vector<std::string>{"NetworkPath.DAT", "TVX.JAN"}));
+}
+
+TEST_F(ConsoleTest, a_database_beside_the_program_that_is_not_used_is_told_with_both_folders) {
+    const test::TempFolder beside;
+    test::WriteFile(beside / "tvx.MDB", "somebody's data");
+    g.paths.UnusedPath = beside.Path();
+    prompt().Expect(
+        "The database in the folder of the program is not used, since that folder is not yours to "
+        "write in:\n\n" +
+            (beside / "tvx.MDB").string() + "\n\nThe data of this run lies in the folder\n\n" +
+            made.folder.Path().string(),
+        box::Exclamation, "Database");
+    StartReady();
+    EXPECT_EQ(test::ReadFile(beside / "tvx.MDB"), "somebody's data");
+    test::WriteFile(made.folder / "NetworkPath.DAT", "\"" + made.folder.Path().string() + "/.\"\r\n0\r\n");
+    StartReady(); // the workstation says itself where its data lies
+}
+
+TEST_F(ConsoleTest, a_missing_or_a_wrong_file_is_named_with_its_folder) {
+    const auto expectNamed = [&](const std::string& title) {
+        prompt().WillAnswer(Answer::Ok);
+        EXPECT_EQ(Start(), LoadResult::EndRun);
+        EXPECT_EQ(prompt().Last().title, title);
+        EXPECT_EQ(prompt().Last().detail,
+                  "The file is TVX.MDB\r\nin the folder " + made.folder.Path().string());
+    };
+    CloseDatabase(made.g.store, prompt());
+    fs::remove(File());
+    expectNamed("Tvx.mdb is missing...");
+    test::WriteFile(File(), "no database, but a text that is long enough to be looked at by the engine");
+    expectNamed("Damaged database file.");
 }
 
 TEST_F(ConsoleTest, a_start_opens_the_database_beside_the_program) {
