@@ -50,7 +50,7 @@ class PlainWordsTest : public testing::Test {
         if (other.store.Db) PrepareSchedule(other, store.ports());
     }
     void SaveAdams() { SaveEmployeeRecord(g.store, g.department, store.ports(), ReadAdams()); }
-    EmployeeRecord ReadAdams() { return LoadEmployeeRecord(g.store, g.application, 1); }
+    EmployeeRecord ReadAdams() { return LoadEmployeeRecord(g.store, g.application, g.rights, 1); }
     void SaveNew() {
         EmployeeRecord record = NewEmployeeRecord(g.application.options);
         record.Text2[box_of::LastName] = "New";
@@ -67,7 +67,7 @@ class PlainWordsTest : public testing::Test {
     void LoadAWeek() { LoadWeek(g, store.ports(), Sunday); }
     void AddADaytype() {
         AddDaytype(g.store, g.department, g.daytypes, store.prompt(), "X", "Xmas");
-        DeleteDaytype(g.store, g.department, g.daytypes, 1);
+        DeleteDaytype(g.store, g.department, g.daytypes, store.prompt(), 1);
     }
 
     /// What leaves a handler reaches the net around all events.
