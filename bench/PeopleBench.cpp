@@ -204,8 +204,8 @@ void Step(const std::shared_ptr<People>& people) {
 void Save(const std::shared_ptr<People>& people) {
     constexpr int Key = 17;
     const auto load = [people] {
-        return LoadEmployeeRecord(people->store.g.store, people->store.g.application,
-                                  people->store.script.region, Key);
+        return LoadEmployeeRecord(people->store.g.store, people->store.g.application, people->store.g.rights,
+                                  Key);
     };
     const auto turn = std::make_shared<int>(0);
     Pair(
