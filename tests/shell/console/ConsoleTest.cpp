@@ -824,8 +824,8 @@ TEST_F(ConsoleTest, scheduling_shows_the_trouble_of_the_store_and_goes_back) {
     made.AddEmployee({.lastName = "Adams", .firstName = "Anna"});
     StartReady();
     RawFile(File()).Run("DROP TABLE Employee");
-    prompt().Expect("Database problem.. Error number is:3078.\nno such table: Employee", box::Stop,
-                    "Database");
+    prompt().Expect("Database problem.. Error number is:3078.\nA table is missing in the database.",
+                    box::Stop, "Database");
     EXPECT_FALSE(PrepareSchedule(g, made.ports()));
 }
 

@@ -150,9 +150,10 @@ TEST_F(DamagedDatabaseTest, a_database_of_another_program_is_of_the_wrong_versio
 
 TEST_F(DamagedDatabaseTest, a_folder_in_its_place_cannot_be_opened) {
     fs::create_directory(File());
-    script.prompt.Expect("Database problem.. Error number is:3051.\nCannot open '" + File().string() +
-                             "'. It is not a file.",
-                         box::Stop, "Database");
+    script.prompt.Expect(
+        "Database problem.. Error number is:3051.\nThe database file cannot be opened or written.\n" +
+            File().string(),
+        box::Stop, "Database");
     EXPECT_EQ(Start(), LoadResult::EndRun);
 }
 
@@ -195,9 +196,9 @@ TEST_F(OtherUserTest, who_may_only_read_the_file_is_told_and_nothing_is_written)
     folder.OpenToAll();
     fs::permissions(File(), fs::perms::owner_read | fs::perms::group_read | fs::perms::others_read);
     const std::string before = test::ReadFile(File());
-    EXPECT_EQ(StartAsAnotherUser(), "end|16|Database|Database problem.. Error number is:3051./Cannot open '" +
-                                        File().string() +
-                                        "'. You may not have permission to write the file.");
+    EXPECT_EQ(StartAsAnotherUser(), "end|16|Database|Database problem.. Error number is:3051./The database "
+                                    "file cannot be opened or written./" +
+                                        File().string());
     EXPECT_TRUE(test::ReadFile(File()) == before);
     EXPECT_EQ(test::NamesIn(folder.Path()), Names{"TVX.MDB"});
 }
@@ -206,8 +207,10 @@ TEST_F(OtherUserTest, who_may_not_even_read_the_file_is_told) {
     Make(SystemTables());
     folder.OpenToAll();
     fs::permissions(File(), fs::perms::none);
-    EXPECT_EQ(StartAsAnotherUser(),
-              "end|16|Database|Database problem.. Error number is:3051./unable to open database file");
+    EXPECT_EQ(
+        StartAsAnotherUser(),
+        "end|16|Database|Database problem.. Error number is:3051./The database file cannot be opened or "
+        "written.");
 }
 
 TEST_F(OtherUserTest, who_may_not_write_into_the_folder_cannot_make_a_first_database_there) {
@@ -231,8 +234,10 @@ TEST_F(DamagedDatabaseTest, a_file_that_another_workstation_holds_alone_is_in_us
             test.Hear();
         });
         ASSERT_EQ(other.Hear(), "held");
-        script.prompt.Expect("Database is in use!\n\nTry later.\n\n(database is locked)", box::Stop,
-                             "Database");
+        script.prompt.Expect(
+            "Database is in use!\n\nTry later.\n\n(Another workstation is using the database.\n" +
+                File().string() + ")",
+            box::Stop, "Database");
         EXPECT_EQ(Start(), LoadResult::EndRun);
         EXPECT_EQ(script.prompt.Beeps(), 1);
     }
