@@ -11,8 +11,6 @@
 #include "shell/common/TVXMOD1.h"
 #include "store/Troubles.h"
 
-#include <stdexcept>
-
 namespace tvx {
 namespace {
 
@@ -131,13 +129,6 @@ bool TryToWrite(GlobalState& g, Prompt& prompt, const Week& week, DaySerial firs
 }
 
 } // namespace
-
-void WriteWeek(dao::Database& database, const Roster& roster, const Week& week, DaySerial firstSerial,
-               int cutoffQuarters) {
-    if (!week.IsLoaded) throw std::logic_error("A week that is not loaded cannot be saved.");
-    DayTable table(database);
-    WriteRows(database, table, roster, week, firstSerial, cutoffQuarters);
-}
 
 bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle, const Week& week,
               DaySerial firstSerial) {

@@ -18,15 +18,12 @@ using SettleGesture = std::function<void()>;
 /// transaction: a row for each employee and day that holds anything, none otherwise; only rows that differ
 /// from what stands there now are touched. A day off in the store keeps its row and stores no working time. A
 /// row that carries a rate keeps it. Of day 8 the week behind keeps what is its own there, told by the
-/// cut-off. Throws DaoError and changes no row if the store refuses, logic_error for
-/// a week that is not loaded. Leaves the model and `WeekChanged` alone.
-void WriteWeek(dao::Database& database, const Roster& roster, const Week& week, DaySerial firstSerial,
-               int cutoffQuarters);
-
-/// WriteWeek with its gauge and its boxes. True when the week was saved; when it is the loaded one and went
-/// to its own date, `WeekChanged` is then False. After a refusal the model is untouched, and the person saves
-/// again. Who may not schedule is told so, and nothing is written. False, without a word, for a week that is
-/// not loaded.
+/// cut-off.
+///
+/// Shows the gauge, and tells what hinders it. True when the week was saved; when it is the loaded one and
+/// went to its own date, `WeekChanged` is then False. If the store refuses, no row changes, the model is
+/// untouched, and the person saves again. Who may not schedule is told so, and nothing is written. False,
+/// without a word, for a week that is not loaded.
 bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& settle, const Week& week,
               DaySerial firstSerial);
 /// The loaded week to its own date.

@@ -463,7 +463,6 @@ TEST_F(SaveWeekTest, a_week_that_is_not_loaded_is_not_saved) {
     EXPECT_FALSE(Save());
     EXPECT_FALSE(SaveWeek(
         g, store.ports(), store.gauge, [] {}, g.week, Sunday));
-    EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week, Sunday, 0), std::logic_error);
     EXPECT_EQ(store.Rows(), before);
     EXPECT_TRUE(store.gauge.floods.empty());
 }
@@ -583,15 +582,16 @@ TEST_F(SaveWeekTest, a_refusal_in_the_middle_undoes_the_days_before_it) {
     EXPECT_FALSE(g.week.WeekChanged);
 }
 
-TEST_F(SaveWeekTest, WriteWeek_says_what_went_wrong_and_leaves_the_flag_alone) {
+TEST_F(SaveWeekTest, a_table_that_is_gone_is_told_of_and_the_week_stays_changed) {
     store.OpenWeek(Sunday);
-    test::SetBars(g, 1, {{36, 68}});
-    test::WritableWeek(g).WeekChanged = true;
-    WriteWeek(store.db(), g.roster, g.week, g.week.WeekStartJulian, 0);
-    EXPECT_EQ(store.Rows().size(), 1U);
-    EXPECT_TRUE(g.week.WeekChanged);
+    WeekEdit(g).PutBars(1, {{36, 68}});
     RawFile(store.folder / "TVX.MDB").Run("DROP TABLE [Day Schedule]");
-    EXPECT_THROW(WriteWeek(store.db(), g.roster, g.week, g.week.WeekStartJulian, 0), dao::DaoError);
+    store.prompt().AlwaysAnswer(Answer::Ok);
+    EXPECT_FALSE(Save());
+    EXPECT_EQ(store.prompt().Boxes().size(), 1U);
+    EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
+    EXPECT_TRUE(g.week.WeekChanged);
+    EXPECT_FALSE(store.gauge.visible);
 }
 
 TEST(LockedSave, tells_of_a_locked_page_wherever_it_meets_the_commit_of_another) {
