@@ -2,6 +2,7 @@
 
 #include "editor/lanes/DaytypeBox.h"
 #include "editor/week/WeekEdit.h"
+#include "platform/basic/Collation.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
@@ -19,9 +20,8 @@ bool IsBlank(const std::string& text) {
 
 /// Index of another entry with this symbol; 0 when there is none.
 int IndexOfSymbol(const Daytypes& daytypes, const std::string& symbol, int except) {
-    const std::string wanted = UpperCase(Trim(symbol));
     for (int i = 1; i <= daytypes.DayTypeCount; ++i)
-        if (i != except && UpperCase(daytypes.DayTypeSymbols[i]) == wanted) return i;
+        if (i != except && IsSameName(Trim(daytypes.DayTypeSymbols[i]), Trim(symbol))) return i;
     return 0;
 }
 

@@ -1,5 +1,6 @@
 #include "masterdata/Departments.h"
 
+#include "platform/basic/Collation.h"
 #include "platform/basic/Text.h"
 #include "platform/dao/DaoError.h"
 #include "shell/common/Conversions.h"
@@ -16,18 +17,15 @@
 namespace tvx {
 namespace {
 
-std::string Folded(const std::string& name) {
-    return UpperCase(Trim(name));
-}
-
 [[noreturn]] void FailGone() {
     throw dao::DaoError(dao::error::NoCurrentRecord, "No current record.");
 }
 
 /// The first department of a name; nullptr when there is none.
 const DepartmentRow* Named(const std::vector<DepartmentRow>& rows, const std::string& name) {
-    const auto found = std::find_if(
-        rows.begin(), rows.end(), [&](const DepartmentRow& row) { return Folded(row.name) == Folded(name); });
+    const auto found = std::find_if(rows.begin(), rows.end(), [&](const DepartmentRow& row) {
+        return IsSameName(Trim(row.name), Trim(name));
+    });
     return found == rows.end() ? nullptr : &*found;
 }
 

@@ -1,6 +1,7 @@
 #include "masterdata/StoredShifts.h"
 
 #include "masterdata/files/ShiftFile.h"
+#include "platform/basic/Collation.h"
 #include "platform/basic/Text.h"
 #include "platform/files/FileError.h"
 
@@ -11,9 +12,8 @@ namespace {
 
 /// Index of another shift with this name but for case; 0 when there is none.
 int IndexOfName(const Shifts& shifts, const std::string& name, int except) {
-    const std::string wanted = UpperCase(Trim(name));
     for (int i = 1; i <= shifts.ShiftCount; ++i)
-        if (i != except && UpperCase(shifts.ShiftNames[i]) == wanted) return i;
+        if (i != except && IsSameName(Trim(shifts.ShiftNames[i]), Trim(name))) return i;
     return 0;
 }
 

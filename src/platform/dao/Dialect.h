@@ -25,6 +25,8 @@ class Dialect {
     virtual std::string DeclaredType(const FieldDef& field) const = 0;
     /// Behind the type of a text that compares and sorts without case.
     virtual std::string WithoutCase() const = 0;
+    /// Behind a field by which rows are put in the order of names, CompareNames.
+    virtual std::string NameOrder() const = 0;
     /// Behind the name of a key that the engine counts.
     virtual std::string CountedKey() const = 0;
     /// Behind a table that is stored by its key.

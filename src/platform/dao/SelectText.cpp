@@ -4,7 +4,10 @@
 #include "platform/dao/DaoError.h"
 #include "platform/dao/FieldType.h"
 
+#include <algorithm>
 #include <cctype>
+#include <initializer_list>
+#include <span>
 
 namespace tvx::dao {
 namespace {
@@ -87,6 +90,27 @@ void Append(std::string& text, const Piece& piece) {
         text += piece.text;
 }
 
+bool IsOneOf(const Piece& piece, std::initializer_list<std::string_view> words) {
+    return std::any_of(words.begin(), words.end(), [&](std::string_view word) { return Is(piece, word); });
+}
+
+/// The words from ORDER BY on, each field in the order of names.
+void AppendOrder(std::string& text, std::span<const Piece> pieces) {
+    bool open = false; // behind a field whose order is not told yet
+    const auto close = [&] {
+        if (open) text += std::string(" ") + NameOrderWord;
+        open = false;
+    };
+    for (const Piece& piece : pieces) {
+        if (piece.text == ";") continue;
+        const bool ends = piece.text == "," || IsOneOf(piece, {"asc", "desc"});
+        if (ends) close();
+        Append(text, piece);
+        open = open || !(ends || IsOneOf(piece, {"order", "by"}));
+    }
+    close();
+}
+
 std::string WithoutBrackets(const std::string& name) {
     return name.front() == '[' ? name.substr(1, name.size() - 2) : name;
 }
@@ -114,6 +138,8 @@ std::string InDialect(const std::string& sql, const Dialect& dialect) {
             text += dialect.Name(WithoutBrackets(piece.text));
         else if (piece.text == "?")
             text += dialect.Mark(++marks);
+        else if (piece.word && piece.text == NameOrderWord)
+            text += dialect.NameOrder();
         else
             text += piece.word && piece.text == RowKeyWord ? dialect.RowKey() : piece.text;
     }
@@ -128,11 +154,10 @@ SelectText ParseSelect(const std::string& sql) {
     if (at + 1 >= pieces.size() || select.columns.empty())
         throw DaoError(error::SyntaxError, "Syntax error in query: " + sql);
     select.table = WithoutBrackets(pieces[at + 1].text);
-    for (at += 2; at < pieces.size(); ++at) {
-        if (pieces[at].text == ";") continue;
-        if (Is(pieces[at], "order")) select.ordered = true;
-        Append(select.rest, pieces[at]);
-    }
+    for (at += 2; at < pieces.size() && !Is(pieces[at], "order"); ++at)
+        if (pieces[at].text != ";") Append(select.rest, pieces[at]);
+    select.ordered = at < pieces.size();
+    AppendOrder(select.rest, std::span(pieces).subspan(at));
     return select;
 }
 

@@ -11,6 +11,10 @@ namespace tvx::dao {
 /// In the system's SQL: what tells the records of a table without a key apart.
 inline constexpr const char* RowKeyWord = "_rowid_";
 
+/// In the system's SQL: what stands behind a field that a select names behind ORDER BY. Its texts come in the
+/// order of names; of numbers it changes nothing.
+inline constexpr const char* NameOrderWord = "_names_";
+
 /// A field of a key as it stands in a text.
 std::string KeyName(const std::string& key);
 

@@ -12,6 +12,7 @@ class Words final : public Dialect {
     std::string RowKey() const override { return "_rowid_"; }
     std::string DeclaredType(const FieldDef& field) const override;
     std::string WithoutCase() const override { return " COLLATE NOCASE"; }
+    std::string NameOrder() const override { return std::string("COLLATE ") + NameCollation; }
     std::string CountedKey() const override { return " PRIMARY KEY AUTOINCREMENT"; }
     std::string StoredByKey() const override { return " WITHOUT ROWID"; }
 };

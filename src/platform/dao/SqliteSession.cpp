@@ -1,5 +1,6 @@
 #include "platform/dao/SqliteSession.h"
 
+#include "platform/basic/Collation.h"
 #include "platform/dao/DaoError.h"
 #include "platform/dao/SqliteFiles.h"
 #include "platform/dao/SqliteStatement.h"
@@ -70,6 +71,13 @@ std::string KeyNameIn(const std::string& createText) {
     return createText.substr(open + 1, key - open - 1);
 }
 
+int CompareNamesOf(void*, int lengthA, const void* a, int lengthB, const void* b) {
+    const auto text = [](const void* bytes, int length) {
+        return std::string_view(static_cast<const char*>(bytes), static_cast<std::size_t>(length));
+    };
+    return CompareNames(text(a, lengthA), text(b, lengthB));
+}
+
 class SqliteSession final : public Session {
   public:
     SqliteSession(const fs::path& path, const EngineOptions& options);
@@ -134,6 +142,7 @@ void SqliteSession::SetUp(const EngineOptions& options) {
     Run("PRAGMA trusted_schema = OFF");
     Run("PRAGMA journal_mode = DELETE");
     Run("PRAGMA synchronous = EXTRA");
+    sqlite3_create_collation(handle_.get(), NameCollation, SQLITE_UTF8, nullptr, CompareNamesOf);
     if (options.reverseUnorderedSelects) Run("PRAGMA reverse_unordered_selects = ON");
     Run("SELECT count(*) FROM sqlite_schema"); // a file of another make, or a cut-off one, shows here
 }

@@ -14,6 +14,9 @@ namespace tvx::dao {
 std::unique_ptr<Session> OpenSqliteSession(const std::filesystem::path& path, const EngineOptions& options,
                                            FileMode mode);
 
+/// What a connection calls the order of names. The file itself does not know it.
+inline constexpr const char* NameCollation = "Names";
+
 /// How SQLite writes names, marks and declarations.
 const Dialect& SqliteDialect();
 

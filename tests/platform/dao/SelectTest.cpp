@@ -28,6 +28,14 @@ TEST_F(SelectTest, orders_without_case_Null_first_and_ties_by_key) {
     EXPECT_EQ(Numbers(""), "1 2 3 4 5 ") << "by key where nothing is said";
 }
 
+TEST_F(SelectTest, orders_letters_beyond_A_to_Z_where_readers_look_for_them) {
+    AddTown("Zwickau");             // 6
+    AddTown("Ärmelhausen");         // 7
+    AddTown("ÜBERLINGEN");          // 8
+    AddTown("A\xCC\x88rmelhausen"); // 9, the same name in other bytes
+    EXPECT_EQ(Numbers("ORDER BY [Town name]"), "5 4 7 9 2 8 1 3 6 ");
+}
+
 TEST_F(SelectTest, takes_values_for_its_marks_in_order) {
     const std::string byName = "SELECT [Town number], [Town name] FROM [Town list] WHERE [Town name] = ? AND"
                                " [Town number] > ? ORDER BY [Town name]";

@@ -26,7 +26,8 @@ TEST(ParseSelect, takes_a_select_apart) {
                                           "Worker = 7 and [Day] between 1  And 5 ORDER BY [Day] ASC;");
     EXPECT_EQ(select.columns, "[Day],[Off]");
     EXPECT_EQ(select.table, "Shift list");
-    EXPECT_EQ(select.rest, "WHERE [Off] = -1 and Worker = 7 and [Day] between 1 And 5 ORDER BY [Day] ASC");
+    EXPECT_EQ(select.rest,
+              "WHERE [Off] = -1 and Worker = 7 and [Day] between 1 And 5 ORDER BY [Day] _names_ ASC");
     EXPECT_TRUE(select.ordered);
 }
 
@@ -68,11 +69,18 @@ TEST(ParseSelect, refuses_what_it_does_not_understand) {
 
 TEST(Runnable, reads_the_keys_first_and_breaks_ties_by_them) {
     EXPECT_EQ(ParseSelect("SELECT * FROM t ORDER BY a DESC;").Runnable({"Day", "Worker"}),
-              "SELECT [Day], [Worker], * FROM [t] ORDER BY a DESC, [Day], [Worker]");
+              "SELECT [Day], [Worker], * FROM [t] ORDER BY a _names_ DESC, [Day], [Worker]");
     EXPECT_EQ(ParseSelect("SELECT a FROM t WHERE b = 1").Runnable({"Day", "Worker"}),
               "SELECT [Day], [Worker], a FROM [t] WHERE b = 1 ORDER BY [Day], [Worker]");
     EXPECT_EQ(ParseSelect("SELECT a FROM t").Runnable({"_rowid_"}),
               "SELECT _rowid_, a FROM [t]  ORDER BY _rowid_");
+}
+
+TEST(ParseSelect, puts_every_field_of_an_order_into_the_order_of_names) {
+    EXPECT_EQ(ParseSelect("SELECT * FROM t ORDER BY a").rest, "ORDER BY a _names_");
+    EXPECT_EQ(ParseSelect("SELECT * FROM t ORDER BY [a b], 2 desc, c ASC;").rest,
+              "ORDER BY [a b] _names_, 2 _names_ desc, c _names_ ASC");
+    EXPECT_EQ(ParseSelect("SELECT * FROM t WHERE [by] = 'asc'").rest, "WHERE [by] = 'asc'");
 }
 
 TEST(ParseSelect, refuses_or_reads_any_bytes) {

@@ -23,6 +23,7 @@ class ServerWords final : public Dialect {
         return field.type == FieldType::Text ? "VARCHAR(" + std::to_string(field.width) + ")" : "BIGINT";
     }
     std::string WithoutCase() const override { return " COLLATE \"any_case\""; }
+    std::string NameOrder() const override { return "COLLATE \"und-x-icu\""; }
     std::string CountedKey() const override { return " PRIMARY KEY GENERATED ALWAYS AS IDENTITY"; }
     std::string StoredByKey() const override { return ""; }
 };
@@ -31,6 +32,8 @@ TEST(InDialect, writes_names_and_marks_as_the_engine_wants_them) {
     EXPECT_EQ(InDialect("SELECT [Day], x FROM [Shift list] WHERE [Day] >= ? AND [Label] = '[?]' OR x = ?",
                         ServerWords()),
               "SELECT \"Day\", x FROM \"Shift list\" WHERE \"Day\" >= $1 AND \"Label\" = '[?]' OR x = $2");
+    EXPECT_EQ(InDialect("ORDER BY [Day] _names_ DESC", ServerWords()),
+              "ORDER BY \"Day\" COLLATE \"und-x-icu\" DESC");
     EXPECT_EQ(InDialect("SELECT _rowid_ FROM [Log]", ServerWords()), "SELECT ctid FROM \"Log\"");
 }
 
