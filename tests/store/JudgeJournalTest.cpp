@@ -171,13 +171,18 @@ class JudgeJournalTest : public testing::Test {
             if (Crash(call)) return;
         FAIL() << "no power cut left a live journal";
     }
+    /// Where in its calls a save is killed is chance, and so is how often a live journal is left: when that
+    /// was too seldom to tell anything, the kills go on.
+    static bool GoesOn(int round, int live) {
+        return round < Rounds() || (live < Rounds() / 15 && round < 20 * Rounds());
+    }
     Rows NamesInStarted() { return test::NamesIn(started); }
 };
 
 TEST_F(JudgeJournalTest, plays_its_own_back_without_a_word_and_no_row_is_lost) {
     SCOPED_TRACE(random.Trace());
     int live = 0, old = 0;
-    for (int round = 0; round < Rounds(); ++round) {
+    for (int round = 0; GoesOn(round, live); ++round) {
         live += Crash(static_cast<int>(random.Whole(1, CallsOfASave))) ? 1 : 0;
         CopyPair(crashed, started);
         {
@@ -194,7 +199,7 @@ TEST_F(JudgeJournalTest, plays_its_own_back_without_a_word_and_no_row_is_lost) {
     }
     std::cout << Rounds() << " kills in saves, " << live << " with a live journal: 0 boxes, 0 rows lost, "
               << old << " times the week before\n";
-    EXPECT_GT(live, Rounds() / 15);
+    EXPECT_GE(live, Rounds() / 15);
 }
 
 TEST_F(JudgeJournalTest, leaves_that_of_a_running_save_alone) {
@@ -226,7 +231,7 @@ TEST_F(JudgeJournalTest, leaves_that_of_a_running_save_alone) {
 TEST_F(JudgeJournalTest, never_plays_that_of_another_day_into_a_copy_put_over_the_file) {
     SCOPED_TRACE(random.Trace());
     int live = 0, told = 0;
-    for (int round = 0; round < Rounds(); ++round) {
+    for (int round = 0; GoesOn(round, live); ++round) {
         const bool foreign = Crash(static_cast<int>(random.Whole(1, CallsOfASave)));
         live += foreign ? 1 : 0;
         CopyPair(crashed, started);
@@ -245,7 +250,7 @@ TEST_F(JudgeJournalTest, never_plays_that_of_another_day_into_a_copy_put_over_th
     }
     std::cout << Rounds() << " copies put over the file, " << live << " beside a live journal: " << told
               << " told, every row the copy's\n";
-    EXPECT_GT(live, Rounds() / 15);
+    EXPECT_GE(live, Rounds() / 15);
 }
 
 TEST_F(JudgeJournalTest, keeps_a_foreign_one_and_the_file_as_they_were_found_and_names_both) {
