@@ -91,6 +91,18 @@ TEST_F(HeadcountTest, shows_the_headcount_under_the_hours_when_it_is_asked_for) 
     EXPECT_EQ(drawing.texts[10].text, ".50");
 }
 
+TEST_F(HeadcountTest, writes_every_second_or_third_hour_where_hours_are_narrow) {
+    g.grid.HeadcountShown = true;
+    const auto between = [&](Twips width) {
+        Show(width);
+        return (drawing.texts[1].x - drawing.texts[0].x) / (4 * Width);
+    };
+    EXPECT_EQ(between(4 * Width - 60), 1);
+    EXPECT_EQ(between(4 * Width - 59), 2);
+    EXPECT_EQ(between(8 * Width - 60), 2);
+    EXPECT_EQ(between(8 * Width - 59), 3);
+}
+
 TEST_F(HeadcountTest, leaves_a_headcount_away_that_would_stand_out_at_the_right) {
     g.grid.HeadcountShown = true;
     const auto shown = [&](Twips width) {
