@@ -137,6 +137,7 @@ class ScriptedGauge : public Gauge {
     std::vector<int> floods;
     bool visible = false;
     bool wasVisible = false;
+    void Ended(bool) override {}
     void Show(bool show) override {
         visible = show;
         wasVisible = wasVisible || show;

@@ -142,6 +142,7 @@ bool SaveWeek(GlobalState& g, Ports& ports, Gauge& gauge, const SettleGesture& s
     ports.prompt.DoEvents();
     settle(); // events may have taken hold of a bar
     const bool saved = TryToWrite(g, ports.prompt, week, firstSerial);
+    gauge.Ended(saved);
     if (saved) {
         // Before the flood lets events run: what is edited meanwhile is a change again.
         if (&week == &g.week && firstSerial == week.WeekStartJulian) WeekEdit(g).Saved();

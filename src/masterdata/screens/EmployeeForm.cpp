@@ -92,6 +92,7 @@ bool EmployeeForm::Save() {
     if (grid_.Settle()) Picture1->update();
     const SaveResult result = SaveEmployeeRecord(g_.store, g_.department, ports_, Record());
     if (result == SaveResult::Incomplete) FocusBox(box_of::LastName);
+    saveNote_->Tell(result == SaveResult::Saved, ports_.clock.SecondOfDay());
     if (result != SaveResult::Saved) return false;
     // Before the flood lets events run: what is typed meanwhile is a change again.
     WeekChanged = false;
@@ -182,7 +183,9 @@ void EmployeeForm::keyPressEvent(QKeyEvent* event) {
 }
 
 void EmployeeForm::Changed() {
-    if (!loading_) WeekChanged = true;
+    if (loading_) return;
+    WeekChanged = true;
+    saveNote_->Edited();
 }
 
 // ---- boxes ----

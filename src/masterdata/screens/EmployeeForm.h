@@ -3,6 +3,7 @@
 
 #include "desktop/DateBox.h"
 #include "desktop/Form.h"
+#include "desktop/SaveNote.h"
 #include "masterdata/AvailabilityGrid.h"
 #include "masterdata/EmployeeRecord.h"
 #include "masterdata/EmployeeRequest.h"
@@ -98,6 +99,7 @@ class EmployeeForm : public Form {
     Twips markerX_ = -1;
     bool loading_ = false; // the program itself fills the boxes
     std::unique_ptr<Gauge> gauge_;
+    SaveNote* saveNote_ = nullptr;
 
     ControlArray<TextBox> Text2;         // [1..16]
     ControlArray<DateBox> dates;         // those of Text2 that hold a date: 10 and 11

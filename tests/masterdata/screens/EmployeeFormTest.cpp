@@ -563,6 +563,22 @@ TEST_F(EmployeeFormTest, an_empty_email_is_stored_as_a_blank) {
     EXPECT_EQ(Stored(1, "Email"), " ");
 }
 
+TEST_F(EmployeeFormTest, a_quiet_line_tells_how_the_last_save_ended) {
+    Add();
+    store.script.clock.Set(Today, 19, 22);
+    EXPECT_EQ(TextOf("SaveNote"), "");
+    store.prompt().WillAnswer(Answer::Ok); // the last name is missing
+    test::Click(*form, "Command3D1");
+    EXPECT_EQ(TextOf("SaveNote"), "Not saved");
+    Enter(1, "Dunn");
+    EXPECT_EQ(TextOf("SaveNote"), "");
+    test::Click(*form, "Command3D1");
+    EXPECT_EQ(TextOf("SaveNote"), "Saved 19:22");
+    Enter(1, "Evans");
+    EXPECT_EQ(TextOf("SaveNote"), "Saved 19:22");
+    EXPECT_EQ(LastNames().size(), 4U);
+}
+
 TEST_F(EmployeeFormTest, the_panel_floods_while_a_save_is_shown) {
     Change(1);
     Enter(2, "Ann");
