@@ -32,6 +32,7 @@ Form::Form(Ports& ports, const char* designerName, Form* owner)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
     column->addWidget(face_, 1);
+    connect(this, &QWidget::windowTitleChanged, face_, &QWidget::setAccessibleName);
 }
 
 Form::~Form() {
@@ -131,6 +132,7 @@ void Form::OnCommand(QAbstractButton& button, Role role, std::function<void()> a
     });
     if (role == Role::Default) SetDefaultButton(button);
     if (role == Role::Cancel) SetCancelButton(button);
+    if (role == Role::Help) SetHelpButton(button);
 }
 
 void Form::FixSize(Twips width, Twips height) {
@@ -240,14 +242,37 @@ QAbstractButton* Form::ButtonOfEnter() const {
     return focused != nullptr ? focused : defaultButton_;
 }
 
+QAbstractButton* Form::ButtonOfKey(int key) const {
+    switch (key) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        return ButtonOfEnter();
+    case Qt::Key_Escape:
+        return cancelButton_;
+    case Qt::Key_F1:
+        return helpButton_;
+    default:
+        return nullptr;
+    }
+}
+
+/// Opens the first menu that can be opened; the arrows lead to the others. False when there is none.
+bool Form::OpenMenus() {
+    if (menus_ == nullptr) return false;
+    const QList<QAction*> entries = menus_->actions();
+    const auto first = std::find_if(entries.begin(), entries.end(), [](const QAction* entry) {
+        return entry->isEnabled() && entry->isVisible() && entry->menu() != nullptr;
+    });
+    if (first == entries.end()) return false;
+    menus_->setActiveAction(*first);
+    return true;
+}
+
 void Form::keyPressEvent(QKeyEvent* event) {
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    QAbstractButton* button = enter                            ? ButtonOfEnter()
-                              : event->key() == Qt::Key_Escape ? cancelButton_
-                                                               : nullptr;
+    QAbstractButton* button = ButtonOfKey(event->key());
     if (button != nullptr && button->isEnabled() && button->isVisible())
         button->click();
-    else
+    else if (event->key() != Qt::Key_F10 || !OpenMenus())
         QWidget::keyPressEvent(event);
 }
 

@@ -92,6 +92,7 @@ class Form : public QWidget {
         Default, // the same, and Enter presses it
         Cancel,  // acts whatever the boxes hold; Escape presses it
         Aside,   // acts whatever the boxes hold
+        Help,    // the same, and F1 presses it
     };
     struct ButtonCommand {
         const char* name;
@@ -163,6 +164,8 @@ class Form : public QWidget {
     /// button in focus takes Enter.
     void SetDefaultButton(QAbstractButton& button) { defaultButton_ = &button; }
     void SetCancelButton(QAbstractButton& button) { cancelButton_ = &button; }
+    /// The button that F1 presses.
+    void SetHelpButton(QAbstractButton& button) { helpButton_ = &button; }
 
     /// Gives a control, and what stands on it, a line that tells what it is for.
     void SetHint(QWidget& control, const std::string& hint);
@@ -203,6 +206,8 @@ class Form : public QWidget {
     void SettleLeft();
     bool IsButtonDown() const;
     QAbstractButton* ButtonOfEnter() const;
+    QAbstractButton* ButtonOfKey(int key) const;
+    bool OpenMenus();
     std::string HintOf(const QObject* control) const;
 
     Form* owner_;
@@ -211,6 +216,7 @@ class Form : public QWidget {
     QEventLoop* modalLoop_ = nullptr;
     QAbstractButton* defaultButton_ = nullptr;
     QAbstractButton* cancelButton_ = nullptr;
+    QAbstractButton* helpButton_ = nullptr;
     std::map<const QObject*, std::string> hints_;
     QMetaObject::Connection focusMoves_;
     QPointer<TextBox> left_; // with a text that cannot stand, which nobody has been told yet

@@ -18,6 +18,12 @@ void LabelButton::SetColours(Colour text, Colour back) {
     update();
 }
 
+void LabelButton::SetChosenColours(Colour text, Colour back) {
+    chosenText_ = text;
+    chosenBack_ = back;
+    update();
+}
+
 QSize LabelButton::sizeHint() const {
     return {fontMetrics().horizontalAdvance(text()) + 16 + (icon().isNull() ? 0 : iconSize().width() + 4),
             fontMetrics().height() + 6};
@@ -26,13 +32,13 @@ QSize LabelButton::sizeHint() const {
 void LabelButton::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const bool chosen = isCheckable() && isChecked();
-    QColor back = ToColor(chosen ? QBColor(9) : back_);
+    QColor back = ToColor(chosen ? chosenBack_ : back_);
     if (underMouse() && isEnabled() && !chosen) back = back.darker(106);
     if (isDown()) back = back.darker(115);
     painter.fillRect(rect(), back);
     painter.setPen(ToColor(Silver).darker(110));
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
-    QColor text = ToColor(chosen ? QBColor(15) : text_);
+    QColor text = ToColor(chosen ? chosenText_ : text_);
     if (!isEnabled()) text = palette().color(QPalette::Disabled, QPalette::ButtonText);
     painter.setPen(text);
     const int flags = Qt::AlignCenter | Qt::TextShowMnemonic;

@@ -7,12 +7,13 @@
 
 namespace tvx::qt {
 
-/// A flat button that looks like a label: chosen ones are white on blue.
+/// A flat button that looks like a label: chosen ones are white on blue, or as SetChosenColours says.
 class LabelButton : public QPushButton {
     Q_OBJECT
   public:
     explicit LabelButton(QWidget* parent = nullptr);
     void SetColours(Colour text, Colour back);
+    void SetChosenColours(Colour text, Colour back);
     QSize sizeHint() const override;
 
   protected:
@@ -23,6 +24,8 @@ class LabelButton : public QPushButton {
   private:
     Colour text_ = QBColor(0);
     Colour back_ = LightBlue;
+    Colour chosenText_ = QBColor(15);
+    Colour chosenBack_ = QBColor(9);
 };
 
 } // namespace tvx::qt

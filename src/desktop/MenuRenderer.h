@@ -37,7 +37,7 @@ class MenuRenderer {
             action.setText(ToQString(entry.caption));
             action.setVisible(entry.visible);
             action.setEnabled(entry.enabled);
-            action.setCheckable(entry.checked);
+            action.setCheckable(entry.toggles);
             action.setChecked(entry.checked);
         }
     }
@@ -73,6 +73,7 @@ class MenuRenderer {
             action = holder.addSeparator();
         } else {
             action = holder.addAction(QString());
+            action->setShortcut(QKeySequence(ToQString(entry.keys)));
             QObject::connect(action, &QAction::triggered, action,
                              [this, name = entry.name] { chosen_(name); });
         }

@@ -20,6 +20,9 @@ class SampleForm : public Form {
         option = &Add<QRadioButton>("Option1", "An option", frame);
         ok = &Add<QPushButton>("Ok", "OK");
         cancel = &Add<QPushButton>("Cancel", "Cancel");
+        help = &Add<QPushButton>("Help", "Help");
+        SetHelpButton(*help);
+        On(*help, &QPushButton::clicked, [this] { pressed += "help "; });
         SetDefaultButton(*ok);
         SetCancelButton(*cancel);
         SetHint(*frame, "about the frame");
@@ -35,6 +38,7 @@ class SampleForm : public Form {
     }
     void CameBack() override { ++returns; }
     using Form::Guarded;
+    using Form::Menus;
 
     std::function<void()> load;
     bool opens = true;
@@ -45,6 +49,7 @@ class SampleForm : public Form {
     QRadioButton* option = nullptr;
     QPushButton* ok = nullptr;
     QPushButton* cancel = nullptr;
+    QPushButton* help = nullptr;
     std::string pressed;
     std::string hint = "none yet";
 };
@@ -66,6 +71,27 @@ TEST_F(FormTest, presses_the_default_button_on_enter_and_the_cancel_button_on_es
     test::Press(form, Qt::Key_Enter);
     test::Press(form, Qt::Key_Escape);
     EXPECT_EQ(form.pressed, "ok ok cancel ");
+}
+
+TEST_F(FormTest, helps_on_f1) {
+    form.box->setFocus();
+    test::Press(form, Qt::Key_F1);
+    EXPECT_EQ(form.pressed, "help ");
+}
+
+TEST_F(FormTest, opens_the_first_menu_that_can_be_opened_on_f10) {
+    test::Press(form, Qt::Key_F10); // there is none yet
+    form.Menus().addMenu("Closed")->setEnabled(false);
+    QMenu* open = form.Menus().addMenu("Open");
+    open->addAction("An entry");
+    form.Menus().addAction("No menu");
+    form.Menus().show();
+    QApplication::processEvents();
+    form.box->setFocus();
+    test::Press(form, Qt::Key_F10);
+    EXPECT_EQ(form.Menus().activeAction(), open->menuAction());
+    EXPECT_TRUE(open->isVisible());
+    open->close();
 }
 
 TEST_F(FormTest, presses_the_button_in_focus_on_enter) {

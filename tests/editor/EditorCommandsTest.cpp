@@ -1,5 +1,6 @@
 #include "editor/EditorCommands.h"
 
+#include "support/Mnemonics.h"
 #include "support/Quarters.h"
 #include "support/WeekWriter.h"
 
@@ -50,6 +51,34 @@ TEST_F(EditorCommandsTest, carry_the_words_of_the_department) {
     EXPECT_EQ(Entry("OneEmpl").caption, "One Nurse");
     EXPECT_EQ(Entry("One").caption, "Selected Nurses seven day schedule");
     EXPECT_EQ(Entry("SaveIt").caption, "&Save current week");
+}
+
+TEST_F(EditorCommandsTest, take_words_of_the_department_as_they_stand) {
+    g.department.EmployeeNameSingle = "R&D man";
+    g.department.EmployeeNamePlural = "R&D men";
+    EXPECT_EQ(Entry("OneEmpl").caption, "One R&&D man");
+    EXPECT_EQ(Entry("One").caption, "Selected R&&D men seven day schedule");
+}
+
+TEST_F(EditorCommandsTest, have_letters_of_their_own_but_for_the_captions_that_are_fixed) {
+    EXPECT_EQ(test::SharedMnemonics(Commands().Entries("MenuBar")),
+              (Texts{"C: &Copy, &Close", "C: &Clear current week, &Close"}));
+    g.shifts.ShiftCount = 2;
+    g.shifts.ShiftNames[1] = "Bread & butter";
+    g.shifts.ShiftNames[2] = "Breakfast & bar";
+    EXPECT_EQ(test::SharedMnemonics(Commands().Entries("Popup")), Texts{});
+}
+
+TEST_F(EditorCommandsTest, can_be_worked_by_keys_and_say_whether_they_are_on) {
+    EXPECT_EQ(Entry("SaveIt").keys, "Ctrl+S");
+    EXPECT_EQ(Entry("TimeHelp").keys, "F1");
+    for (const char* toggle : {"LetSeeAvailability", "LetSeeHeadcount", "Label18", "Label25"}) {
+        EXPECT_TRUE(Entry(toggle).toggles) << toggle;
+        EXPECT_FALSE(Entry(toggle).checked) << toggle;
+    }
+    g.grid.AvailabilityShown = true;
+    EXPECT_TRUE(Entry("LetSeeAvailability").checked);
+    EXPECT_FALSE(Entry("SaveIt").toggles);
 }
 
 TEST_F(EditorCommandsTest, name_the_days_to_copy_and_leave_out_the_day_shown) {

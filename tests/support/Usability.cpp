@@ -1,6 +1,7 @@
 #include "support/Usability.h"
 
 #include "desktop/Controls.h"
+#include "desktop/Parts.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -109,6 +110,18 @@ std::string Nameless(QWidget& form) {
         if (control->focusPolicy() != Qt::NoFocus && !IsPartOfAnother(*control) && !HasOwnName(*control))
             wrong += std::string(control->metaObject()->className()) + " " + NameOf(*control) + "\n";
     return wrong;
+}
+
+std::string NamelessHolders(QWidget& form) {
+    std::string nameless;
+    for (QWidget* holder : Visible<QWidget>(form)) {
+        const bool ground = holder->metaObject() == &QWidget::staticMetaObject ||
+                            holder->inherits("QAbstractScrollArea") || qobject_cast<qt::Group*>(holder);
+        const bool holds = !holder->findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly).isEmpty();
+        if (holder != &form && ground && holds && SpokenName(*holder).empty())
+            nameless += holder->metaObject()->className() + (" " + NameOf(*holder)) + "\n";
+    }
+    return nameless;
 }
 
 std::string CutTexts(QWidget& form) {

@@ -22,6 +22,9 @@ std::string Nameless(QWidget& form);
 /// Visible labels, buttons and titles whose text does not fit, one line each.
 std::string CutTexts(QWidget& form);
 
+/// What holds other controls and has no name for assistive tools, nor a title, one line each.
+std::string NamelessHolders(QWidget& form);
+
 /// What assistive tools call a control.
 std::string SpokenName(QWidget& control);
 

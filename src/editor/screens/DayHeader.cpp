@@ -1,5 +1,6 @@
 #include "editor/screens/DayHeader.h"
 
+#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -31,6 +32,7 @@ DayHeaderBar::DayHeaderBar(QWidget* parent) : QWidget(parent) {
     small.setPointSizeF(8.25);
     setFont(small);
     setAttribute(Qt::WA_OpaquePaintEvent);
+    setFocusPolicy(Qt::TabFocus); // a click leaves the focus in the row that is being edited
     for (int d = 1; d <= 7; ++d) {
         auto* icon = new Label(this);
         icon->setObjectName(QStringLiteral("imMemo(%1)").arg(d));
@@ -54,7 +56,48 @@ void DayHeaderBar::PlaceMemos() {
     }
 }
 
+int DayHeaderBar::Selected() const {
+    for (int d = 1; d <= 7; ++d)
+        if (columns_[d].selected) return d;
+    return 0;
+}
+
+void DayHeaderBar::Choose(int day) {
+    if (day >= 1 && day <= 7 && day != Selected() && onDay) onDay(day);
+}
+
+Parted::Part DayHeaderBar::PartAt(int index) const {
+    const HeaderColumn& column = columns_[index + 1];
+    return {column.weekday + " " + column.date, Column(index + 1), column.selected};
+}
+
+/// Assistive tools follow the tab that is chosen.
+void DayHeaderBar::TellSelection() {
+    for (const auto type : {QAccessible::Selection, QAccessible::Focus}) {
+        if (type == QAccessible::Focus && !hasFocus()) continue;
+        QAccessibleEvent event(this, type);
+        event.setChild(Selected() - 1);
+        QAccessible::updateAccessibility(&event);
+    }
+}
+
+void DayHeaderBar::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Left:
+        return Choose(Selected() - 1);
+    case Qt::Key_Right:
+        return Choose(Selected() + 1);
+    case Qt::Key_Home:
+        return Choose(1);
+    case Qt::Key_End:
+        return Choose(7);
+    default:
+        QWidget::keyPressEvent(event);
+    }
+}
+
 void DayHeaderBar::Show(const std::array<HeaderColumn, 8>& columns) {
+    const int before = Selected();
     columns_ = columns;
     for (int d = 1; d <= 7; ++d) {
         imMemo[d].setPixmap(MemoIcon(columns_[d].memo, devicePixelRatioF()));
@@ -65,6 +108,7 @@ void DayHeaderBar::Show(const std::array<HeaderColumn, 8>& columns) {
             setAccessibleDescription(ToQString(columns_[d].weekday + " " + columns_[d].date));
     }
     update();
+    if (Selected() != before) TellSelection();
 }
 
 void DayHeaderBar::HideMemos() {
@@ -78,8 +122,7 @@ void DayHeaderBar::resizeEvent(QResizeEvent*) {
 void DayHeaderBar::mousePressEvent(QMouseEvent* event) {
     if (event->button() != Qt::LeftButton) return;
     for (int d = 1; d <= 7; ++d)
-        if (Column(d).contains(event->position().toPoint()) && !columns_[d].selected && onDay)
-            return onDay(d);
+        if (Column(d).contains(event->position().toPoint())) return Choose(d);
 }
 
 /// "20-Nov-26   week 47", with the shorter "(47)" where the column is narrow.
@@ -109,6 +152,9 @@ void DayHeaderBar::PaintColumn(QPainter& painter, int day) const {
     painter.setFont(font());
     painter.drawText(QRect(text.left(), top + line, text.width(), line), Qt::AlignCenter,
                      DateAndWeek(column, text.width()));
+    if (!column.selected || !hasFocus()) return;
+    painter.setPen(QPen(Qt::white, 1, Qt::DotLine));
+    painter.drawRect(box.adjusted(2, 2, -3, -3));
 }
 
 void DayHeaderBar::paintEvent(QPaintEvent*) {

@@ -5,6 +5,7 @@
 #include "editor/screens/MainEditorForm.h"
 
 #include <QHBoxLayout>
+#include <QShortcut>
 
 #include <algorithm>
 #include <array>
@@ -52,9 +53,9 @@ struct LeftColumns {
     Twips valueWidth = 0;
     Twips boxLeft = 0;
 
-    explicit LeftColumns(const Grid& grid) : boxLeft(grid.GridLeft - BoxWidth) {
+    LeftColumns(const Grid& grid, Twips headWidth) : boxLeft(grid.GridLeft - BoxWidth) {
         const ValueRoom room = RoomForValue(grid.ShowOption);
-        valueWidth = std::max(room.least, grid.GridLeft * room.percent / 100);
+        valueWidth = std::max({room.least, headWidth, grid.GridLeft * room.percent / 100});
         valueLeft = boxLeft - valueWidth - 30;
     }
     Twips NameWidth() const { return valueLeft - nameLeft - 30; }
@@ -88,6 +89,11 @@ void MainEditorForm::AddTool(const char* name, Twips left, Twips width) {
     tool.setText(ToQString(command.caption));
     tool.setToolTip(ToQString(command.hint));
     Place(tool, left, ToolTop, width, StripHeight - 2 * ToolTop);
+    if (command.checked) {
+        tool.setCheckable(true);
+        tool.SetColours(QBColor(0), QBColor(15));
+        tool.SetChosenColours(QBColor(0), QBColor(14));
+    }
     On(tool, &QPushButton::clicked, [=, this] { Choose(name); });
     tools_[name] = &tool;
 }
@@ -98,9 +104,13 @@ void MainEditorForm::BuildToolStrip(QWidget& strip) {
     AddTool("Label7(1)", 940, 860);
     AddTool("Label7(2)", 1820, 740);
     AddTool("Label8", 2580, 800);
+    saveNote_ = &Add<SaveNote>("SaveNote", "", &strip);
     auto& panel = Add<FloodPanel>("Gauge", "Saving", &strip);
-    Place(panel, GaugeLeft, ToolTop, GaugeWidth, StripHeight - 2 * ToolTop);
-    gauge_ = std::make_unique<FloodGauge>(panel);
+    for (QWidget* inOnePlace : std::initializer_list<QWidget*>{saveNote_, &panel})
+        Place(*inOnePlace, GaugeLeft, ToolTop, GaugeWidth, StripHeight - 2 * ToolTop);
+    saveNote_->SetAlignment(Qt::AlignCenter);
+    gauge_ = std::make_unique<FloodGauge>(
+        panel, [this](bool saved) { saveNote_->Tell(saved, ports_.clock.SecondOfDay()); });
     AddTool("Label12", TotalsLeft, 840);
     AddTool("Label16", 5480, 780);
     AddTool("Label17", 6280, 1080);
@@ -187,7 +197,7 @@ void MainEditorForm::BuildRows(QWidget& sheet) {
 }
 
 void MainEditorForm::PlaceColumns() {
-    const LeftColumns columns(g_.grid);
+    const LeftColumns columns(g_.grid, ToTwips(valueHead_->sizeHint().width() + 2));
     const Twips half = columns.valueWidth / 2;
     Place(*listHead_, columns.nameLeft, GridTop - 285, columns.NameWidth(), 270);
     Place(*valueHead_, columns.valueLeft, GridTop - 285, columns.valueWidth, 270);
@@ -235,14 +245,17 @@ void MainEditorForm::BuildSidePanel(QWidget& panel) {
 void MainEditorForm::BuildOptions(QWidget& panel) {
     const auto& options = ShowOptions();
     const Twips width = (g_.screen.ScreenWidth - 120) / 12;
+    auto& group = Add<Group>("Options", "What the column of values shows", &panel);
+    Place(group, 60, 60, 12 * width, 300);
     for (int option = 1; option <= 12; ++option) {
-        LabelButton& button = Add(Label4, "Label4", option, options[option].tooltip, &panel);
+        LabelButton& button = Add(Label4, "Label4", option, options[option].tooltip, &group);
         button.setText(QLatin1String(options[option].caption));
         button.setToolTip(QLatin1String(options[option].tooltip));
         button.setFont(RowFont(button));
         button.setCheckable(true);
+        button.setAutoExclusive(true);
         button.setEnabled(CanShow(g_.roster, g_.rights, option));
-        Place(button, 60 + (option - 1) * width, 60, width - 30, 300);
+        Place(button, (option - 1) * width, 0, width - 30, 300);
         On(button, &QPushButton::clicked, [=, this] { ChooseOption(option); });
     }
 }
@@ -290,6 +303,12 @@ void MainEditorForm::ConnectScrollBars() {
        [this] { VScroll1->setValue(VScroll1->value() == 0 ? VScroll1->maximum() : 0); });
     On(*Label21, &QPushButton::clicked, [this] { HScroll1->setValue(HScroll1->minimum()); });
     On(*Label22, &QPushButton::clicked, [this] { HScroll1->setValue(HScroll1->maximum()); });
+    const auto key = [this](const char* keys, int days) {
+        On(*new QShortcut(QKeySequence(QLatin1String(keys)), this), &QShortcut::activated,
+           [=, this] { StepDay(days); });
+    };
+    key("Ctrl+PgUp", -1);
+    key("Ctrl+PgDown", 1);
     On(*HScroll1, &QScrollBar::valueChanged, [this](int value) { ScrollDay(value); });
     On(*VScroll1, &QScrollBar::valueChanged, [this](int value) { ScrollRows(value); });
 }

@@ -50,10 +50,10 @@ void MainEditorForm::BuildFace() {
     auto* column = new QVBoxLayout(&Face());
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    strip_ = new QWidget(&Face());
-    auto* header = new QWidget(&Face());
-    sheet_ = new QWidget(&Face());
-    auto* panel = new QWidget(&Face());
+    strip_ = &Add<Group>("Strip", "Tools");
+    QWidget* header = &Add<Group>("Header", "Week");
+    sheet_ = &Add<Group>("Sheet", "Schedule of the day");
+    QWidget* panel = &Add<Group>("Panel", "Values and totals");
     BuildToolStrip(*strip_);
     BuildHeader(*header);
     BuildSheet(*sheet_);
@@ -122,6 +122,12 @@ void MainEditorForm::GoToWeek(int direction) {
 
 void MainEditorForm::LeaveEditor() {
     if (MayLeave()) Unload();
+}
+
+/// The day before or behind, within the week.
+void MainEditorForm::StepDay(int days) {
+    const int day = g_.cursor.CurrentDay + days;
+    if (day >= 1 && day <= 7) SelectDay(day);
 }
 
 void MainEditorForm::SelectDay(int day) {
@@ -268,6 +274,7 @@ void MainEditorForm::Follow(const WeekChange& change) {
             ShowRow(row);
             Picture1->UpdateRow(row);
         }
+    if (!change.employees.empty() || change.figures) saveNote_->Edited();
     if (change.figures) ShowTotals();
     if (!change.employees.empty() && g_.grid.HeadcountShown) ShowRuler();
 }

@@ -3,6 +3,8 @@
 
 #include "desktop/Form.h"
 #include "desktop/MenuRenderer.h"
+#include "desktop/Parts.h"
+#include "desktop/SaveNote.h"
 #include "desktop/Screens.h"
 #include "editor/EditorCommands.h"
 #include "editor/lanes/LaneView.h"
@@ -78,6 +80,7 @@ class MainEditorForm : public Form, private EditorActions {
     void StoreShift() override;
     void PasteStoredShift(int index) override;
     bool MayLeave();
+    void StepDay(int days);
     void ChooseOption(int option);
     void ScrollDay(int value);
     void ScrollRows(int value);
@@ -118,6 +121,7 @@ class MainEditorForm : public Form, private EditorActions {
     std::unique_ptr<MenuRenderer> menus_;
     std::unique_ptr<Gauge> gauge_;
 
+    SaveNote* saveNote_ = nullptr;
     QWidget* strip_ = nullptr;
     QWidget* sheet_ = nullptr;
     DayHeaderBar* pctWeekday = nullptr;

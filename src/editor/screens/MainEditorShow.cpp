@@ -13,7 +13,7 @@ namespace {
 
 constexpr Twips SquareStep = 75;
 constexpr Twips SquareWidth = 60;
-constexpr double HeadcountPoints = 6;
+constexpr double HeadcountPoints = 9.75; // figures of nine pixels at 96 to the inch
 
 Qt::Alignment AlignmentOf(const RowValues& values) {
     return (values.align == Align::Right ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
@@ -39,7 +39,7 @@ void MainEditorForm::ShowCommands() {
         LabelButton& tool = *tools_.at(entry.name);
         tool.setEnabled(entry.enabled);
         tool.setVisible(entry.visible);
-        if (commands_[entry.name].checked) tool.SetColours(QBColor(0), QBColor(entry.checked ? 14 : 15));
+        if (entry.toggles) tool.setChecked(entry.checked);
     }
 }
 

@@ -44,7 +44,7 @@ DepartmentForm::DepartmentForm(GlobalState& g, Ports& ports, const DepartmentReq
     BuildHint(column);
     AddCommands(
         column,
-        {{"Command3D3", "&Help", [this] { ports_.help.ShowTopic(help::DepartmentProfile); }, Role::Aside}},
+        {{"Command3D3", "&Help", [this] { ports_.help.ShowTopic(help::DepartmentProfile); }, Role::Help}},
         {{"Command3D1", "&OK", [this] { Save(); }, Role::Default},
          {"Command3D2", "&Cancel", [this] { Unload(); }, Role::Cancel}});
     ShowProfile(DepartmentProfile());

@@ -239,6 +239,9 @@ void EmployeeForm::BuildHint(QVBoxLayout& column) {
     Panel3D2->setFixedSize(Pixels(PanelWidth), Pixels(CaptionHeight));
     line->addWidget(Panel3D2, 0, 0);
     gauge_ = std::make_unique<FloodGauge>(*Panel3D2);
+    saveNote_ = &Add<SaveNote>("SaveNote", "");
+    line->addWidget(saveNote_, 0, 1);
+    line->setColumnStretch(0, 1);
 }
 
 void EmployeeForm::BuildButtons(QVBoxLayout& column) {
@@ -252,7 +255,7 @@ void EmployeeForm::BuildButtons(QVBoxLayout& column) {
     row.setStretchFactor(Command2, 1);
     row.setStretchFactor(Command3, 1);
     const auto topic = [this] { ports_.help.ShowTopic(help::EmployeeRecord); };
-    AddCommand({"Command3D3", "&Help", topic, Role::Aside}, row);
+    AddCommand({"Command3D3", "&Help", topic, Role::Help}, row);
     AddCommand({"Command3D1", "&OK", [this] { Save(); }}, row);
     AddCommand({"cmdExit", "&Close", [this] { Leave(); }, Role::Cancel}, row);
 }

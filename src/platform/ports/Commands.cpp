@@ -56,6 +56,8 @@ MenuEntry CommandTable::Entry(std::string_view name) const {
     entry.separator = command.separator;
     entry.enabled = LeadsSomewhere(command) && Asked(command.offered, true);
     entry.visible = Asked(command.shown, true);
+    entry.keys = command.keys;
+    entry.toggles = command.checked != nullptr;
     entry.checked = Asked(command.checked, false);
     return entry;
 }

@@ -16,7 +16,9 @@ struct MenuEntry {
     bool separator = false;
     bool enabled = true; // offered, and leads somewhere
     bool visible = true;
-    bool checked = false;
+    bool toggles = false; // is on or off
+    bool checked = false; // is on
+    std::string keys;     // that work it too, "Ctrl+S"; "" for none
 };
 
 /// One thing that a person can choose, or a menu that holds such things.
@@ -31,6 +33,7 @@ struct Command {
     std::function<std::string()> wording{}; // the caption, where it changes
     std::string hint{};                     // tells on a tool what it is for
     bool separator = false;
+    std::string keys{}; // that work it from everywhere on its form, "Ctrl+S"
 };
 
 /// The commands of a form, in the order in which they are shown: its menus, its tools and the menus at the

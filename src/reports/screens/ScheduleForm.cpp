@@ -53,6 +53,7 @@ ScheduleForm::ScheduleForm(GlobalState& g, Ports& ports, Printer& printer, const
         SaveHtml();
         HtmlMode = false;
     });
+    SetHelpButton(helpButton);
     On(helpButton, &QPushButton::clicked, [this] { ports_.help.ShowTopic(help::Schedules); });
     FinishLayout(IsSelected() ? "Printing schedules for selected " + g_.department.EmployeeNamePlural
                               : "Include in schedule");

@@ -190,7 +190,8 @@ Commands Table::OtherMenus() const {
         {.name = "Freq",
          .parent = "NeedHelp",
          .caption = "&Frequently Asked Questions",
-         .run = Does(&ConsoleActions::ShowQuestions)},
+         .run = Does(&ConsoleActions::ShowQuestions),
+         .keys = "F1"},
     };
 }
 

@@ -1,8 +1,8 @@
 #include "shell/screens/Run.h"
 
 #include "desktop/Application.h"
+#include "desktop/Parts.h"
 #include "desktop/QtPorts.h"
-#include "editor/lanes/screens/TimeGrid.h"
 #include "platform/files/Folder.h"
 #include "shell/screens/ConsoleForm.h"
 #include "shell/screens/RegisterScreens.h"
@@ -67,7 +67,7 @@ int RunTarvex(int count, char** arguments, const RunOptions& options) {
     QApplication::setDesktopFileName(
         QStringLiteral("tarvex")); // by it a desktop finds the entry of the program
     SetUpLook();
-    InstallGridAccessibility();
+    InstallPartsAccessibility();
 
     GlobalState g;
     g.paths.ProgramPath = FindProgramFolder();

@@ -214,8 +214,102 @@ TEST_F(MainEditorDaytypeTest, tab_leads_from_the_boxes_to_the_options_and_round)
     const auto place = [&](const char* name) { return std::find(order.begin(), order.end(), name); };
     EXPECT_EQ((Rows{order.begin(), order.begin() + 3}), (Rows{"Text1(1)", "Text1(2)", "Text1(3)"}));
     for (const char* tool : {"Label7(0)", "Label7(1)", "Label8", "Label12", "Label13", "Label18", "Label25",
-                             "Label4(1)", "Label4(12)"})
+                             "pctWeekday", "Label4(1)"})
         EXPECT_NE(place(tool), order.end()) << tool;
+}
+
+TEST_F(MainEditorDaytypeTest, the_options_of_the_values_are_one_group_that_arrows_walk) {
+    Open();
+    QWidget& first = test::Find<QWidget>(*form, "Label4(1)");
+    const QAccessibleInterface* group = QAccessible::queryAccessibleInterface(first.parentWidget());
+    EXPECT_EQ(group->role(), QAccessible::Grouping);
+    EXPECT_EQ(group->childCount(), 12);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&first)->role(), QAccessible::RadioButton);
+    first.setFocus();
+    test::Press(*form, Qt::Key_Right);
+    EXPECT_EQ(Focus(), "Label4(2)");
+    EXPECT_EQ(TextOf("Label28"), "Day wages");
+}
+
+TEST_F(MainEditorDaytypeTest, the_day_is_chosen_by_arrows_in_the_header) {
+    Open();
+    test::Find<QWidget>(*form, "pctWeekday").setFocus();
+    test::Press(*form, Qt::Key_Right);
+    EXPECT_EQ(DayShown(), "Tuesday 03-Mar-26");
+    EXPECT_EQ(Focus(), "pctWeekday");
+    test::Press(*form, Qt::Key_Left);
+    EXPECT_EQ(DayShown(), "Monday 02-Mar-26");
+    test::Press(*form, Qt::Key_Home);
+    test::Press(*form, Qt::Key_Left); // there is none before
+    EXPECT_EQ(DayShown(), "Sunday 01-Mar-26");
+    test::Press(*form, Qt::Key_End);
+    test::Press(*form, Qt::Key_Right);
+    EXPECT_EQ(DayShown(), "Saturday 07-Mar-26");
+}
+
+TEST_F(MainEditorDaytypeTest, the_day_is_changed_by_keys_from_everywhere) {
+    Open();
+    for (const char* place : {"Text1(2)", "Label8", "Label4(1)", "HScroll1"}) {
+        test::Find<QWidget>(*form, place).setFocus();
+        test::Press(*form, Qt::Key_PageDown, Qt::ControlModifier);
+        EXPECT_EQ(DayShown(), "Tuesday 03-Mar-26") << place;
+        test::Press(*form, Qt::Key_PageUp, Qt::ControlModifier);
+        EXPECT_EQ(DayShown(), "Monday 02-Mar-26") << place;
+    }
+    for (int press = 0; press < 9; ++press) test::Press(*form, Qt::Key_PageUp, Qt::ControlModifier);
+    EXPECT_EQ(DayShown(), "Sunday 01-Mar-26");
+}
+
+TEST_F(MainEditorDaytypeTest, the_days_are_spoken_as_tabs) {
+    Open();
+    QAccessibleInterface* days =
+        QAccessible::queryAccessibleInterface(&test::Find<QWidget>(*form, "pctWeekday"));
+    EXPECT_EQ(days->role(), QAccessible::PageTabList);
+    ASSERT_EQ(days->childCount(), 7 + 7) << "the days and their memos";
+    QAccessibleInterface* tuesday = days->child(2);
+    EXPECT_EQ(tuesday->role(), QAccessible::PageTab);
+    EXPECT_EQ(tuesday->text(QAccessible::Name), "Tuesday 03-Mar-26");
+    EXPECT_TRUE(days->child(1)->state().selected);
+    EXPECT_FALSE(tuesday->state().selected);
+    ASSERT_NE(tuesday->actionInterface(), nullptr);
+    tuesday->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(DayShown(), "Tuesday 03-Mar-26");
+    EXPECT_TRUE(tuesday->state().selected);
+    EXPECT_EQ(days->child(7)->role(), QAccessible::Graphic);
+    EXPECT_EQ(days->indexOfChild(tuesday), 2);
+}
+
+TEST_F(MainEditorDaytypeTest, toggles_say_whether_they_are_on) {
+    Open();
+    const auto state = [this] {
+        return QAccessible::queryAccessibleInterface(&test::Find<QWidget>(*form, "Label25"))->state();
+    };
+    EXPECT_TRUE(state().checkable);
+    EXPECT_FALSE(state().checked);
+    test::Choose(*form, "LetSeeHeadcount");
+    EXPECT_TRUE(state().checked);
+    EXPECT_TRUE(Entry("LetSeeHeadcount").isChecked());
+    Click("Label25");
+    EXPECT_FALSE(state().checked);
+    EXPECT_FALSE(Entry("LetSeeHeadcount").isChecked());
+    EXPECT_TRUE(Entry("LetSeeHeadcount").isCheckable());
+}
+
+TEST_F(MainEditorDaytypeTest, whatever_holds_others_has_a_name_for_assistive_tools) {
+    Open();
+    EXPECT_EQ(test::NamelessHolders(*form), "");
+}
+
+TEST_F(MainEditorDaytypeTest, f1_helps_and_f10_opens_the_menu) {
+    Open();
+    FocusBox(1);
+    test::Press(*form, Qt::Key_F1);
+    EXPECT_EQ(store.script.help.topics.size(), 1U);
+    test::Press(*form, Qt::Key_F10);
+    auto* bar = form->findChild<QMenuBar*>();
+    ASSERT_NE(bar->activeAction(), nullptr);
+    EXPECT_EQ(bar->activeAction()->menu()->objectName(), "Sched");
+    bar->activeAction()->menu()->close();
 }
 
 TEST_F(MainEditorDaytypeTest, the_space_bar_presses_a_tool_in_focus) {

@@ -54,7 +54,7 @@ class MainEditorTest : public testing::Test {
 
     /// Adams by the hour, on Monday from 9 to 5; Brown on salary; Clark by the hour.
     void SetUp() override {
-        qt::InstallGridAccessibility();
+        qt::InstallPartsAccessibility();
         store.AddDepartment("Bakery");
         store.AddEmployee({.lastName = "Adams",
                            .firstName = "Anna",

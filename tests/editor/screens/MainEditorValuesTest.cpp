@@ -207,6 +207,37 @@ TEST_F(MainEditorValuesTest, the_labor_figures_show_in_a_week_with_sales) {
     EXPECT_FALSE(IsShown("Label5(0)"));
 }
 
+// --- narrow screens ---------------------------------------------------------------------------------------
+
+TEST_F(MainEditorValuesTest, the_heads_of_all_options_fit_on_screens_of_any_width) {
+    for (const int pixels : {800, 1024, 1280, 1920}) {
+        store.g.screen.ScreenWidth = pixels * 15;
+        store.g.screen.VisibleHours = std::min(24, (pixels * 15 - 2400) / 480);
+        Open();
+        for (int option = 1; option <= 12; ++option) {
+            Click(Indexed("Label4", option));
+            EXPECT_EQ(test::CutTexts(*form).find("Label28"), std::string::npos) << pixels << " " << option;
+        }
+    }
+}
+
+TEST_F(MainEditorValuesTest, figures_of_the_headcount_are_nine_pixels_high) {
+    Open();
+    Click("Label25");
+    const QImage band = Ruler().grab().toImage();
+    const Twips quarter = store.g.grid.QuarterWidth;
+    const int left = test::At(3 * quarter, 0).x(); // between the ticks of two hours
+    const int right = test::At(5 * quarter, 0).x();
+    int height = 0;
+    for (int y = test::At(0, 240).y(); y < test::At(0, 450).y(); ++y) {
+        int brightest = 0;
+        for (int x = left; x < right; ++x) brightest = std::max(brightest, band.pixelColor(x, y).green());
+        height += brightest > 128 ? 1 : 0;
+    }
+    std::cout << "headcount figures: " << height << " pixels\n";
+    EXPECT_GE(height, 9);
+}
+
 // --- hidden pay -------------------------------------------------------------------------------------------
 
 TEST_F(MainEditorValuesTest, hidden_pay_shows_nowhere) {

@@ -229,6 +229,32 @@ TEST_F(MainEditorWeekTest, the_end_of_the_desktop_session_asks_as_well) {
     EXPECT_EQ(FileRows(), (Rows{AdamsOnMondaySaved, ClarkOnMonday}));
 }
 
+TEST_F(MainEditorWeekTest, a_quiet_line_tells_when_the_week_was_saved) {
+    Open();
+    EXPECT_EQ(TextOf("SaveNote"), "");
+    Drag(3, 32, 48);
+    store.script.clock.Set(Sunday + 1, 19, 22);
+    test::Press(*form, Qt::Key_S, Qt::ControlModifier);
+    EXPECT_EQ(FileRows().size(), 2U);
+    EXPECT_EQ(TextOf("SaveNote"), "Saved 19:22");
+    Drag(3, 48, 52);
+    EXPECT_EQ(TextOf("SaveNote"), "Saved 19:22");
+    EXPECT_EQ(test::CutTexts(*form).find("SaveNote"), std::string::npos);
+}
+
+TEST_F(MainEditorWeekTest, a_quiet_line_tells_of_a_refused_save_until_the_next_edit) {
+    Open();
+    Drag(3, 32, 48);
+    faults->Fail(test::Call::Commit, 1, 3260);
+    store.prompt().WillAnswer(Answer::Ok);
+    Click("Label8");
+    EXPECT_EQ(TextOf("SaveNote"), "Not saved");
+    ClickDay(3);
+    EXPECT_EQ(TextOf("SaveNote"), "Not saved");
+    TypeInto(2, "A");
+    EXPECT_EQ(TextOf("SaveNote"), "");
+}
+
 TEST_F(MainEditorWeekTest, the_editor_stays_when_the_save_on_closing_is_refused) {
     test::OtherWorkstation other;
     Open();

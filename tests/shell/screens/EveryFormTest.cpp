@@ -1,4 +1,5 @@
 // What holds for every form of the program, whatever it is for.
+#include "desktop/Parts.h"
 #include "editor/lanes/screens/TimeGrid.h"
 #include "editor/screens/MainEditorForm.h"
 #include "editor/screens/TotalsForm.h"
@@ -37,7 +38,7 @@ class EveryFormTest : public testing::Test {
     qt::Screens screens;
 
     void SetUp() override {
-        qt::InstallGridAccessibility();
+        qt::InstallPartsAccessibility();
         qt::RegisterScreens(screens, g, ports);
         store.AddDepartment("Bakery");
         store.AddPeople(40); // more than a page of rows

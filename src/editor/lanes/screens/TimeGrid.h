@@ -3,13 +3,14 @@
 #pragma once
 
 #include "desktop/Controls.h"
+#include "desktop/Parts.h"
 #include "editor/lanes/LaneView.h"
 
 #include <string>
 
 namespace tvx::qt {
 
-class TimeGrid : public PictureBox {
+class TimeGrid : public PictureBox, public Parted {
     Q_OBJECT
   public:
     TimeGrid(const LaneView& view, QWidget* parent);
@@ -23,6 +24,10 @@ class TimeGrid : public PictureBox {
     QRect RowRect(int row) const;
     int RowCount() const { return view_.Rows().Count(); }
 
+    Roles PartRoles() const override { return {QAccessible::Table, QAccessible::Row}; }
+    int PartCount() const override { return RowCount(); }
+    Part PartAt(int index) const override { return {RowText(index + 1), RowRect(index + 1)}; }
+
   private:
     void Paint(QPainter& painter, const QRegion& region) const;
 
@@ -32,8 +37,5 @@ class TimeGrid : public PictureBox {
 /// A press, a move or a release of the window system as an event on a grid.
 GridMouse ToGridMouse(Qt::MouseButton button, TwipsPoint at);
 GridMouse ToGridMouse(Qt::MouseButtons held, TwipsPoint at);
-
-/// Makes the grids known to assistive tools. Call once.
-void InstallGridAccessibility();
 
 } // namespace tvx::qt
