@@ -21,10 +21,9 @@ bool DaytypeBox::IsDayOff(int row) const {
     return week_.DayOffFlag[lane.day][lane.employee];
 }
 
-DaytypeKey::Refusal DaytypeBox::MayType(int row) {
+DaytypeKey::Refusal DaytypeBox::MayType(int row) const {
     if (IsDayOff(row)) return DaytypeKey::Refusal::Silent;
     if (!rights_.SchedulingAllowed) return DaytypeKey::Refusal::NotPermitted;
-    edit_.Touch();
     return DaytypeKey::Refusal::None;
 }
 

@@ -25,8 +25,8 @@ class DaytypeBox {
     DaytypeBox(Lanes& lanes, GlobalState& g);
 
     /// May a row's box change, by whatever way? A day off is closed without a word, and who may not schedule
-    /// is refused. Marks the week as changed when it may.
-    DaytypeKey::Refusal MayType(int row);
+    /// is refused. Changes nothing itself: what is typed may still be swallowed.
+    DaytypeKey::Refusal MayType(int row) const;
     /// The daytype of the row's day.
     const std::string& TextOf(int row) const;
     /// Makes the text of a row's box the daytype of its day, and that day's person the current one. Nothing

@@ -63,8 +63,10 @@ class DaytypeBoxTest : public testing::Test {
     }
 };
 
-TEST_F(DaytypeBoxTest, a_box_that_may_change_marks_the_week_as_changed) {
+TEST_F(DaytypeBoxTest, the_week_is_changed_by_a_text_and_not_by_the_leave_to_type_it) {
     EXPECT_EQ(boxes.MayType(1), Refusal::None);
+    EXPECT_FALSE(g.week.WeekChanged);
+    boxes.PutText(1, "V");
     EXPECT_TRUE(g.week.WeekChanged);
 }
 

@@ -56,6 +56,19 @@ TEST_F(MainEditorDaytypeTest, backspace_takes_a_character_away) {
     EXPECT_EQ(FileRows(), Rows{"46083|1|C|9:00am-5:00pm|8|10|W|0"});
 }
 
+TEST_F(MainEditorDaytypeTest, a_key_that_is_swallowed_leaves_the_week_unchanged) {
+    Open();
+    FocusBox(1); // which is full
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_Minus, Qt::Key_A})
+        test::Press(*form, key);
+    store.prompt().WillAnswer(Answer::Ok);
+    test::Type(*form, "w");
+    EXPECT_EQ(DaytypeOf(1), "CA");
+    EXPECT_FALSE(HasChanges());
+    Click("Label13");
+    EXPECT_FALSE(form->isVisible()) << "nothing was asked";
+}
+
 TEST_F(MainEditorDaytypeTest, a_day_off_swallows_every_key) {
     PutDayOff(Sunday + 1, 3);
     Open();
