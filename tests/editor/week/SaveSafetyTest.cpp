@@ -8,6 +8,7 @@
 #include "shell/common/TVXMOD1.h"
 #include "shell/console/Console.h"
 #include "support/ChildProcess.h"
+#include "support/FullDisk.h"
 #include "support/Quarters.h"
 #include "support/RawFile.h"
 #include "support/WeekWriter.h"
@@ -15,7 +16,6 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <csignal>
 #include <set>
 #include <sys/resource.h>
 #include <thread>
@@ -278,27 +278,6 @@ TEST(PowerCut, leaves_every_week_wholly_old_or_wholly_new) {
 
 // --- a full disk ------------------------------------------------------------------------------------------
 
-/// While it lives no file of this process grows beyond `bytes`.
-class FullDisk {
-  public:
-    explicit FullDisk(rlim_t bytes) {
-        before_ = std::signal(SIGXFSZ, SIG_IGN);
-        getrlimit(RLIMIT_FSIZE, &limit_);
-        const rlimit small{bytes, limit_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &small);
-    }
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &limit_);
-        std::signal(SIGXFSZ, before_);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-
-  private:
-    rlimit limit_{};
-    void (*before_)(int) = nullptr;
-};
-
 TEST(FullDisk, refuses_a_save_that_does_not_fit_and_takes_it_when_there_is_room) {
     test::TestStore store;
     store.AddDepartment("Bakery");
@@ -316,7 +295,7 @@ TEST(FullDisk, refuses_a_save_that_does_not_fit_and_takes_it_when_there_is_room)
     for (rlim_t bytes = 0; bytes < 4 * size && !saved; bytes += 8192) {
         store.script.prompt.AlwaysAnswer(Answer::Ok);
         {
-            const FullDisk full(bytes);
+            const test::FullDisk full(bytes);
             saved = SaveWeek(g, store.ports(), store.gauge, [] {});
         }
         if (saved) break;
@@ -352,7 +331,7 @@ TEST(FullDisk, refuses_a_small_change_too_and_the_old_week_stands_for_the_next_r
     test::SetBars(store.g, 1, {{1, 2}});
     store.prompt().AlwaysAnswer(Answer::Ok);
     {
-        const FullDisk full(0);
+        const test::FullDisk full(0);
         EXPECT_FALSE(SaveWeek(store.g, store.ports(), store.gauge, [] {}));
     }
     CloseDatabase(store.g.store, store.prompt());
