@@ -29,7 +29,7 @@ BarList RunsOf(const QuarterSet& quarters) {
     return bars;
 }
 
-QuarterSet StatedReading(const std::string& bytes, int day) {
+QuarterSet PlainReading(const std::string& bytes, int day) {
     BarList bars;
     if (bytes.size() >= 14)
         for (int period = 0; period < 7; ++period) {

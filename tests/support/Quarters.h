@@ -17,7 +17,7 @@ QuarterSet Covered(const BarList& bars);
 BarList RunsOf(const QuarterSet& quarters);
 
 /// A day's stored bytes read one by one, as quarters of the week when they stand on a day 1 to 8.
-QuarterSet StatedReading(const std::string& bytes, int day);
+QuarterSet PlainReading(const std::string& bytes, int day);
 
 /// Bars anywhere in the eight days, in no order, overlapping as they come.
 BarList RandomBars(Random& random, int most);

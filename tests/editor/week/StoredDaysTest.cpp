@@ -83,7 +83,7 @@ TEST_F(PaintTest, reads_every_file_of_the_corpus_as_stated_on_every_day) {
                 expected.emplace_back((day - 1) * 96 + start, (day - 1) * 96 + stop);
             EXPECT_EQ(Reading(file.bytes, day), test::RunsOf(test::Covered(expected)))
                 << file.name << ", day " << day;
-            EXPECT_EQ(Reading(file.bytes, day), test::RunsOf(test::StatedReading(file.bytes, day)))
+            EXPECT_EQ(Reading(file.bytes, day), test::RunsOf(test::PlainReading(file.bytes, day)))
                 << file.name;
         }
 }
@@ -98,7 +98,7 @@ TEST_F(PaintTest, reads_any_bytes_as_stated) {
         const std::string bytes =
             round % 2 == 0 ? random.Mutated(corpus[pick].bytes) : random.Bytes(round % 4 == 1 ? 14 : 40);
         const int day = static_cast<int>(random.Whole(1, 8));
-        ASSERT_EQ(Reading(bytes, day), test::RunsOf(test::StatedReading(bytes, day)));
+        ASSERT_EQ(Reading(bytes, day), test::RunsOf(test::PlainReading(bytes, day)));
         test::ExpectSound(g);
     }
 }
@@ -314,7 +314,7 @@ TEST_F(OddRowsTest, the_corpus_stored_as_text_is_loaded_as_stated) {
         // Byte 0 is no character of a text: it stands for a blank.
         std::string bytes = file.bytes;
         std::replace(bytes.begin(), bytes.end(), '\0', ' ');
-        EXPECT_EQ(Load(), test::RunsOf(test::StatedReading(bytes, 2))) << file.name;
+        EXPECT_EQ(Load(), test::RunsOf(test::PlainReading(bytes, 2))) << file.name;
     }
 }
 
@@ -326,7 +326,7 @@ TEST_F(OddRowsTest, null_and_numbers_are_empty_days) {
         EXPECT_EQ(Load(), BarList{});
     }
     Put(std::int64_t{12345678901234}); // fourteen digits are fourteen characters
-    EXPECT_EQ(Load(), test::RunsOf(test::StatedReading("12345678901234", 2)));
+    EXPECT_EQ(Load(), test::RunsOf(test::PlainReading("12345678901234", 2)));
 }
 
 TEST_F(OddRowsTest, a_blob_of_plain_bytes_reads_like_a_text) {
