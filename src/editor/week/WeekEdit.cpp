@@ -153,6 +153,8 @@ EditAnswer WeekEdit::RightAnswer() const {
     return g_.week.IsLoaded ? EditAnswer::Done : EditAnswer::NotLoaded;
 }
 
+constexpr int NoDay = 0;
+
 EditAnswer WeekEdit::AnswerFor(int e, int day) const {
     const EditAnswer answer = RightAnswer();
     if (answer != EditAnswer::Done) return answer;
@@ -266,6 +268,7 @@ WeekChange WeekEdit::ReplaceTime(int e, WeekQuarter from, WeekQuarter to, const 
 }
 
 WeekChange WeekEdit::PasteShift(int e, int day, const Shifts& shifts, int shift) {
+    if (!IsDayOfWeek(day) || shift < 1 || shift > shifts.ShiftCount) return {AnswerFor(e, NoDay)};
     const int midnight = (day - 1) * QuartersPerDay;
     WeekBars bars;
     for (int k = 1; k <= shifts.ShiftBarCount[shift]; ++k)

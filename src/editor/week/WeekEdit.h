@@ -14,7 +14,7 @@ namespace tvx {
 enum class EditAnswer {
     Done,       // also when the week already was as the edit wants it
     NotAllowed, // the right to schedule is missing
-    NotLoaded,  // no week is loaded, or the employee or the day is none of it
+    NotLoaded,  // no week is loaded, or it has no such employee or day, or the shift is not stored
     Nothing,    // there is nothing to undo or to redo
 };
 
@@ -69,7 +69,7 @@ class WeekEdit {
     WeekChange CutBars(int employee, const std::vector<int>& slots);
     /// What the employee has from `from` to `to` gives way to these periods, as when times are typed.
     WeekChange ReplaceTime(int employee, WeekQuarter from, WeekQuarter to, const WeekBars& bars);
-    /// Adds the bars of a stored shift, 1 to ShiftCount, on the clock of that day.
+    /// Adds the bars of a stored shift, 1 to `ShiftCount`, on the clock of that day.
     WeekChange PasteShift(int employee, int day, const Shifts& shifts, int shift);
 
     /// Days 1 to 8.

@@ -232,6 +232,20 @@ TEST_F(WeekEditTest, nobody_and_no_day_of_the_week_is_edited) {
     EXPECT_FALSE(g.week.WeekChanged);
 }
 
+TEST_F(WeekEditTest, only_a_stored_shift_is_pasted_and_only_on_a_day_of_the_week) {
+    Shifts shifts;
+    shifts.ShiftCount = 1;
+    shifts.ShiftBarCount = {1, 1, 1}; // behind the stored one lies what an abandoned one left
+    shifts.ShiftStarts[2][1] = 36;
+    for (auto& stops : shifts.ShiftStops) stops[1] = 68;
+    for (const int noShift : {-1, 0, 2, MostShifts + 1})
+        EXPECT_EQ(edit.PasteShift(1, 1, shifts, noShift).answer, EditAnswer::NotLoaded) << noShift;
+    for (const int noDay : {0, 8})
+        EXPECT_EQ(edit.PasteShift(1, noDay, shifts, 1).answer, EditAnswer::NotLoaded) << noDay;
+    EXPECT_EQ(Bars(1), BarList{});
+    EXPECT_TRUE(edit.PasteShift(1, 7, shifts, 1).Done());
+}
+
 // --- the way back -----------------------------------------------------------------------------------------
 
 TEST_F(WeekEditTest, each_edit_is_a_step_back_and_forth) {
