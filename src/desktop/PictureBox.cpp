@@ -21,10 +21,6 @@ PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
     setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
-void PictureBox::UpdateBox(const TwipsBox& box) {
-    update(SharpRect(box, *this).toAlignedRect());
-}
-
 void PictureBox::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     if (onPaint) onPaint(painter, event->region());

@@ -22,9 +22,6 @@ class PictureBox : public QWidget {
     std::function<void(Qt::MouseButton, TwipsPoint)> onMouseUp;
     std::function<void()> onMouseLeave;
 
-    /// Repaints a box of the surface.
-    void UpdateBox(const TwipsBox& box);
-
   protected:
     void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;

@@ -1,5 +1,7 @@
 #include "editor/lanes/BarDrag.h"
 
+#include "editor/lanes/GridView.h"
+
 #include <algorithm>
 
 namespace tvx {
@@ -33,7 +35,7 @@ bool BarDrag::IsOutside(const GridMouse& mouse) const {
 
 bool BarDrag::IsOnDayOff(Twips x) const {
     if (department_.DayCutoffQuarters == 0) return IsDayOff(0);
-    const Twips boundary = lanes_.DayBoundaryX();
+    const Twips boundary = DayBoundaryX(lanes_.Geometry());
     return (IsDayOff(0) && x < boundary) || (IsDayOff(1) && x > boundary);
 }
 
@@ -115,7 +117,7 @@ GridChange BarDrag::Move(const GridMouse& mouse) {
 void BarDrag::Stretch(Twips x) {
     const bool rightwards = x > hand_.LastMouseX;
     const Twips width = lanes_.Geometry().GridWidth;
-    const Twips boundary = lanes_.DayBoundaryX();
+    const Twips boundary = DayBoundaryX(lanes_.Geometry());
     const auto hold = [&](Twips edge) { hand_.HoldAt(hand_.DayRightBar, edge); };
     hand_.StretchTo(x);
     if (rightwards && x > width) hold(width);
@@ -127,7 +129,7 @@ void BarDrag::Stretch(Twips x) {
 /// A day off holds the end that reaches it. A jump that carries the whole bar over the edge leaves it whole
 /// before the edge.
 void BarDrag::MoveWhole(Twips x) {
-    const Twips boundary = lanes_.DayBoundaryX();
+    const Twips boundary = DayBoundaryX(lanes_.Geometry());
     const Twips length = hand_.DayRightBar - hand_.DayLeftBar;
     const bool leftwards = x < hand_.LastMouseX;
     hand_.MoveTo(x);

@@ -51,7 +51,7 @@ void LaneView::DrawDaysOff(int row, Drawing& drawing) const {
     const Grid& grid = lanes_.Geometry();
     const LaneDay lane = lanes_.At(row);
     const Twips top = lanes_.TopOf(row);
-    const Twips boundary = lanes_.DayBoundaryX();
+    const Twips boundary = DayBoundaryX(lanes_.Geometry());
     const auto shade = [&](Twips from, Twips to) {
         FillOnGrid(drawing, grid, {from, top, to, top + DayOffShadeHeight}, DayOffShade);
     };

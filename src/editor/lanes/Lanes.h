@@ -41,8 +41,6 @@ class Lanes {
     WeekQuarter LeftEdge(int day) const { return (day - 1) * QuartersPerDay + grid_.FirstQuarter; }
     /// Place of that left edge, in twips of the week.
     Twips ScrollX(int day) const { return LeftEdge(day) * grid_.QuarterWidth; }
-    /// Grid x of the next midnight after the left edge.
-    Twips DayBoundaryX() const { return (QuartersPerDay - grid_.FirstQuarter) * grid_.QuarterWidth; }
     /// The rows on which a stretch of a person's week, in twips, is to be seen.
     std::vector<int> RowsTouched(int employee, Twips from, Twips to) const;
 

@@ -28,7 +28,6 @@ class Field {
     /// Throws DaoError 3349 when the number is out of the range of int.
     int Int(int ifNull = 0) const;
     double Double(double ifNull = 0) const;
-    bool Flag() const { return Long() != 0; } // Null is False
 
     /// Throws DaoError 3020 outside AddNew and Edit, 3163 when a text is wider than the field.
     void operator=(dao::Value value);
