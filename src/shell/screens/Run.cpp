@@ -47,14 +47,24 @@ fs::path FindUnusedDatabase(const fs::path& used) {
     return {};
 }
 
-/// The start stands outside the event loop and its net. Nothing can be done without the console.
-bool Started(GlobalState& g, Ports& ports, const Screens& screens, std::unique_ptr<ConsoleForm>& console) {
-    try {
-        return StartConsole(g, ports, screens, console);
-    } catch (const std::exception& trouble) {
-        ports.teller.Tell(trouble);
-        return false;
-    }
+/// From the search for the program's folder to the end of the run. Nothing can be done without the console.
+int RunConsole(QtPrompt& prompt, Teller& teller, const RunOptions& options) {
+    GlobalState g;
+    g.paths.ProgramPath = FindProgramFolder();
+    g.paths.UnusedPath = FindUnusedDatabase(g.paths.ProgramPath);
+    QtClock clock;
+    QtRegion region;
+    QtScreen screen;
+    QtInstance instance(g.paths.ProgramPath);
+    QtHelp help(FolderOfShipped() / "help");
+    Ports ports{prompt, options.clock != nullptr ? *options.clock : clock, region, help, screen, instance,
+                teller};
+    Screens screens;
+    RegisterScreens(screens, g, ports);
+    std::unique_ptr<ConsoleForm> console;
+    if (!StartConsole(g, ports, screens, console)) return 0;
+    if (options.whenConsoleShows) options.whenConsoleShows(*console);
+    return QApplication::exec();
 }
 
 } // namespace
@@ -69,26 +79,15 @@ int RunTarvex(int count, char** arguments, const RunOptions& options) {
     SetUpLook();
     InstallPartsAccessibility();
 
-    GlobalState g;
-    g.paths.ProgramPath = FindProgramFolder();
-    g.paths.UnusedPath = FindUnusedDatabase(g.paths.ProgramPath);
     QtPrompt prompt;
-    QtClock clock;
-    QtRegion region;
-    QtScreen screen;
-    QtInstance instance(g.paths.ProgramPath);
-    QtHelp help(FolderOfShipped() / "help");
     StoreTeller teller(prompt);
-    Ports ports{prompt, options.clock != nullptr ? *options.clock : clock, region, help, screen, instance,
-                teller};
-
     application.TellBy([&](const std::exception& trouble) { teller.Tell(trouble); });
-    Screens screens;
-    RegisterScreens(screens, g, ports);
-    std::unique_ptr<ConsoleForm> console;
-    if (!Started(g, ports, screens, console)) return 0;
-    if (options.whenConsoleShows) options.whenConsoleShows(*console);
-    return QApplication::exec();
+    try {
+        return RunConsole(prompt, teller, options);
+    } catch (const std::exception& trouble) { // the start stands outside the event loop and its net
+        teller.Tell(trouble);
+        return 0;
+    }
 }
 
 } // namespace tvx::qt
