@@ -29,16 +29,16 @@ const DepartmentRow* Named(const std::vector<DepartmentRow>& rows, const std::st
     return found == rows.end() ? nullptr : &*found;
 }
 
-void TakeDefault(std::string& word, const char* usual) {
+void FillInDefault(std::string& word, const char* usual) {
     if (Trim(word).empty()) word = usual;
 }
 
-void TakeDefaults(DepartmentProfile& profile) {
+void FillInDefaults(DepartmentProfile& profile) {
     const DepartmentProfile usual;
-    TakeDefault(profile.employeeNameSingle, usual.employeeNameSingle.c_str());
-    TakeDefault(profile.employeeNamePlural, usual.employeeNamePlural.c_str());
-    TakeDefault(profile.dayOffNameSingle, usual.dayOffNameSingle.c_str());
-    TakeDefault(profile.dayOffNamePlural, usual.dayOffNamePlural.c_str());
+    FillInDefault(profile.employeeNameSingle, usual.employeeNameSingle.c_str());
+    FillInDefault(profile.employeeNamePlural, usual.employeeNamePlural.c_str());
+    FillInDefault(profile.dayOffNameSingle, usual.dayOffNameSingle.c_str());
+    FillInDefault(profile.dayOffNamePlural, usual.dayOffNamePlural.c_str());
 }
 
 DepartmentRow RowOf(const DepartmentProfile& profile) {
@@ -142,7 +142,7 @@ bool CheckDepartmentNameInUse(const std::vector<DepartmentRow>& departments, con
 
 SaveResult SaveDepartment(const Store& store, Department& department, Prompt& prompt, FormCommand command,
                           DepartmentProfile& profile) {
-    TakeDefaults(profile);
+    FillInDefaults(profile);
     if (Trim(profile.name).empty()) return SaveResult::Incomplete;
     Occasion occasion = Occasion::ReadingDepartments;
     try {

@@ -64,7 +64,7 @@ void ShowTexts(EmployeeRecord& record, const EmployeeRow& row) {
     record.birthDate = row.birthDate;
 }
 
-void TakeTexts(EmployeeRow& row, const EmployeeRecord& record) {
+void CopyTexts(EmployeeRow& row, const EmployeeRecord& record) {
     for (int i = 1; i <= box_of::Last; ++i)
         if (const auto text = TextOfBox(i)) row.*text = record.Text2[i];
     row.pay = record.Text2[box_of::Pay].empty() ? "0" : record.Text2[box_of::Pay];
@@ -77,7 +77,7 @@ EmployeeRow RowOf(const EmployeeRecord& record, const Department& department) {
     EmployeeRow row;
     row.key = record.key;
     row.depNumber = department.CurrentDepNumber;
-    TakeTexts(row, record);
+    CopyTexts(row, record);
     row.wageOrSal = record.hourly ? -1 : 0;
     row.active = record.active;
     row.laborType = LaborCodes[static_cast<std::size_t>(std::max(0, record.laborOption))];

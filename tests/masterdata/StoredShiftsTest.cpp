@@ -64,7 +64,7 @@ TEST_F(StoredShiftsTest, a_named_shift_is_in_the_list_and_in_the_file) {
 
 TEST_F(StoredShiftsTest, a_shift_needs_a_name) {
     test::SetBars(g, 1, {{20, 30}});
-    TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
+    CopyDayIntoShifts(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
     EXPECT_EQ(Add(""), SaveResult::Incomplete);
     EXPECT_EQ(Add("   "), SaveResult::Incomplete);
     EXPECT_EQ(store.prompt().Beeps(), 2);
@@ -73,7 +73,7 @@ TEST_F(StoredShiftsTest, a_shift_needs_a_name) {
 
 TEST_F(StoredShiftsTest, names_that_differ_in_case_alone_are_the_same) {
     Keep("Early", {{16, 48}});
-    TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
+    CopyDayIntoShifts(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
     ExpectNameInUse("Shift EARLY");
     EXPECT_EQ(Add(" EARLY "), SaveResult::InUse);
     EXPECT_EQ(store.prompt().Beeps(), 1);
@@ -82,7 +82,7 @@ TEST_F(StoredShiftsTest, names_that_differ_in_case_alone_are_the_same) {
 
 TEST_F(StoredShiftsTest, twenty_can_be_added) {
     for (int n = 1; n <= 20; ++n) Keep("Shift " + std::to_string(100 + n), {{n, n + 8}});
-    TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
+    CopyDayIntoShifts(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
     store.prompt().Expect("Twenty shifts are stored, which is the most.\nDelete one first.", 0,
                           "Stored shifts");
     EXPECT_EQ(Add("One more"), SaveResult::Refused);
@@ -92,7 +92,7 @@ TEST_F(StoredShiftsTest, twenty_can_be_added) {
 TEST_F(StoredShiftsTest, a_day_without_a_bar_of_its_own_is_never_stored) {
     g.department.DayCutoffQuarters = 16;
     test::SetBars(g, 1, {{96 + 96 + 4, 96 + 96 + 12}}); // a night that begins behind Monday's midnight
-    TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
+    CopyDayIntoShifts(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
     store.prompt().Expect("No time begins on this day. There is nothing to store.", 0, "Stored shifts");
     EXPECT_EQ(Add("Night"), SaveResult::Refused);
     EXPECT_FALSE(fs::exists(store.folder / "1.SFT"));
@@ -175,7 +175,7 @@ class SharedShiftsTest : public StoredShiftsTest {
     }
     void Wait(const BarList& bars) {
         test::SetBars(g, 1, bars);
-        TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
+        CopyDayIntoShifts(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
     }
 
     Shifts theirs;

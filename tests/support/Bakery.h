@@ -52,7 +52,7 @@ class PlannedBakery : public testing::Test {
         g.cursor.CurrentDay = day;
         SumDay(WritableWeek(g), PayrollOf(g), day);
     }
-    void Take() { TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts); }
+    void Take() { CopyDayIntoShifts(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts); }
     /// Takes bars of the first person's Monday as a shift, which `keep` stores, and leaves the week as it
     /// was.
     template <typename Keep>

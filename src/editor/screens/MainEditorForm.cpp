@@ -185,7 +185,7 @@ void MainEditorForm::PickShift() {
 }
 
 void MainEditorForm::StoreShift() {
-    TakeShiftFromDay(g_.week, g_.cursor.CurrentEmployee, g_.cursor.CurrentDay, g_.shifts);
+    CopyDayIntoShifts(g_.week, g_.cursor.CurrentEmployee, g_.cursor.CurrentDay, g_.shifts);
     screens_.Open(ShiftsRequest{ListRequest::Add, g_.cursor.CurrentEmployee, g_.cursor.CurrentDay}, *this);
     g_.clipboard.ClipFull = false;
     FocusRow(g_.cursor.CurrentRow);

@@ -14,7 +14,7 @@ bool DayIsFree(const Week& week, int e, DayWindow day) {
 
 } // namespace
 
-void TakeShiftFromDay(const Week& week, int e, int day, Shifts& shifts) {
+void CopyDayIntoShifts(const Week& week, int e, int day, Shifts& shifts) {
     if (shifts.ShiftCount >= MostShifts) return;
     const int slot = shifts.ShiftCount + 1;
     const int midnight = (day - 1) * QuartersPerDay;

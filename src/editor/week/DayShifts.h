@@ -7,7 +7,7 @@ namespace tvx {
 
 /// Puts the bars of an employee that start on a day, midnight to midnight, into the slot behind the last
 /// shift, as quarters after that midnight. The count rises when the shift is named and saved.
-void TakeShiftFromDay(const Week& week, int employee, int day, Shifts& shifts);
+void CopyDayIntoShifts(const Week& week, int employee, int day, Shifts& shifts);
 
 /// What came of pasting a shift.
 enum class PasteResult {

@@ -39,7 +39,7 @@ void NameWeek(Week& week, DaySerial firstSerial, int depNumber, const std::strin
     for (int d = 1; d <= 7; ++d) week.WeekDateTexts[d] = DateText(firstSerial + d - 1, dateFormat, region);
 }
 
-void TakeEmployee(Week& week, const Payroll& payroll, int e,
+void FillEmployee(Week& week, const Payroll& payroll, int e,
                   const std::array<StoredDay, DaysInSpan + 1>& days, bool dropDaysOff) {
     bool scheduled = false;
     ClearWeekGrid(week);
@@ -62,7 +62,7 @@ void TakeEmployee(Week& week, const Payroll& payroll, int e,
     AddEmployeeToTotals(week, payroll, e, 1);
 }
 
-void TakeFigures(const DepartmentDayRow& row, int d, DepartmentFigures& figures) {
+void FillFigures(const DepartmentDayRow& row, int d, DepartmentFigures& figures) {
     figures.DailySales[d] = row.sales;
     figures.DailyTransactions[d] = row.transactions;
     figures.DayMemoText[d] = row.remarks;
@@ -82,7 +82,7 @@ std::optional<DepartmentDayRow> FiguresOf(const GlobalState& g, int d) {
 void ReadFigures(GlobalState& g) {
     if (g.roster.AllDepartmentsMode) return;
     for (int d = 1; d < DaysInSpan; ++d)
-        if (const auto row = FiguresOf(g, d)) TakeFigures(*row, d, g.figures);
+        if (const auto row = FiguresOf(g, d)) FillFigures(*row, d, g.figures);
     SumFigures(g.figures, g.totals);
 }
 
@@ -99,7 +99,7 @@ void LoadWeek(GlobalState& g, Ports& ports, DaySerial firstSerial, bool dropDays
     week.SummedDay = g.cursor.CurrentDay;
     for (int row = 1; row <= g.roster.EmployeeCount; ++row) {
         const int e = g.roster.EmployeeRowIndex[row];
-        TakeEmployee(week, PayrollOf(g), e, stored[e], dropDaysOff);
+        FillEmployee(week, PayrollOf(g), e, stored[e], dropDaysOff);
     }
     week.IsLoaded = true;
     ReadProductivity(g.paths.ProgramPath, g.department.CurrentDepNumber, g.productivity);

@@ -36,8 +36,8 @@ std::optional<int> NumberOf(std::string_view text) {
     return whole && number >= 0 ? std::optional(number) : std::nullopt;
 }
 
-/// Takes what stands behind the last `mark` off a name, and the mark; "" when there is none.
-std::string_view TakeBehind(std::string_view& name, char mark) {
+/// Cuts what stands behind the last `mark` off a name, and the mark, and returns it; "" when there is none.
+std::string_view CutOffBehind(std::string_view& name, char mark) {
     const std::size_t at = name.rfind(mark);
     if (at == std::string_view::npos) return {};
     const std::string_view behind = name.substr(at + 1);
@@ -69,8 +69,8 @@ bool IsLeft(const fs::path& path, std::string_view begin) {
     const std::string whole = path.filename();
     auto name = WithoutEnd(whole);
     if (!name || !name->starts_with(begin) || !IsPlain(path)) return false;
-    const bool random = NumberOf(TakeBehind(*name, '-')).has_value();
-    const auto process = NumberOf(TakeBehind(*name, '-'));
+    const bool random = NumberOf(CutOffBehind(*name, '-')).has_value();
+    const auto process = NumberOf(CutOffBehind(*name, '-'));
     if (!random || !process) return false;
     const bool gone = name->ends_with("." + Host()) && kill(*process, 0) != 0 && errno == ESRCH;
     return gone || IsOlderThanADay(path);

@@ -17,7 +17,7 @@ namespace {
 constexpr int ReservedLines = 3;
 constexpr double LargestFont = 200; // points
 
-void TakeDefaults(ReportSettings& s) {
+void ResetToDefaults(ReportSettings& s) {
     s.font.size = ReportFont().size;
     s.font.bold = s.font.italic = false;
     s.ReportOrientation = 0;
@@ -52,7 +52,7 @@ void ReadReportSettings(const std::filesystem::path& file, ReportSettings& s) {
             statement();
         } catch (const std::exception&) { // the file's trouble, or that it could not be opened before
             if (!Trim(s.font.name).empty()) return;
-            TakeDefaults(s);
+            ResetToDefaults(s);
         }
     }
 }

@@ -124,12 +124,12 @@ int IndexByCommand(const GlobalState& g) {
     }
 }
 
-void TakeDepartment(Department& d, const DepartmentRow& row) {
+void FillDepartment(Department& d, const DepartmentRow& row) {
     ReadDepartment(row, d);
     ReadGenericNames(row, d);
 }
 
-void TakeDepartmentList(DepartmentList& list, const std::vector<DepartmentRow>& rows) {
+void FillDepartmentList(DepartmentList& list, const std::vector<DepartmentRow>& rows) {
     list.DepartmentCount = static_cast<int>(rows.size());
     list.DepNumbers.clear();
     list.DepNames.clear();
@@ -228,11 +228,11 @@ LoadResult LoadConsole(GlobalState& g, Ports& ports, ConsoleFace& face) {
 void RefreshDepartments(GlobalState& g, Ports& ports, ConsoleFace& face) {
     if (!g.rights.PasswordOk) return;
     const std::vector<DepartmentRow> rows = ReadDepartmentRows(g.store.Open());
-    TakeDepartmentList(g.departments, rows);
+    FillDepartmentList(g.departments, rows);
     int current = 0;
     if (!rows.empty()) {
         current = IndexByCommand(g);
-        TakeDepartment(g.department, rows[static_cast<std::size_t>(current)]);
+        FillDepartment(g.department, rows[static_cast<std::size_t>(current)]);
     } else {
         g.department = {};
     }
@@ -249,7 +249,7 @@ void ChooseDepartment(const Store& store, const DepartmentList& departments, Dep
         return row.name == departments.DepNames[index];
     });
     if (chosen == rows.end()) return; // another workstation renamed or deleted it
-    TakeDepartment(department, *chosen);
+    FillDepartment(department, *chosen);
     face.Combo1Index = index;
     face.Label2 = Framed(department.CurrentDepName);
 }

@@ -55,7 +55,7 @@ TEST_F(Pictures, of_every_screen) {
     test::TakePicture(daytypes, "Form22-change");
 
     test::SetBars(store.g, 1, {{96 + 36, 96 + 68}});
-    TakeShiftFromDay(store.g.week, 1, store.g.cursor.CurrentDay, store.g.shifts);
+    CopyDayIntoShifts(store.g.week, 1, store.g.cursor.CurrentDay, store.g.shifts);
     EXPECT_EQ(AddShift(store.g.paths, store.g.department, store.g.shifts, store.prompt(), "Morning, long"),
               SaveResult::Saved);
     qt::ShiftsForm shifts(store.g, store.ports(), {ListRequest::Add, 1, 1}, nullptr);

@@ -35,7 +35,7 @@ class ShiftsFormTest : public test::FormFixture<qt::ShiftsForm> {
         test::BarList week;
         for (const auto& [start, stop] : bars) week.emplace_back(start + 192, stop + 192);
         test::SetBars(g, 1, week);
-        TakeShiftFromDay(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
+        CopyDayIntoShifts(g.week, g.cursor.CurrentEmployee, g.cursor.CurrentDay, g.shifts);
         Open(30);
     }
     void Store(const std::string& name, const test::BarList& bars = {{36, 68}}) {
