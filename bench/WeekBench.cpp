@@ -12,6 +12,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <memory>
+#include <stdexcept>
 
 namespace tvx::bench {
 namespace {
@@ -154,6 +155,11 @@ class Department {
         return rows;
     }
 
+    /// To the dates of the week in memory.
+    void Save() {
+        if (!SaveWeek(store.g, store.ports(), store.gauge, [] {})) throw std::runtime_error("not saved");
+    }
+
     test::TestStore store;
     DaySerial week = 0;
     std::unique_ptr<Bare> bare;
@@ -173,13 +179,7 @@ void Load(const std::shared_ptr<Department>& d, const std::string& size) {
 
 void SaveUnchanged(const std::shared_ptr<Department>& d, const std::string& size) {
     Pair(
-        "SaveWeek unchanged/" + size,
-        [d] {
-            return Seconds([&] {
-                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian,
-                          0);
-            });
-        },
+        "SaveWeek unchanged/" + size, [d] { return Seconds([&] { d->Save(); }); },
         [d] {
             return Seconds([&] {
                 d->bare->Run("BEGIN IMMEDIATE");
@@ -196,10 +196,7 @@ void SaveFirst(const std::shared_ptr<Department>& d, const std::string& size) {
         "SaveWeek first/" + size,
         [d, next] {
             test::WritableWeek(d->store.g).WeekStartJulian = *next += 8;
-            const double seconds = Seconds([&] {
-                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian,
-                          0);
-            });
+            const double seconds = Seconds([&] { d->Save(); });
             test::WritableWeek(d->store.g).WeekStartJulian = d->week;
             return seconds;
         },
@@ -230,10 +227,7 @@ void SaveSome(const std::shared_ptr<Department>& d, const std::string& size) {
         "SaveWeek five in 100/" + size,
         [d, change] {
             change();
-            return Seconds([&] {
-                WriteWeek(d->store.db(), d->store.g.roster, d->store.g.week, d->store.g.week.WeekStartJulian,
-                          0);
-            });
+            return Seconds([&] { d->Save(); });
         },
         [d, change] {
             const auto before = d->RowsOfWeek();
