@@ -68,6 +68,12 @@ QVBoxLayout& Form::Column() {
     return *column;
 }
 
+QVBoxLayout& Form::ColumnIn(QBoxLayout& row) {
+    auto* column = new QVBoxLayout;
+    row.addLayout(column);
+    return *column;
+}
+
 QHBoxLayout& Form::Row(QBoxLayout& column) {
     auto* row = new QHBoxLayout;
     column.addLayout(row);
@@ -92,6 +98,15 @@ Label& Form::AddLabel(const char* name, const std::string& text, QBoxLayout& int
 QGridLayout& Form::Lines(QWidget& frame) {
     if (frame.layout() == nullptr) new QGridLayout(&frame);
     return *static_cast<QGridLayout*>(frame.layout());
+}
+
+QCheckBox& Form::AddCheck(const char* name, const std::string& caption, QWidget& frame, bool checked) {
+    auto& check = Add<QCheckBox>(name, caption, &frame);
+    check.setText(PlainCaption(caption));
+    check.setChecked(checked);
+    QGridLayout& grid = Lines(frame);
+    grid.addWidget(&check, grid.rowCount(), 0);
+    return check;
 }
 
 void Form::LayInColumns(const ControlArray<QRadioButton>& options, QWidget& frame, int columns) {

@@ -8,6 +8,7 @@
 
 #include <QAction>
 #include <QBoxLayout>
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QMenuBar>
 #include <QPointer>
@@ -103,6 +104,8 @@ class Form : public QWidget {
 
     /// Lays the face out as a column, with the margins and the spacing of every form.
     QVBoxLayout& Column();
+    /// A column behind what stands in a row.
+    static QVBoxLayout& ColumnIn(QBoxLayout& row);
     /// A row behind what stands in a column.
     static QHBoxLayout& Row(QBoxLayout& column);
     /// A titled frame behind what stands in a column or row. `hint` is that of SetHint, "" for none.
@@ -130,14 +133,16 @@ class Form : public QWidget {
     /// top; 0 leaves that to the caller.
     template <typename Answer>
     void AddOptions(Options<Answer>& options, const char* name, int first,
-                    const std::vector<const char*>& captions, QWidget& frame, int columns) {
+                    const std::vector<std::string>& captions, QWidget& frame, int columns) {
         int index = first;
-        for (const char* caption : captions) {
+        for (const std::string& caption : captions) {
             auto& option = Add(options, name, index++, caption, &frame);
-            option.setText(QString::fromUtf8(caption));
+            option.setText(PlainCaption(caption));
         }
         if (columns > 0) LayInColumns(options, frame, columns);
     }
+    /// A check box on a new line of a frame that is laid out by such lines.
+    QCheckBox& AddCheck(const char* name, const std::string& caption, QWidget& frame, bool checked = false);
     static void LayInColumns(const ControlArray<QRadioButton>& options, QWidget& frame, int columns);
     /// A button behind what stands in a row.
     QPushButton& AddButton(const char* name, const char* caption, QLayout& row, QWidget* parent = nullptr);

@@ -8,59 +8,67 @@ namespace {
 constexpr Twips Width = 6900; // room for the title
 constexpr Twips Height = 2700;
 constexpr Twips Margin = 245;
-constexpr Twips ColumnWidth = 1400;
-
-/// Left edge of a column of figures: 0 money, 1 hours, which ends at the margin.
-Twips LeftOf(int column) {
-    return Width - Margin - ColumnWidth - (1 - column) * 2000;
-}
+constexpr Twips Line = 270;        // the height of a text
+constexpr Twips HoursWidth = 2010; // of the last column, the gap before it included
 
 } // namespace
 
 TotalsForm::TotalsForm(const GlobalState& g, Ports& ports, Form* owner) : Form(ports, "Form15", owner) {
     setWindowTitle(QStringLiteral("Current weekly hours and compensation totals"));
-    setFixedSize(Pixels(Width), Pixels(Height));
-    PlaceControls(WeeklyTotalsBox(g));
-    CenterForm();
+    const TotalsBox box = WeeklyTotalsBox(g);
+    QVBoxLayout& column = Column();
+    column.setContentsMargins(Pixels(Margin), Pixels(180), Pixels(Margin), Pixels(Margin));
+    column.setSpacing(0);
+    BuildFigures(column, box);
+    column.addSpacing(Pixels(30));
+    BuildActive(column, box);
+    column.addStretch();
+    QHBoxLayout& row = Row(column);
+    row.addStretch();
+    QPushButton& close = AddCommand({"cmdCancel", "&Close", [this] { Unload(); }, Role::Default}, row);
+    close.setFixedSize(Pixels(1200), Pixels(390));
+    SetCancelButton(close);
+    FixSize(Width, Height);
 }
 
-void TotalsForm::PlaceControls(const TotalsBox& box) {
-    constexpr std::array<const char*, 4> rows{"", "Wages", "Salaries", "Total"};
-    constexpr std::array<const char*, 2> heads{"Compensation", "Hours"};
-    for (std::size_t c = 0; c < heads.size(); ++c) {
-        auto& head = Add<Label>("", heads[c]);
-        head.SetText(heads[c]);
-        head.SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        Place(head, LeftOf(static_cast<int>(c)), 180, ColumnWidth, 270);
+void TotalsForm::BuildFigures(QBoxLayout& column, const TotalsBox& box) {
+    constexpr std::array<const char*, 4> lines{"", "Wages", "Salaries", "Total"};
+    auto& grid = *new QGridLayout;
+    column.addLayout(&grid);
+    grid.setSpacing(0);
+    grid.setColumnStretch(0, 1);
+    grid.setColumnMinimumWidth(2, Pixels(HoursWidth));
+    grid.setRowMinimumHeight(0, Pixels(300));
+    AddText(grid, 0, 1, Add<Label>("", "Compensation"), "Compensation");
+    AddText(grid, 0, 2, Add<Label>("", "Hours"), "Hours");
+    for (int line = 1; line <= 3; ++line) {
+        const std::string what = lines.at(static_cast<std::size_t>(line));
+        grid.setRowMinimumHeight(line, Pixels(330));
+        AddText(grid, line, 0, Add<Label>("", what), what);
+        AddText(grid, line, 1, Add(Label2, "Label2", line, what + " compensation"), box.Label2[line]);
+        AddText(grid, line, 2, Add(Label3, "Label3", line, what + " hours"), box.Label3[line]);
     }
-    for (int r = 1; r <= 3; ++r) {
-        const Twips top = 150 + r * 330;
-        auto& name = Add<Label>("", rows[r]);
-        name.SetText(rows[r]);
-        Place(name, Margin, top, 1200, 270);
-        auto& money = Add(Label2, "Label2", r, std::string(rows[r]) + " compensation");
-        money.SetText(box.Label2[r]);
-        money.SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        Place(money, LeftOf(0), top, ColumnWidth, 270);
-        auto& hours = Add(Label3, "Label3", r, std::string(rows[r]) + " hours");
-        hours.SetText(box.Label3[r]);
-        hours.SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        Place(hours, LeftOf(1), top, ColumnWidth, 270);
-    }
-    auto& active = Add<Label>("Active", "Active");
-    active.SetText(box.activeCaption);
-    const Twips captionWidth = ToTwips(active.fontMetrics().horizontalAdvance(active.text())) + 60;
-    Place(active, Margin, 1502, captionWidth, 270);
-    auto& count = Add<Label>("ActiveCount", "Active");
-    count.SetText(box.activeCount);
+}
+
+/// Column 0 says what the figures of a line are.
+void TotalsForm::AddText(QGridLayout& grid, int line, int column, Label& label, const std::string& text) {
+    label.SetText(text);
+    if (column > 0) label.SetAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    label.setFixedHeight(Pixels(Line));
+    grid.addWidget(&label, line, column, Qt::AlignTop);
+}
+
+void TotalsForm::BuildActive(QBoxLayout& column, const TotalsBox& box) {
+    QHBoxLayout& row = Row(column);
+    row.setSpacing(Pixels(60));
+    Label& caption = AddLabel("Active", box.activeCaption, row);
+    Label& count = AddLabel("ActiveCount", box.activeCount, row);
     count.SetColours(QBColor(9), std::nullopt);
-    Place(count, Margin + captionWidth, 1502, 900, 270);
-    cmdCancel = &Add<QPushButton>("cmdCancel", "Close");
-    cmdCancel->setText(QStringLiteral("&Close"));
-    Place(*cmdCancel, Width - Margin - 1200, Height - Margin - 390, 1200, 390);
-    On(*cmdCancel, &QPushButton::clicked, [this] { Unload(); });
-    SetDefaultButton(*cmdCancel);
-    SetCancelButton(*cmdCancel);
+    for (Label* label : {&caption, &count}) {
+        label->setAccessibleName(QStringLiteral("Active"));
+        label->setFixedHeight(Pixels(Line));
+    }
+    row.addStretch();
 }
 
 } // namespace tvx::qt

@@ -12,11 +12,12 @@ class TotalsForm : public Form {
     TotalsForm(const GlobalState& g, Ports& ports, Form* owner);
 
   private:
-    void PlaceControls(const TotalsBox& box);
+    void BuildFigures(QBoxLayout& column, const TotalsBox& box);
+    void AddText(QGridLayout& grid, int line, int column, Label& label, const std::string& text);
+    void BuildActive(QBoxLayout& column, const TotalsBox& box);
 
     ControlArray<Label> Label2; // 1 wages, 2 salaries, 3 both
     ControlArray<Label> Label3; // 1 hours on wages, 2 hours on salary, 3 both
-    QPushButton* cmdCancel = nullptr;
 };
 
 } // namespace tvx::qt

@@ -167,7 +167,7 @@ void EmployeeForm::BuildKinds(QVBoxLayout& column) {
 /// The options of a frame, two in a column, each with a tip.
 void EmployeeForm::BuildKind(Options<int>& options, const char* name, int first,
                              const std::vector<std::array<const char*, 2>>& kinds, Frame& frame) {
-    std::vector<const char*> captions;
+    std::vector<std::string> captions;
     for (const auto& kind : kinds) captions.push_back(kind[0]);
     AddOptions(options, name, first, captions, frame, static_cast<int>(captions.size()) / 2);
     for (const auto& [index, option] : options) {

@@ -5,7 +5,6 @@
 #include "reports/schedules/Schedules.h"
 #include "shell/common/Conversions.h"
 
-#include <QGridLayout>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -44,68 +43,56 @@ ScheduleForm::ScheduleForm(GlobalState& g, Ports& ports, Printer& printer, const
     options_.BreakThreshold = 0;
     options_.NameOption = std::min(options_.NameOption, 4);
     BuildOptions();
-    auto& html = AddButton("cmdPreviewHTML", "Preview HT&ML");
-    auto& save = AddButton("cmdSaveHTML", "&Save HTML");
-    auto& helpButton = AddButton("cmdHelp", "&Help");
-    On(html, &QPushButton::clicked, [this] { PreviewHtml(); });
-    On(save, &QPushButton::clicked, [this] {
-        EnterHtml();
-        SaveHtml();
-        HtmlMode = false;
-    });
-    SetHelpButton(helpButton);
-    On(helpButton, &QPushButton::clicked, [this] { ports_.help.ShowTopic(help::Schedules); });
+    AddCommands({{"cmdPreviewHTML", "Preview HT&ML", [this] { PreviewHtml(); }},
+                 {"cmdSaveHTML", "&Save HTML", [this] { SaveAsHtml(); }},
+                 {"cmdHelp", "&Help", [this] { ports_.help.ShowTopic(help::Schedules); }, Role::Help}});
     FinishLayout(IsSelected() ? "Printing schedules for selected " + g_.department.EmployeeNamePlural
                               : "Include in schedule");
 }
 
+/// Three frames beside each other, and what differs by the kind beside them; picked people take all the
+/// height.
 void ScheduleForm::BuildOptions() {
-    auto* grid = new QGridLayout(&Options());
-    grid->setContentsMargins(0, 0, 0, 0);
-    BuildNames(*grid);
-    BuildOther(*grid);
-    BuildBreaks(*grid);
-    BuildWho(*grid);
-    BuildLastStop(*grid);
-    BuildPicking(*grid);
+    auto& row = *new QHBoxLayout(&Options());
+    row.setContentsMargins(0, 0, 0, IsSelected() ? 0 : row.spacing());
+    QVBoxLayout& left = ColumnIn(row);
+    QHBoxLayout& frames = Row(left);
+    BuildNames(frames);
+    BuildOther(frames);
+    AddBreaks("Frame3D3", "Lunch ", frames);
+    QVBoxLayout& right = ColumnIn(row);
+    right.setSpacing(0); // a frame begins with its title
+    AddWhoToPrint("Frame3D4", " Who to print ", g_.department.EmployeeNamePlural, right)
+        .setVisible(!IsSelected());
+    BuildLastStop(IsSelected() ? left : right);
+    if (IsSelected()) left.setStretch(1, 1); // the list is higher than both
+    BuildPicking(right);
 }
 
-void ScheduleForm::BuildNames(QGridLayout& grid) {
-    auto& frame = AddChoice(Option3D1, "Option3D1", {"frame3D1", "Name", "Print name and..."},
-                            {"Name only", "Assignment", g_.department.EmployeeNameSingle + " ID",
-                             "Phone number", "Soc.Sec.Nbr.", "Save space"},
-                            0, options_.NameOption);
-    grid.addWidget(&frame, 0, 0, 2, 1);
+void ScheduleForm::BuildNames(QBoxLayout& row) {
+    AddChoice(Option3D1, "Option3D1", 0,
+              {"Name only", "Assignment", g_.department.EmployeeNameSingle + " ID", "Phone number",
+               "Soc.Sec.Nbr.", "Save space"},
+              AddFrame("frame3D1", "Print name and...", row), options_.NameOption);
 }
 
-void ScheduleForm::BuildOther(QGridLayout& grid) {
-    auto& frame = AddChecks({"Frame3D2", "Other options", "Other print options.."});
+void ScheduleForm::BuildOther(QBoxLayout& row) {
+    Frame& frame = AddFrame("Frame3D2", "Other print options..", row);
     AddTotals(frame, !g_.rights.HideWages);
-    Check3D5 = &AddCheck(frame, "Check3D5", "Print time bars (Not on HTML)", options_.PrintTimeBars);
-    SSCheck1 = &AddCheck(frame, "SSCheck1", "Print day comments", options_.PrintDayComments);
-    Check3D4 = &AddCheck(frame, "Check3D4", "Productivity summary", false);
+    Check3D5 = &AddCheck("Check3D5", "Print time bars (Not on HTML)", frame, options_.PrintTimeBars);
+    SSCheck1 = &AddCheck("SSCheck1", "Print day comments", frame, options_.PrintDayComments);
+    Check3D4 = &AddCheck("Check3D4", "Productivity summary", frame);
+    KeepAtTop(frame);
     Check3D5->setVisible(IsShort());
     SSCheck1->setVisible(IsShort());
     Check3D4->setVisible(IsShort() && HasFigures(g_.figures));
     On(*Check3D5, &QCheckBox::toggled, [this](bool on) { options_.PrintTimeBars = on; });
     On(*SSCheck1, &QCheckBox::toggled, [this](bool on) { options_.PrintDayComments = on; });
-    grid.addWidget(&frame, 0, 1, 2, 1);
 }
 
-void ScheduleForm::BuildBreaks(QGridLayout& grid) {
-    grid.addWidget(&AddBreaks({"Frame3D3", "Breaks", "Lunch "}), 0, 2, 2, 1);
-}
-
-void ScheduleForm::BuildWho(QGridLayout& grid) {
-    auto& frame = AddWhoToPrint({"Frame3D4", "Who", " Who to print "}, g_.department.EmployeeNamePlural);
-    frame.setVisible(!IsSelected());
-    grid.addWidget(&frame, 0, 3);
-}
-
-void ScheduleForm::BuildLastStop(QGridLayout& grid) {
-    auto& frame = Add<Frame>("Frame3", "Last stop time", &Options());
-    frame.SetTitle("Last stop time of the day ");
-    auto* row = new QHBoxLayout(&frame);
+void ScheduleForm::BuildLastStop(QBoxLayout& column) {
+    Frame& frame = AddFrame("Frame3", "Last stop time of the day ", column);
+    auto& row = *new QHBoxLayout(&frame);
     // The box for the word lies over the gap in the caption.
     const char* caption = "Print                  for the last           stop time of the day";
     ckbLastStop = &Add<QCheckBox>("ckbLastStop", caption, &frame);
@@ -113,27 +100,23 @@ void ScheduleForm::BuildLastStop(QGridLayout& grid) {
     txtOpen = &Add<TextBox>("txtOpen", "Word for the last stop time", &frame);
     txtOpen->SetText(" Open");
     txtOpen->setMaximumWidth(Pixels(900));
-    auto& rest = Add<Label>("", "", &frame);
+    row.addWidget(ckbLastStop);
+    row.addWidget(txtOpen);
+    Label& rest = AddLabel("", "for the last\nstop time of the day", row, &frame);
     rest.setWordWrap(true);
-    rest.SetText("for the last\nstop time of the day");
-    row->addWidget(ckbLastStop);
-    row->addWidget(txtOpen);
-    row->addWidget(&rest, 1);
-    grid.addWidget(&frame, IsSelected() ? 2 : 1, IsSelected() ? 0 : 3, 1, IsSelected() ? 3 : 1);
+    row.setStretchFactor(&rest, 1);
 }
 
-void ScheduleForm::BuildPicking(QGridLayout& grid) {
-    auto& frame = Add<Frame>("FrameList", "Selection", &Options());
-    frame.SetTitle("Select " + g_.department.EmployeeNamePlural + " to print");
-    auto* lines = new QVBoxLayout(&frame);
+void ScheduleForm::BuildPicking(QBoxLayout& column) {
+    Frame& frame = AddFrame("FrameList", "Select " + g_.department.EmployeeNamePlural + " to print", column);
+    auto& lines = *new QVBoxLayout(&frame);
     List1 = &Add<QListWidget>("List1", g_.department.EmployeeNamePlural, &frame);
     List1->setSelectionMode(QAbstractItemView::ExtendedSelection);
     List1->setUniformItemSizes(true);
     List1->setMinimumSize(Pixels(4200), Pixels(3000));
-    lines->addWidget(List1);
+    lines.addWidget(List1);
     FillList();
     frame.setVisible(IsSelected());
-    grid.addWidget(&frame, 0, 3, 3, 1);
 }
 
 void ScheduleForm::FillList() {
@@ -207,6 +190,12 @@ void ScheduleForm::PreviewHtml() {
 void ScheduleForm::PrintFromPreview() {
     if (!HtmlMode) return OptionFrames::PrintFromPreview();
     SaveHtml();
+}
+
+void ScheduleForm::SaveAsHtml() {
+    EnterHtml();
+    SaveHtml();
+    HtmlMode = false;
 }
 
 void ScheduleForm::SaveHtml() {

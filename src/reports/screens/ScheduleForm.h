@@ -8,8 +8,6 @@
 
 #include <string>
 
-class QGridLayout;
-
 namespace tvx::qt {
 
 class ScheduleForm : public OptionFrames {
@@ -30,14 +28,13 @@ class ScheduleForm : public OptionFrames {
 
   private:
     void BuildOptions();
-    void BuildNames(QGridLayout& grid);
-    void BuildOther(QGridLayout& grid);
-    void BuildBreaks(QGridLayout& grid);
-    void BuildWho(QGridLayout& grid);
-    void BuildLastStop(QGridLayout& grid);
-    void BuildPicking(QGridLayout& grid);
+    void BuildNames(QBoxLayout& row);
+    void BuildOther(QBoxLayout& row);
+    void BuildLastStop(QBoxLayout& column);
+    void BuildPicking(QBoxLayout& column);
     void FillList();
     void PreviewHtml();
+    void SaveAsHtml();
     void SaveHtml();
     void EnterHtml();
     ScheduleRequest Request() const;

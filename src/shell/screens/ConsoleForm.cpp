@@ -23,8 +23,18 @@ namespace {
 constexpr Twips Width = 8350;
 constexpr Twips Height = 4100;
 constexpr Twips BannerHeight = 1900;
-constexpr Twips ButtonTop = 2500;
+constexpr Twips Margin = 705;
+constexpr Twips PromptTop = 2150;
+constexpr Twips LineHeight = 390;
+constexpr Twips ButtonsRight = 8010;
 constexpr Twips PrintedTop = 3000;
+
+/// A control that hides leaves its place empty.
+void KeepPlace(QWidget& control) {
+    QSizePolicy policy = control.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    control.setSizePolicy(policy);
+}
 
 } // namespace
 
@@ -34,7 +44,7 @@ ConsoleForm::ConsoleForm(GlobalState& g, Ports& ports, const Screens& screens)
     menus_ = std::make_unique<MenuRenderer>(
         Menus(), commands_.Entries("MenuBar"),
         Guarded([this](const std::string& command) { commands_.Choose(command); }));
-    PlaceControls();
+    Build();
     Connect();
 }
 
@@ -45,36 +55,61 @@ LoadResult ConsoleForm::Load() {
     return result;
 }
 
-void ConsoleForm::PlaceControls() {
+/// Under the banner a line that asks for a department or a password; the rest is printed text.
+void ConsoleForm::Build() {
+    QVBoxLayout& column = Column();
+    column.setContentsMargins(Pixels(Margin), Pixels(PromptTop), Pixels(Width - ButtonsRight), 0);
+    column.setSpacing(0);
+    Label1 = &AddLabel("Label1", "Type in password....  press Enter...", column);
+    Label1->setFixedHeight(Pixels(300));
+    KeepPlace(*Label1);
+    column.addSpacing(Pixels(60));
+    QHBoxLayout& row = Row(column);
+    row.setSpacing(0);
+    BuildDepartment(row);
+    BuildButtons(row);
+    column.addStretch();
+}
+
+void ConsoleForm::BuildDepartment(QBoxLayout& row) {
     Frame1 = &Add<QWidget>("Frame1", "Department");
-    Place(*Frame1, 705, 2200, 3500, 900);
+    auto& choice = *new QHBoxLayout(Frame1);
+    choice.setContentsMargins(0, 0, 0, 0);
     Label2 = &Add<Label>("Label2", "Department", Frame1);
     Label2->SetAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    Place(*Label2, 0, 300, 3500, 390);
+    Label2->setFixedSize(Pixels(3500), Pixels(LineHeight));
     Combo1 = &Add<QComboBox>("Combo1", "Department", Frame1);
-    Place(*Combo1, 0, 300, 3300, 390);
-    Label1 = &Add<Label>("Label1", "");
-    Label1->SetText("Type in password....  press Enter...");
-    Place(*Label1, 705, 2150, 3500, 300);
+    Combo1->setFixedSize(Pixels(3300), Pixels(LineHeight));
+    choice.addWidget(Label2);
+    choice.addWidget(Combo1);
+    choice.addStretch();
     Text3 = &Add<TextBox>("Text3", "Password");
     Text3->setEchoMode(QLineEdit::Password);
     Text3->SetTypingLimit(12);
-    Place(*Text3, 705, ButtonTop, 2400, 390);
-    cmdSchedule = &Add<QPushButton>("cmdSchedule", ""); // its caption names it
-    Place(*cmdSchedule, 4400, ButtonTop, 2490, 390);
-    cmdExit = &Add<QPushButton>("cmdExit", "Exit");
-    cmdExit->setText(ToQString(commands_["cmdExit"].caption));
-    Place(*cmdExit, 7010, ButtonTop, 1000, 390);
+    Text3->setFixedSize(Pixels(2400), Pixels(LineHeight));
+    row.addWidget(Frame1);
+    row.addWidget(Text3);
+    row.addStretch();
+}
+
+void ConsoleForm::BuildButtons(QBoxLayout& row) {
     QFont small = font();
     small.setPointSizeF(8.25); // the caption carries a department's name
-    cmdSchedule->setFont(small);
-    cmdExit->setFont(small);
+    const auto add = [&](const char* name, Twips width) {
+        const std::string command = name;
+        QPushButton& button = AddCommand({name, "", [=, this] { commands_.Choose(command); }}, row);
+        button.setFixedSize(Pixels(width), Pixels(LineHeight));
+        button.setFont(small);
+        return &button;
+    };
+    cmdSchedule = add("cmdSchedule", 2490); // its caption names it
+    row.addSpacing(Pixels(120));
+    cmdExit = add("cmdExit", 1000);
+    cmdExit->setText(ToQString(commands_["cmdExit"].caption));
     SetDefaultButton(*cmdSchedule);
 }
 
 void ConsoleForm::Connect() {
-    On(*cmdSchedule, &QPushButton::clicked, [this] { commands_.Choose("cmdSchedule"); });
-    On(*cmdExit, &QPushButton::clicked, [this] { commands_.Choose("cmdExit"); });
     On(*Combo1, &QComboBox::activated, [this](int index) { ChooseFromCombo(index); });
     Text3->rule = PromptKey;
     Text3->onRefused = [this](int) { ports_.prompt.Beep(); };
@@ -235,8 +270,8 @@ void ConsoleForm::paintEvent(QPaintEvent*) {
     int y = top + Pixels(PrintedTop) + painter.fontMetrics().ascent();
     for (const std::string& line : model_.printed) {
         const QString shown =
-            painter.fontMetrics().elidedText(ToQString(line), Qt::ElideMiddle, Pixels(Width - 2 * 705));
-        painter.drawText(Pixels(705), y, shown);
+            painter.fontMetrics().elidedText(ToQString(line), Qt::ElideMiddle, Pixels(Width - 2 * Margin));
+        painter.drawText(Pixels(Margin), y, shown);
         y += painter.fontMetrics().height();
     }
 }

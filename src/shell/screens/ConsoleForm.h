@@ -29,7 +29,9 @@ class ConsoleForm : public Form, private ConsoleActions {
     void paintEvent(QPaintEvent* event) override;
 
   private:
-    void PlaceControls();
+    void Build();
+    void BuildDepartment(QBoxLayout& row);
+    void BuildButtons(QBoxLayout& row);
     void Connect();
     void ShowFace();
     void ShowScheduleCaption(const QString& caption);

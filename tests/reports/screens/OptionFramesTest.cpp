@@ -15,12 +15,12 @@ class PeopleForm : public qt::OptionFrames {
         : OptionFrames(g.reports.options, ports, printer, {g.reports.settings, std::nullopt}, "FormPeople",
                        nullptr) {
         auto* row = new QHBoxLayout(&Options());
-        row->addWidget(&AddListingOrder({"Frame3D1", "Order", "Listing order"}, ListingOrder));
-        row->addWidget(&AddBreaks({"SSFrame3", "Breaks", "Lunch "}));
-        row->addWidget(&AddWhoToPrint({"Frame3D4", "Who", " Who to print "}, "Employees"));
-        auto& totals = AddChecks({"SSFrame4", "Other options", "Other print options.."});
+        AddListingOrder("Frame3D1", "Listing order", ListingOrder, *row);
+        AddBreaks("SSFrame3", "Lunch ", *row);
+        AddWhoToPrint("Frame3D4", " Who to print ", "Employees", *row);
+        qt::Frame& totals = AddFrame("SSFrame4", "Other print options..", *row);
         AddTotals(totals, !g.rights.HideWages);
-        row->addWidget(&totals);
+        KeepAtTop(totals);
         FinishLayout("People");
     }
     int ListingOrder = 1;

@@ -20,23 +20,20 @@ ReportForm::ReportForm(Ports& ports, Printer& printer, DeskSettings settings, co
     BuildFontAndPaper();
     buttons_ = &Add<QWidget>("Buttons", "");
     (new QHBoxLayout(buttons_))->setContentsMargins(0, 0, 0, 0);
-    cmdPreview = &AddButton("cmdPreview", "Pre&view");
-    cmdPrint = &AddButton("cmdPrint", "&Print");
-    On(*cmdPreview, &QPushButton::clicked, [this] { ShowPreview(); });
-    On(*cmdPrint, &QPushButton::clicked, [this] {
-        BackToPaper();
-        Desk().Print();
-    });
+    AddCommands({{"cmdPreview", "Pre&view", [this] { ShowPreview(); }}, {"cmdPrint", "&Print", [this] {
+                                                                             BackToPaper();
+                                                                             Desk().Print();
+                                                                         }}});
 }
 
-QPushButton& ReportForm::AddButton(const char* name, const char* caption) {
-    return Form::AddButton(name, caption, *buttons_->layout(), buttons_);
+void ReportForm::AddCommands(const std::vector<ButtonCommand>& commands) {
+    auto& row = static_cast<QBoxLayout&>(*buttons_->layout());
+    for (const ButtonCommand& command : commands) AddCommand(command, row, buttons_);
 }
 
 void ReportForm::FinishLayout(const std::string& title) {
     title_ = title;
-    cmdCancel = &AddButton("cmdCancel", "&Cancel");
-    On(*cmdCancel, &QPushButton::clicked, [this] { Unload(); });
+    AddCommands({{"cmdCancel", "&Cancel", [this] { Unload(); }, Role::Cancel}});
     OrderTabs();
     options_->adjustSize();
     const QSize wanted = options_->sizeHint();
@@ -75,7 +72,7 @@ void ReportForm::PlaceNormal() {
     buttons_->setGeometry(normalSize_.width() - buttons.width() - Pixels(Gap), Pixels(top + 480),
                           buttons.width(), buttons.height());
     Place(WrittenLine(), Gap, ToTwips(normalSize_.height()), width - 2 * Gap, WrittenHeight - Gap);
-    SetCancelButton(*cmdCancel);
+    SetCancelButton(*Find<QPushButton>("cmdCancel")); // the preview has one of its own
     CenterForm();
 }
 

@@ -17,8 +17,8 @@ class ReportForm : public ReportScreen {
 
     /// Where the form's own option frames stand. Call FinishLayout when they are there.
     QWidget& Options() { return *options_; }
-    /// A button beside cmdPreview and cmdPrint.
-    QPushButton& AddButton(const char* name, const char* caption);
+    /// Buttons beside cmdPreview and cmdPrint.
+    void AddCommands(const std::vector<ButtonCommand>& commands);
     void FinishLayout(const std::string& title);
 
   private:
@@ -28,9 +28,6 @@ class ReportForm : public ReportScreen {
     QSize normalSize_;
     QWidget* options_ = nullptr;
     QWidget* buttons_ = nullptr; // cmdPreview, cmdPrint, cmdCancel and the form's own
-    QPushButton* cmdPreview = nullptr;
-    QPushButton* cmdPrint = nullptr;
-    QPushButton* cmdCancel = nullptr;
 };
 
 } // namespace tvx::qt

@@ -79,13 +79,11 @@ void ReportScreen::BuildFont() {
     Picture1 = &Add<PictureBox>("Picture1", "Sample of the font", Frame1);
     Picture1->setMinimumSize(Pixels(1800), Pixels(390));
     Picture1->onPaint = [this](QPainter& painter, const QRegion&) { PaintSample(painter); };
-    cmdFont = &Add<QPushButton>("cmdFont", "Font", Frame1);
-    cmdFont->setText(QStringLiteral("&Font..."));
     row->addWidget(Picture1, 1);
-    row->addWidget(cmdFont);
-    On(*cmdFont, &QPushButton::clicked, [this] {
+    const auto choose = [this] {
         if (desk_.ChooseFont()) Picture1->update();
-    });
+    };
+    cmdFont = &AddCommand({"cmdFont", "&Font...", choose, Role::Aside}, *row, Frame1);
 }
 
 void ReportScreen::BuildPaper() {
@@ -93,13 +91,11 @@ void ReportScreen::BuildPaper() {
     Frame2->SetTitle("Paper Orientation ");
     auto* row = new QHBoxLayout(Frame2);
     row->setContentsMargins(Pixels(90), Pixels(60), Pixels(90), Pixels(60));
-    const char* captions[] = {"Portrait", "Landscape"};
-    for (int i = 0; i < 2; ++i) {
-        auto& option = Add(optOrient, "optOrient", i, captions[i], Frame2);
-        option.setText(QLatin1String(captions[i]));
-        option.setChecked(i == desk_.Settings().ReportOrientation);
-        row->addWidget(&option);
-        On(option, &QRadioButton::clicked, [=, this] { desk_.ChooseOrientation(i); });
+    AddOptions(optOrient, "optOrient", 0, {"Portrait", "Landscape"}, *Frame2, 0);
+    optOrient.Choose(desk_.Settings().ReportOrientation);
+    for (const auto& [index, option] : optOrient) {
+        row->addWidget(option);
+        On(*option, &QRadioButton::clicked, [this, number = index] { desk_.ChooseOrientation(number); });
     }
 }
 

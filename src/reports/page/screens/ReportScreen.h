@@ -46,7 +46,7 @@ class ReportScreen : public Form, protected Report {
     Frame* Frame1 = nullptr; // font
     Frame* Frame2 = nullptr; // paper
     QPushButton* cmdFont = nullptr;
-    ControlArray<QRadioButton> optOrient; // 0 portrait, 1 landscape
+    Options<> optOrient; // 0 portrait, 1 landscape
 
     void paintEvent(QPaintEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
