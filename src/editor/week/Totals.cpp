@@ -65,23 +65,16 @@ std::string DayLaborPercent(const GlobalState& g, double cost, double sales) {
     return Ratio(cost, sales / 100);
 }
 
-std::string WeekLaborPercent(const GlobalState& g, Wage cost) {
-    return g.rights.HideWages ? "" : Ratio(cost.Amount(), g.totals.SalesTotal / 100);
+std::string WeekLaborPercent(const GlobalState& g, double cost) {
+    return g.rights.HideWages ? "" : Ratio(cost, g.totals.SalesTotal / 100);
 }
 
-/// The day's share of the salaries is no whole part of money, so a day's cost is a real number.
 double DayCost(const GlobalState& g) {
-    double cost = g.productivity.LaborWages ? g.totals.TotalDayWages.Amount() : 0;
-    if (g.productivity.LaborSalary && g.totals.SalesDays > 0)
-        cost += g.TotalSalaries.Amount() / g.totals.SalesDays;
-    return cost;
+    return LaborCost(g.productivity, g.totals.TotalDayWages, g.TotalSalaries, g.totals.SalesDays);
 }
 
-Wage WeekCost(const GlobalState& g) {
-    Wage cost;
-    if (g.productivity.LaborWages) cost += g.totals.TotalWeekWages;
-    if (g.productivity.LaborSalary) cost += g.TotalSalaries;
-    return cost;
+double WeekCost(const GlobalState& g) {
+    return LaborCost(g.productivity, g.totals.TotalWeekWages, g.TotalSalaries, 1);
 }
 
 } // namespace
@@ -153,6 +146,13 @@ bool SumsAreRight(const Week& week, const Payroll& payroll) {
     SumWeek(counted, {payroll.roster, payroll.rights, fresh, payroll.cutoffQuarters}, week.SummedDay);
     return counted.DayQuarters == week.DayQuarters && counted.WeekQuarters == week.WeekQuarters &&
            fresh == payroll.totals;
+}
+
+double LaborCost(const Productivity& includes, Wage wages, Wage salaries, int days) {
+    const Wage paid = includes.LaborWages ? wages : Wage();
+    const Wage shared = includes.LaborSalary && days > 0 ? salaries : Wage();
+    if (days <= 1) return (paid + shared).Amount(); // of a week it is rounded once
+    return paid.Amount() + shared.Amount() / days;
 }
 
 void SumFigures(DepartmentFigures& figures, Totals& totals) {

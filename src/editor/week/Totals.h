@@ -51,6 +51,10 @@ void SumWeek(Week& week, const Payroll& payroll, int day);
 /// True when quarters and sums are what a full count gives. Counts on a copy.
 bool SumsAreRight(const Week& week, const Payroll& payroll);
 
+/// What labor costs: wages, and one of `days` equal shares of the salaries, each where it is included.
+/// Without days no salary counts. A share is no whole part of money, so a cost is a real number.
+double LaborCost(const Productivity& includes, Wage wages, Wage salaries, int days);
+
 /// The week's sales and transactions from those of its days, and whether there are any.
 void SumFigures(DepartmentFigures& figures, Totals& totals);
 

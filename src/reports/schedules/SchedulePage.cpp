@@ -1,5 +1,6 @@
 #include "reports/schedules/SchedulePage.h"
 
+#include "editor/week/Totals.h"
 #include "platform/basic/Format.h"
 #include "platform/basic/Number.h"
 #include "platform/basic/Text.h"
@@ -55,17 +56,12 @@ void AddProductivity(const Productivity& includes, const PrintedPerson& person, 
 }
 
 double DayCost(const PrintedProductivity& figures, const ScheduleSums& sums, int day) {
-    const double salaries = figures.SalesDays > 0 ? sums.SalaryCost.Amount() / figures.SalesDays : 0;
-    return sums.WageCost[day].Amount() + salaries;
+    return LaborCost(figures.includes, sums.WageCost[day], sums.SalaryCost, figures.SalesDays);
 }
 
 /// As on the screen: the week's wages and the whole salaries.
 double WeekCost(const SchedulePage& page, const ScheduleSums& sums) {
-    const Productivity& includes = page.productivity->includes;
-    Wage cost;
-    if (includes.LaborWages) cost += sums.PrintTotalWagesSum;
-    if (includes.LaborSalary && page.salaries) cost += *page.salaries;
-    return cost.Amount();
+    return LaborCost(page.productivity->includes, sums.PrintTotalWagesSum, page.salaries.value_or(Wage()), 1);
 }
 
 } // namespace

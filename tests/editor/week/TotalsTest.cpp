@@ -269,6 +269,20 @@ TEST_F(ProductivityTest, of_neither_has_no_hours_to_divide_by) {
     EXPECT_EQ(texts[3], " .00") << "the week has sales, and nothing that counts as cost";
 }
 
+TEST(LaborCost, counts_what_is_included_and_shares_out_salaries_alone) {
+    const Wage wages = Wage::Whole(Currency::FromAmount(120));
+    const Wage salaries = Wage::Whole(Currency::FromAmount(700));
+    const auto cost = [&](bool ofWages, bool ofSalaries, int days) {
+        return LaborCost({.LaborWages = ofWages, .LaborSalary = ofSalaries}, wages, salaries, days);
+    };
+    EXPECT_EQ(cost(true, true, 1), 820);
+    EXPECT_EQ(cost(true, true, 7), 220);
+    EXPECT_EQ(cost(true, true, 0), 120) << "without days there is nothing to share among";
+    EXPECT_EQ(cost(true, false, 7), 120);
+    EXPECT_EQ(cost(false, true, 7), 100);
+    EXPECT_EQ(cost(false, false, 7), 0);
+}
+
 TEST_F(ProductivityTest, chooses_hours_for_sales_and_for_transactions_apart) {
     Choose(true, false);
     g.productivity.TransWageHours = false;
