@@ -60,21 +60,23 @@ std::string Ratio(double amount, double by) {
     return by <= 0 ? "" : " " + Format(amount / by, ".00");
 }
 
-std::string DayLaborPercent(const GlobalState& g, double cost, double sales) {
-    if (g.rights.HideWages || g.totals.SalesTotal / 100 <= 0 || cost <= 0 || sales <= 0) return "";
-    return Ratio(cost, sales / 100);
+/// Absent while pay is hidden.
+std::optional<double> ShownCost(const GlobalState& g, Wage wages, int days) {
+    const auto shown = ShownPay(g.rights, wages);
+    const auto salaries = ShownPay(g.rights, g.TotalSalaries);
+    if (!shown || !salaries) return std::nullopt;
+    return LaborCost(g.productivity, *shown, *salaries, days);
 }
 
-std::string WeekLaborPercent(const GlobalState& g, double cost) {
-    return g.rights.HideWages ? "" : Ratio(cost, g.totals.SalesTotal / 100);
+std::string DayLaborPercent(const GlobalState& g, double sales) {
+    const auto cost = ShownCost(g, g.totals.TotalDayWages, g.totals.SalesDays);
+    if (!cost || g.totals.SalesTotal / 100 <= 0 || *cost <= 0 || sales <= 0) return "";
+    return Ratio(*cost, sales / 100);
 }
 
-double DayCost(const GlobalState& g) {
-    return LaborCost(g.productivity, g.totals.TotalDayWages, g.TotalSalaries, g.totals.SalesDays);
-}
-
-double WeekCost(const GlobalState& g) {
-    return LaborCost(g.productivity, g.totals.TotalWeekWages, g.TotalSalaries, 1);
+std::string WeekLaborPercent(const GlobalState& g) {
+    const auto cost = ShownCost(g, g.totals.TotalWeekWages, 1);
+    return cost ? Ratio(*cost, g.totals.SalesTotal / 100) : "";
 }
 
 } // namespace
@@ -148,6 +150,15 @@ bool SumsAreRight(const Week& week, const Payroll& payroll) {
            fresh == payroll.totals;
 }
 
+std::optional<Wage> ShownPay(const Rights& rights, Wage amount) {
+    return rights.HideWages ? std::nullopt : std::optional(amount);
+}
+
+std::string ShownPayText(const Rights& rights, Wage amount) {
+    const auto shown = ShownPay(rights, amount);
+    return shown ? Format(*shown, ".00") : "";
+}
+
 double LaborCost(const Productivity& includes, Wage wages, Wage salaries, int days) {
     const Wage paid = includes.LaborWages ? wages : Wage();
     const Wage shared = includes.LaborSalary && days > 0 ? salaries : Wage();
@@ -168,7 +179,10 @@ void SumFigures(DepartmentFigures& figures, Totals& totals) {
 }
 
 std::array<std::string, 4> TotalsTexts(const Totals& totals, const Rights& rights, TimeFormat style) {
-    const auto money = [&](Wage amount) { return rights.HideWages ? "" : " " + Format(amount, ".00"); };
+    const auto money = [&](Wage amount) {
+        const std::string text = ShownPayText(rights, amount);
+        return text.empty() ? text : " " + text;
+    };
     return {QuartersToText(totals.TotalDayQuarters, style), QuartersToText(totals.TotalWeekQuarters, style),
             money(totals.TotalDayWages), money(totals.TotalWeekWages)};
 }
@@ -182,11 +196,11 @@ std::array<std::string, 6> ProductivityTexts(const GlobalState& g) {
         return RatioHours(wage, wages, salary, salaries);
     };
     return {
-        DayLaborPercent(g, DayCost(g), daySales),
+        DayLaborPercent(g, daySales),
         Ratio(daySales, hours(t.WageDayQuarters, p.SalesWageHours, t.SalaryDayQuarters, p.SalesSalaryHours)),
         Ratio(dayTransactions,
               hours(t.WageDayQuarters, p.TransWageHours, t.SalaryDayQuarters, p.TransSalaryHours)),
-        WeekLaborPercent(g, WeekCost(g)),
+        WeekLaborPercent(g),
         Ratio(t.SalesTotal,
               hours(t.WageWeekQuarters, p.SalesWageHours, t.SalaryWeekQuarters, p.SalesSalaryHours)),
         Ratio(t.TransactionsTotal,
@@ -229,7 +243,7 @@ std::vector<HeadcountFigure> HeadcountFigures(const Week& week, const Grid& grid
 
 TotalsBox WeeklyTotalsBox(const GlobalState& g) {
     const TimeFormat style = g.application.options.TimeFormat;
-    const auto money = [&](Wage amount) { return g.rights.HideWages ? "" : Format(amount, ".00"); };
+    const auto money = [&](Wage amount) { return ShownPayText(g.rights, amount); };
     TotalsBox box;
     box.Label2 = {"", money(g.totals.TotalWeekWages), money(g.TotalSalaries),
                   money(g.totals.TotalWeekWages + g.TotalSalaries)};

@@ -4,6 +4,7 @@
 #include "shell/state/TVXGLOB.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 namespace tvx {
@@ -50,6 +51,10 @@ void SumWeek(Week& week, const Payroll& payroll, int day);
 
 /// True when quarters and sums are what a full count gives. Counts on a copy.
 bool SumsAreRight(const Week& week, const Payroll& payroll);
+
+/// An amount made of pay, and its text: absent, and "", while pay is hidden.
+std::optional<Wage> ShownPay(const Rights& rights, Wage amount);
+std::string ShownPayText(const Rights& rights, Wage amount);
 
 /// What labor costs: wages, and one of `days` equal shares of the salaries, each where it is included.
 /// Without days no salary counts. A share is no whole part of money, so a cost is a real number.
