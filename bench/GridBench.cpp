@@ -40,7 +40,7 @@ struct Editor {
     GlobalState& g() { return store.g; }
 
     test::TestStore store;
-    MainLanes lanes{store.g.grid, store.g.roster, store.g.cursor};
+    MainLanes lanes{store.grid, store.g.roster, store.g.cursor};
     BarDrag drag{lanes, store.g};
     LaneView view{lanes, drag, store.g};
     qt::Screens screens; // none: nothing is opened over it
@@ -65,14 +65,15 @@ Drawing LanesOf(const Editor& editor) {
 void FillRowsBare(QPainter& painter, const Editor& editor) {
     const GlobalState& g = editor.store.g;
     const test::ScriptedRegion region;
-    for (int row = 1; row <= g.grid.VisibleRows; ++row) {
+    for (int row = 1; row <= editor.store.grid.VisibleRows; ++row) {
         const int e = editor.lanes.At(row).employee;
         for (const char* name : {"Label10(", "Text1("}) {
             const auto* control = editor.form->Find<QWidget>(name + std::to_string(row) + ")");
             const QRect place(control->mapTo(editor.form.get(), QPoint(0, 0)), control->size());
             painter.fillRect(place, qt::ToColor(LightBlue));
-            const std::string text = name[0] == 'T' ? g.week.DayTypeText[g.cursor.CurrentDay][e]
-                                                    : ShowRowValues(g, e, region).single;
+            const std::string text = name[0] == 'T'
+                                         ? g.week.DayTypeText[g.cursor.CurrentDay][e]
+                                         : ShowRowValues(g, editor.store.grid.ShowOption, e, region).single;
             painter.drawText(place, Qt::AlignVCenter, qt::ToQString(text));
         }
     }
@@ -88,8 +89,8 @@ double FillBare(Editor& editor, QImage& image, const Drawing& lanes, const Drawi
             painter.fillRect(QRect(widget->mapTo(editor.form.get(), QPoint(0, 0)), widget->size()),
                              qt::ToColor(QBColor(8)));
         }
-        qt::PaintDrawing(painter, lanes, {editor.g().grid.GridLeft, 3000});
-        qt::PaintDrawing(painter, ruler, {editor.g().grid.GridLeft, 2000});
+        qt::PaintDrawing(painter, lanes, {editor.store.grid.GridLeft, 3000});
+        qt::PaintDrawing(painter, ruler, {editor.store.grid.GridLeft, 2000});
         FillRowsBare(painter, editor);
     });
 }
@@ -109,8 +110,8 @@ void SelectDayPair(const std::shared_ptr<Editor>& editor, const std::shared_ptr<
             const Drawing lanes = LanesOf(*editor);
             Drawing ruler;
             const auto widthOf = [](const std::string& text) { return static_cast<Twips>(text.size()) * 90; };
-            DrawHourRuler(editor->g().grid, 0, editor->g().application.options.ClockStyle, widthOf, ruler);
-            DrawTickMarks(editor->g().grid, ruler);
+            DrawHourRuler(editor->store.grid, 0, editor->g().application.options.ClockStyle, widthOf, ruler);
+            DrawTickMarks(editor->store.grid, ruler);
             return FillBare(*editor, *image, lanes, ruler);
         });
 }

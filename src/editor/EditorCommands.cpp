@@ -11,7 +11,8 @@ using Question = std::function<bool()>;
 /// The rows of the table: what is asked and done is told once here, for every place that offers it.
 class Table {
   public:
-    Table(const GlobalState& g, EditorActions& actions) : g_(g), actions_(actions) {}
+    Table(const GlobalState& g, const Grid& grid, EditorActions& actions)
+        : g_(g), grid_(grid), actions_(actions) {}
 
     Commands Menus() const;
     Commands Tools() const;
@@ -40,6 +41,7 @@ class Table {
     }
 
     const GlobalState& g_;
+    const Grid& grid_;
     EditorActions& actions_;
 };
 
@@ -133,12 +135,12 @@ Commands Table::HelpMenu() const {
          .parent = "gethelp",
          .caption = "Show availability",
          .run = Does(&EditorActions::ToggleAvailability),
-         .checked = [&g = g_] { return g.grid.AvailabilityShown; }},
+         .checked = [&grid = grid_] { return grid.AvailabilityShown; }},
         {.name = "LetSeeHeadcount",
          .parent = "gethelp",
          .caption = "Show headcount",
          .run = Does(&EditorActions::ToggleHeadcount),
-         .checked = [&g = g_] { return g.grid.HeadcountShown; }},
+         .checked = [&grid = grid_] { return grid.HeadcountShown; }},
     };
 }
 
@@ -182,9 +184,9 @@ Commands Table::Tools() const {
     save.offered = MaySchedule();
     Command availability =
         tool("Label18", "Availability", "Show availability", Does(&EditorActions::ToggleAvailability));
-    availability.checked = [&g = g_] { return g.grid.AvailabilityShown; };
+    availability.checked = [&grid = grid_] { return grid.AvailabilityShown; };
     Command headcount = tool("Label25", "Headcount", "Show headcount", Does(&EditorActions::ToggleHeadcount));
-    headcount.checked = [&g = g_] { return g.grid.HeadcountShown; };
+    headcount.checked = [&grid = grid_] { return grid.HeadcountShown; };
     return {
         {.name = "ToolStrip"},
         tool("Label7(0)", "\u25C4 Week", "Previous week", Does(&EditorActions::GoToWeek, -1)),
@@ -213,8 +215,8 @@ Commands Table::Line() const {
 
 } // namespace
 
-CommandTable EditorCommands(const GlobalState& g, EditorActions& actions) {
-    const Table table(g, actions);
+CommandTable EditorCommands(const GlobalState& g, const Grid& grid, EditorActions& actions) {
+    const Table table(g, grid, actions);
     Commands commands = table.Menus();
     Append(commands, table.Tools());
     Append(commands, table.Line());

@@ -25,9 +25,9 @@ class EditorActions : public LineActions {
     virtual void ShowHelp(int topic) = 0;
 };
 
-/// All commands, below `MenuBar`, `ToolStrip` and `Popup`. What makes no sense while all departments are
-/// shown is hidden then; what changes a schedule is closed to a person who may not. Both arguments must
-/// outlive the table.
-CommandTable EditorCommands(const GlobalState& g, EditorActions& actions);
+/// All commands of the editor of a grid, below `MenuBar`, `ToolStrip` and `Popup`. What makes no sense while
+/// all departments are shown is hidden then; what changes a schedule is closed to a person who may not. The
+/// arguments must outlive the table.
+CommandTable EditorCommands(const GlobalState& g, const Grid& grid, EditorActions& actions);
 
 } // namespace tvx

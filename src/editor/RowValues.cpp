@@ -70,8 +70,8 @@ std::array<Colour, 8> DaySquares(const Roster& roster, const Week& week, int e) 
     return squares;
 }
 
-std::string SingleText(const GlobalState& g, int e, const Region& region) {
-    switch (g.grid.ShowOption) {
+std::string SingleText(const GlobalState& g, int option, int e, const Region& region) {
+    switch (option) {
     case OptionDayTime:
         return TimeText(g.application.options, g.week.DayQuarters[e]);
     case OptionDayWages:
@@ -95,10 +95,10 @@ std::string SingleText(const GlobalState& g, int e, const Region& region) {
     }
 }
 
-void FillPair(const GlobalState& g, int e, RowValues& values) {
+void FillPair(const GlobalState& g, int option, int e, RowValues& values) {
     values.pair = true;
     values.align = Align::Right;
-    if (g.grid.ShowOption == OptionBothTimes) {
+    if (option == OptionBothTimes) {
         values.day = " " + TimeText(g.application.options, g.week.DayQuarters[e]);
         values.week = " " + TimeText(g.application.options, g.week.WeekQuarters[e]);
     } else {
@@ -109,8 +109,7 @@ void FillPair(const GlobalState& g, int e, RowValues& values) {
 
 /// Red marks overtime: of the day and of the week apart where both show, of either where one time or wage
 /// does.
-void ColourRowValues(const GlobalState& g, int e, RowValues& values) {
-    const int option = g.grid.ShowOption;
+void ColourRowValues(const GlobalState& g, int option, int e, RowValues& values) {
     const bool dayOver = IsOverDayLimit(g.week, g.application.options, e);
     const bool weekOver = IsOverWeekLimit(g.week, g.application.options, e);
     if (values.pair) {
@@ -155,17 +154,16 @@ void ChooseShowOption(Grid& grid, const Roster& roster, const Rights& rights, in
     if (CanShow(roster, rights, option)) grid.ShowOption = option;
 }
 
-RowValues ShowRowValues(const GlobalState& g, int e, const Region& region) {
+RowValues ShowRowValues(const GlobalState& g, int option, int e, const Region& region) {
     RowValues values;
-    const int option = g.grid.ShowOption;
     if (option == OptionBothTimes || option == OptionBothWages) {
-        FillPair(g, e, values);
+        FillPair(g, option, e, values);
     } else {
-        values.single = SingleText(g, e, region);
+        values.single = SingleText(g, option, e, region);
         values.align = option <= OptionWeekWages ? Align::Right : Align::Left;
         values.squares = option == OptionDaysScheduled;
     }
-    ColourRowValues(g, e, values);
+    ColourRowValues(g, option, e, values);
     return values;
 }
 

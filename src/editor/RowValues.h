@@ -44,7 +44,7 @@ struct RowValues {
     friend bool operator==(const RowValues&, const RowValues&) = default;
 };
 
-/// The value of an employee under the option shown.
-RowValues ShowRowValues(const GlobalState& g, int employee, const Region& region);
+/// The value of an employee under an option.
+RowValues ShowRowValues(const GlobalState& g, int option, int employee, const Region& region);
 
 } // namespace tvx

@@ -34,6 +34,7 @@ class EditorCommandsTest : public testing::Test {
   protected:
     using Texts = std::vector<std::string>;
     GlobalState g;
+    Grid grid{g.cursor.FirstQuarter};
     NotedActions actions;
 
     void SetUp() override {
@@ -43,7 +44,7 @@ class EditorCommandsTest : public testing::Test {
         g.cursor.CurrentEmployee = 1;
         for (int d = 1; d <= 7; ++d) test::WritableWeek(g).WeekDateTexts[d] = std::to_string(d) + "-Mar-2026";
     }
-    CommandTable Commands() { return EditorCommands(g, actions); }
+    CommandTable Commands() { return EditorCommands(g, grid, actions); }
     MenuEntry Entry(const std::string& name) { return Commands().Entry(name); }
 };
 
@@ -76,7 +77,7 @@ TEST_F(EditorCommandsTest, can_be_worked_by_keys_and_say_whether_they_are_on) {
         EXPECT_TRUE(Entry(toggle).toggles) << toggle;
         EXPECT_FALSE(Entry(toggle).checked) << toggle;
     }
-    g.grid.AvailabilityShown = true;
+    grid.AvailabilityShown = true;
     EXPECT_TRUE(Entry("LetSeeAvailability").checked);
     EXPECT_FALSE(Entry("SaveIt").toggles);
 }
@@ -210,9 +211,9 @@ TEST_F(EditorCommandsTest, mark_the_tools_that_are_on) {
         return names;
     };
     EXPECT_EQ(marked(), Texts{});
-    g.grid.AvailabilityShown = true;
+    grid.AvailabilityShown = true;
     EXPECT_EQ(marked(), Texts{"Label18"});
-    g.grid.HeadcountShown = true;
+    grid.HeadcountShown = true;
     EXPECT_EQ(marked(), (Texts{"Label18", "Label25"}));
 }
 

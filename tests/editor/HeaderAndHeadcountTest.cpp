@@ -1,6 +1,7 @@
 #include "editor/DayHeader.h"
 #include "editor/Headcount.h"
 #include "editor/lanes/GridView.h"
+#include "support/OpenGrid.h"
 #include "support/Quarters.h"
 #include "support/WeekWriter.h"
 
@@ -63,18 +64,19 @@ TEST_F(DayHeaderTest, the_title_names_the_week_or_the_people_of_all_departments)
 class HeadcountTest : public testing::Test {
   protected:
     GlobalState g;
+    Grid grid{g.cursor.FirstQuarter};
     Drawing drawing;
 
     void SetUp() override {
         test::MakeRoster(g, 3);
-        SetGridGeometry(g);
-        g.grid.QuarterWidth = Width;
-        g.grid.GridWidth = Width * 96;
+        test::OpenGrid(grid, g);
+        grid.QuarterWidth = Width;
+        grid.GridWidth = Width * 96;
     }
     void Show(Twips width) {
         drawing.Clear();
         ShowHeadcount(
-            g.grid, g.week, 1, 0, [=](const std::string&) { return width; }, drawing);
+            grid, g.week, 1, 0, [=](const std::string&) { return width; }, drawing);
     }
 };
 
@@ -82,7 +84,7 @@ TEST_F(HeadcountTest, shows_the_headcount_under_the_hours_when_it_is_asked_for) 
     test::SetBars(g, 1, {{36, 42}});
     Show(200);
     EXPECT_TRUE(drawing.boxes.empty() && drawing.texts.empty());
-    g.grid.HeadcountShown = true;
+    grid.HeadcountShown = true;
     Show(200);
     ASSERT_EQ(drawing.boxes.size(), 1U);
     EXPECT_EQ(drawing.boxes[0].box, (TwipsBox{0, 240, 9600, 480}));
@@ -92,7 +94,7 @@ TEST_F(HeadcountTest, shows_the_headcount_under_the_hours_when_it_is_asked_for) 
 }
 
 TEST_F(HeadcountTest, writes_every_second_or_third_hour_where_hours_are_narrow) {
-    g.grid.HeadcountShown = true;
+    grid.HeadcountShown = true;
     const auto between = [&](Twips width) {
         Show(width);
         return (drawing.texts[1].x - drawing.texts[0].x) / (4 * Width);
@@ -104,7 +106,7 @@ TEST_F(HeadcountTest, writes_every_second_or_third_hour_where_hours_are_narrow) 
 }
 
 TEST_F(HeadcountTest, leaves_a_headcount_away_that_would_stand_out_at_the_right) {
-    g.grid.HeadcountShown = true;
+    grid.HeadcountShown = true;
     const auto shown = [&](Twips width) {
         Show(width);
         return drawing.texts.size();

@@ -21,10 +21,7 @@ class RowValuesTest : public testing::Test {
         test::SetBars(g, 1, {{36, 70}, {132, 164}}); // 8.5 and 8 hours
         test::SetBars(g, 3, {{36, 68}});
     }
-    RowValues Values(int option, int e = 1) {
-        g.grid.ShowOption = option;
-        return ShowRowValues(g, e, region);
-    }
+    RowValues Values(int option, int e = 1) { return ShowRowValues(g, option, e, region); }
     std::string Single(int option, int e = 1) { return Values(option, e).single; }
     void SetLimits(int day, int week) {
         g.application.options.DayOvertime = day;
@@ -73,12 +70,13 @@ TEST_F(RowValuesTest, only_the_department_can_be_chosen_with_all_departments_sho
 }
 
 TEST_F(RowValuesTest, an_option_that_cannot_be_chosen_leaves_the_one_before) {
-    ChooseShowOption(g.grid, g.roster, g.rights, 3);
-    ChooseShowOption(g.grid, g.roster, g.rights, 7);
-    EXPECT_EQ(g.grid.ShowOption, 7);
+    Grid grid{g.cursor.FirstQuarter};
+    ChooseShowOption(grid, g.roster, g.rights, 3);
+    ChooseShowOption(grid, g.roster, g.rights, 7);
+    EXPECT_EQ(grid.ShowOption, 7);
     g.rights.HideWages = true;
-    ChooseShowOption(g.grid, g.roster, g.rights, 2);
-    EXPECT_EQ(g.grid.ShowOption, 7);
+    ChooseShowOption(grid, g.roster, g.rights, 2);
+    EXPECT_EQ(grid.ShowOption, 7);
 }
 
 // --- what a row shows -------------------------------------------------------------------------------------

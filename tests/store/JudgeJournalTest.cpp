@@ -2,7 +2,6 @@
 // and no other ever is.
 #include "store/JudgeJournal.h"
 
-#include "editor/lanes/GridView.h"
 #include "editor/week/LoadWeek.h"
 #include "editor/week/SaveWeek.h"
 #include "platform/dao/LeftJournal.h"
@@ -91,7 +90,6 @@ struct Start {
 
     bool OpenWeek() {
         if (result != LoadResult::Ready || !PrepareSchedule(g, script.ports)) return false;
-        SetGridGeometry(g);
         LoadWeek(g, script.ports, Sunday);
         return true;
     }

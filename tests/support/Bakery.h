@@ -20,7 +20,7 @@ class Bakery : public testing::Test {
   protected:
     TestStore store;
     GlobalState& g = store.g;
-    MainLanes lanes{g.grid, g.roster, g.cursor};
+    MainLanes lanes{store.grid, g.roster, g.cursor};
     BarDrag drag{lanes, g};
     int adams = 0;
     int brown = 0;

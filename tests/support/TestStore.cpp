@@ -1,6 +1,5 @@
 #include "support/TestStore.h"
 
-#include "editor/lanes/GridView.h"
 #include "editor/week/LoadWeek.h"
 #include "editor/week/RosterBuilder.h"
 #include "editor/week/Totals.h"
@@ -10,6 +9,7 @@
 #include "shell/console/Console.h"
 #include "store/OpenStore.h"
 #include "store/rows/Schema.h"
+#include "support/OpenGrid.h"
 #include "support/TestEngine.h"
 #include "support/WeekWriter.h"
 
@@ -204,7 +204,7 @@ std::vector<std::string> TestStore::Rows() const {
 
 void TestStore::OpenEditor() {
     ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
-    SetGridGeometry(g);
+    OpenGrid(grid, g);
 }
 
 void TestStore::OpenWeek(DaySerial date) {

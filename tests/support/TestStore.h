@@ -69,6 +69,7 @@ class TestStore {
     ScriptedPorts script;
     ScriptedGauge gauge;
     GlobalState g;
+    Grid grid{g.cursor.FirstQuarter}; // of the editor, as opened
 
     Ports& ports() { return script.ports; }
     ScriptedPrompt& prompt() { return script.prompt; }

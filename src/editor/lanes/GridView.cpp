@@ -58,13 +58,6 @@ void SetGridGeometry(Grid& grid, const ScreenState& screen, int rows, int cutoff
     SetScrollRange(grid, cutoffQuarters, startHour);
 }
 
-void SetGridGeometry(GlobalState& g) {
-    SetGridGeometry(g.grid, g.screen, g.roster.EmployeeCount, g.department.DayCutoffQuarters,
-                    g.application.options.StartHour);
-    g.cursor.TopRow = 0;
-    g.cursor.LastFocusRow = 1;
-}
-
 int ScrollToQuarter(Grid& grid, int cutoffQuarters, int value) {
     if ((value & 3) != (cutoffQuarters & 3)) value = cutoffQuarters;
     grid.FirstQuarter = std::clamp(value, grid.MinFirstQuarter, grid.MaxFirstQuarter);

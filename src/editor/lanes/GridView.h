@@ -18,8 +18,6 @@ constexpr Twips RulerHeight = 600;
 /// Sets the geometry of a grid of so many rows from the size of the screen and the cut-off, and scrolls it to
 /// its first hour.
 void SetGridGeometry(Grid& grid, const ScreenState& screen, int rows, int cutoffQuarters, int startHour);
-/// The same for the Main Editor, which begins at its first page. Needs the roster.
-void SetGridGeometry(GlobalState& g);
 
 /// Takes a value of the horizontal scroll bar: it moves in whole hours from the cut-off, and any other value
 /// falls back to the cut-off itself. Returns the value taken.

@@ -123,7 +123,7 @@ void MainEditorForm::BuildToolStrip(QWidget& strip) {
 void MainEditorForm::BuildHeader(QWidget& band) {
     band.setFixedHeight(Pixels(HeaderHeight));
     pctWeekday = &Add<DayHeaderBar>("pctWeekday", "Days of the week", &band);
-    Place(*pctWeekday, g_.grid.GridLeft, 0, g_.grid.GridWidth, HeaderHeight);
+    Place(*pctWeekday, grid_.GridLeft, 0, grid_.GridWidth, HeaderHeight);
     pctWeekday->onDay = Guarded([this](int day) { SelectDay(day); });
     auto& department = Add<Label>("Label26", "Department", &band);
     QFont bold = department.font();
@@ -131,11 +131,11 @@ void MainEditorForm::BuildHeader(QWidget& band) {
     department.setFont(bold);
     department.SetText(g_.department.CurrentDepName);
     department.SetAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    Place(department, 60, 0, g_.grid.GridLeft - 120, HeaderHeight);
+    Place(department, 60, 0, grid_.GridLeft - 120, HeaderHeight);
 }
 
 void MainEditorForm::BuildSheet(QWidget& sheet) {
-    const Grid& grid = g_.grid;
+    const Grid& grid = grid_;
     sheet.setMinimumHeight(Pixels(GridTop + grid.GridHeight));
     BuildEndsOfDay(sheet);
     Picture2 = &Add<PictureBox>("Picture2", "Hours of the day", &sheet);
@@ -154,7 +154,7 @@ void MainEditorForm::BuildSheet(QWidget& sheet) {
 }
 
 void MainEditorForm::BuildEndsOfDay(QWidget& sheet) {
-    const Grid& grid = g_.grid;
+    const Grid& grid = grid_;
     constexpr Twips JumpWidth = 840;
     const auto jump = [&](const char* name, const char* tip, Twips left) {
         auto& button = Add<LabelButton>(name, tip, &sheet);
@@ -184,20 +184,20 @@ void MainEditorForm::BuildRows(QWidget& sheet) {
     Label20->setText(QStringLiteral("Last page"));
     Label20->setFont(RowFont(*Label20));
     Place(*Label20, 60, 0, 1000, 225);
-    Label20->setVisible(g_.grid.RowCapacity < g_.roster.EmployeeCount);
+    Label20->setVisible(grid_.RowCapacity < g_.roster.EmployeeCount);
     dragTime_ = &Add<Label>("Label31", "Time of the bar", &sheet);
     QFont large = dragTime_->font();
     large.setPointSizeF(11);
     large.setBold(true);
     dragTime_->setFont(large);
-    Place(*dragTime_, 60, 240, g_.grid.GridLeft - 2 * g_.grid.QuarterWidth - 60, 300);
+    Place(*dragTime_, 60, 240, grid_.GridLeft - 2 * grid_.QuarterWidth - 60, 300);
     for (int row = 1; row <= lanes_.Count(); ++row) BuildRow(sheet, row);
     ConnectDaytypes();
     PlaceColumns();
 }
 
 void MainEditorForm::PlaceColumns() {
-    const LeftColumns columns(g_.grid, ToTwips(valueHead_->sizeHint().width() + 2));
+    const LeftColumns columns(grid_, ToTwips(valueHead_->sizeHint().width() + 2));
     const Twips half = columns.valueWidth / 2;
     Place(*listHead_, columns.nameLeft, GridTop - 285, columns.NameWidth(), 270);
     Place(*valueHead_, columns.valueLeft, GridTop - 285, columns.valueWidth, 270);

@@ -24,14 +24,16 @@
 namespace tvx::qt {
 
 MainEditorForm::MainEditorForm(GlobalState& g, Ports& ports, const Screens& screens, Form* owner)
-    : Form(ports, "Form1", owner), g_(g), screens_(screens), lanes_(g.grid, g.roster, g.cursor),
-      drag_(lanes_, g), view_(lanes_, drag_, g), daytypes_(Text1, lanes_, g, ports.prompt),
-      commands_(EditorCommands(g, *this)) {
+    : Form(ports, "Form1", owner), g_(g), screens_(screens), grid_(g.cursor.FirstQuarter),
+      lanes_(grid_, g.roster, g.cursor), drag_(lanes_, g), view_(lanes_, drag_, g),
+      daytypes_(Text1, lanes_, g, ports.prompt), commands_(EditorCommands(g, grid_, *this)) {
     RemoveCancelMenuItem();
     g_.cursor.CurrentDay = 1;
-    g_.grid.ShowOption = g_.roster.AllDepartmentsMode ? 11 : 1;
-    g_.grid.AvailabilityShown = g_.grid.HeadcountShown = false;
-    SetGridGeometry(g_);
+    g_.cursor.TopRow = 0;
+    g_.cursor.LastFocusRow = 1;
+    grid_.ShowOption = g_.roster.AllDepartmentsMode ? 11 : 1;
+    SetGridGeometry(grid_, g_.screen, g_.roster.EmployeeCount, g_.department.DayCutoffQuarters,
+                    g_.application.options.StartHour);
     LoadLists();
     BuildMenus();
     BuildFace();
@@ -145,17 +147,17 @@ void MainEditorForm::SelectDay(int day) {
 }
 
 void MainEditorForm::ChooseOption(int option) {
-    ChooseShowOption(g_.grid, g_.roster, g_.rights, option);
+    ChooseShowOption(grid_, g_.roster, g_.rights, option);
     ShowSelectedOption();
 }
 
 void MainEditorForm::ToggleAvailability() {
-    g_.grid.AvailabilityShown = !g_.grid.AvailabilityShown;
+    grid_.AvailabilityShown = !grid_.AvailabilityShown;
     Picture1->update();
 }
 
 void MainEditorForm::ToggleHeadcount() {
-    g_.grid.HeadcountShown = !g_.grid.HeadcountShown;
+    grid_.HeadcountShown = !grid_.HeadcountShown;
     ShowRuler();
 }
 
@@ -221,7 +223,7 @@ void MainEditorForm::TellHowToSeeOneWeek() {
 
 void MainEditorForm::ScrollDay(int value) {
     Settle();
-    const int taken = ScrollToQuarter(g_.grid, g_.department.DayCutoffQuarters, value);
+    const int taken = ScrollToQuarter(grid_, g_.department.DayCutoffQuarters, value);
     if (taken != value) HScroll1->setValue(taken);
     ShowRuler();
     Picture1->update();
@@ -276,7 +278,7 @@ void MainEditorForm::Follow(const WeekChange& change) {
         }
     if (!change.employees.empty() || change.figures) saveNote_->Edited();
     if (change.figures) ShowTotals();
-    if (!change.employees.empty() && g_.grid.HeadcountShown) ShowRuler();
+    if (!change.employees.empty() && grid_.HeadcountShown) ShowRuler();
 }
 
 void MainEditorForm::FocusRow(int row) {

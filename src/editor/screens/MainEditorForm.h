@@ -113,6 +113,7 @@ class MainEditorForm : public Form, private EditorActions {
     GlobalState& g_;
     const Screens& screens_;
     ControlArray<TextBox> Text1; // [row], daytypes
+    Grid grid_;
     MainLanes lanes_;
     BarDrag drag_;
     LaneView view_;

@@ -58,7 +58,7 @@ void MainEditorForm::ShowRow(int row) {
 }
 
 void MainEditorForm::ShowRowValue(int row) {
-    const RowValues values = ShowRowValues(g_, lanes_.At(row).employee, ports_.region);
+    const RowValues values = ShowRowValues(g_, grid_.ShowOption, lanes_.At(row).employee, ports_.region);
     const auto show = [&](Label& label, const std::string& text, const ValueColours& colours) {
         label.SetText(text);
         label.SetColours(colours.text, colours.back);
@@ -79,7 +79,7 @@ void MainEditorForm::ShowRowValue(int row) {
 }
 
 void MainEditorForm::PaintSquares(QPainter& painter, int row) const {
-    const RowValues values = ShowRowValues(g_, lanes_.At(row).employee, ports_.region);
+    const RowValues values = ShowRowValues(g_, grid_.ShowOption, lanes_.At(row).employee, ports_.region);
     painter.fillRect(squares_[row].rect(), ToColor(LightBlue));
     for (int d = 1; d <= 7; ++d) {
         const Twips left = d * SquareStep;
@@ -108,9 +108,10 @@ void MainEditorForm::ShowProductivity() {
 }
 
 void MainEditorForm::ShowSelectedOption() {
-    for (const auto& [option, button] : Label4) button->setChecked(option == g_.grid.ShowOption);
-    valueHead_->SetText(ShowOptions()[g_.grid.ShowOption].caption);
-    valueHead_->SetAlignment(AlignmentOf(ShowRowValues(g_, lanes_.At(1).employee, ports_.region)));
+    for (const auto& [option, button] : Label4) button->setChecked(option == grid_.ShowOption);
+    valueHead_->SetText(ShowOptions()[grid_.ShowOption].caption);
+    valueHead_->SetAlignment(
+        AlignmentOf(ShowRowValues(g_, grid_.ShowOption, lanes_.At(1).employee, ports_.region)));
     PlaceColumns();
     for (int row = 1; row <= lanes_.Count(); ++row) ShowRowValue(row);
 }
@@ -132,7 +133,7 @@ void MainEditorForm::HighlightRow(int row) {
 
 void MainEditorForm::PaintRuler(QPainter& painter) const {
     // The ruler is two quarters wider than the grid on both sides, so that the texts at its ends are whole.
-    const TwipsPoint origin{2 * g_.grid.QuarterWidth, 0};
+    const TwipsPoint origin{2 * grid_.QuarterWidth, 0};
     PaintRulerGround(painter, origin.x);
     const auto measure = [&](const QFont& font) {
         return [metrics = QFontMetrics(font, painter.device())](const std::string& text) {
@@ -141,18 +142,18 @@ void MainEditorForm::PaintRuler(QPainter& painter) const {
     };
     const int cutoff = g_.department.DayCutoffQuarters;
     Drawing ruler;
-    DrawHourRuler(g_.grid, cutoff, g_.application.options.ClockStyle, measure(painter.font()), ruler);
+    DrawHourRuler(grid_, cutoff, g_.application.options.ClockStyle, measure(painter.font()), ruler);
     PaintDrawing(painter, ruler, origin);
     QFont small = painter.font();
     small.setPointSizeF(HeadcountPoints);
     Drawing headcount;
-    ShowHeadcount(g_.grid, g_.week, g_.cursor.CurrentDay, cutoff, measure(small), headcount);
+    ShowHeadcount(grid_, g_.week, g_.cursor.CurrentDay, cutoff, measure(small), headcount);
     painter.save();
     painter.setFont(small);
     PaintDrawing(painter, headcount, origin);
     painter.restore();
     Drawing ticks;
-    DrawTickMarks(g_.grid, ticks);
+    DrawTickMarks(grid_, ticks);
     PaintDrawing(painter, ticks, origin);
     PaintMarker(painter);
 }
@@ -160,7 +161,7 @@ void MainEditorForm::PaintRuler(QPainter& painter) const {
 /// Grey under the ticks; at both ends only the band of the hours runs on, under the halves of their texts.
 void MainEditorForm::PaintRulerGround(QPainter& painter, Twips overhang) const {
     constexpr Twips BandHeight = 280;
-    const Twips right = overhang + g_.grid.GridWidth;
+    const Twips right = overhang + grid_.GridWidth;
     const auto fill = [&](const TwipsBox& box, Colour colour) {
         painter.fillRect(SharpRect(box, *painter.device()), ToColor(colour));
     };
@@ -173,7 +174,7 @@ void MainEditorForm::PaintRulerGround(QPainter& painter, Twips overhang) const {
 /// The mark that follows the mouse along the ruler.
 void MainEditorForm::PaintMarker(QPainter& painter) const {
     if (markerX_ < 0) return;
-    const double x = Pixels(markerX_ + 2 * g_.grid.QuarterWidth);
+    const double x = Pixels(markerX_ + 2 * grid_.QuarterWidth);
     const double bottom = Picture2->height();
     painter.setRenderHint(QPainter::Antialiasing);
     QPainterPath arrow(QPointF(x, bottom));

@@ -34,7 +34,6 @@ struct GlobalState {
     Productivity productivity;
     Daytypes daytypes;
     Shifts shifts;
-    Grid grid;
     LineClipboard clipboard;
     Reports reports;
     Store store;

@@ -77,6 +77,7 @@ struct Cursor {
     int CurrentEmployee = 0; // index into the roster
     int TopRow = 0;          // rows scrolled away
     int LastFocusRow = 1;    // row of the daytype box that had the focus last
+    int FirstQuarter = 0;    // quarter of the day at the left edge of the editors' grids
 };
 
 /// The department's figures and memos of the week.

@@ -4,6 +4,7 @@
 #include "editor/lanes/LineMenu.h"
 #include "editor/week/Refusal.h"
 #include "editor/week/Totals.h"
+#include "support/OpenGrid.h"
 #include "support/Quarters.h"
 #include "support/WeekWriter.h"
 
@@ -38,7 +39,8 @@ TEST(SnapToQuarter, goes_to_the_nearest_quarter_and_from_an_exact_half_down) {
 class BarDragTest : public testing::Test {
   protected:
     GlobalState g;
-    MainLanes lanes{g.grid, g.roster, g.cursor};
+    Grid grid{g.cursor.FirstQuarter};
+    MainLanes lanes{grid, g.roster, g.cursor};
     BarDrag drag{lanes, g};
     GridChange last;
     using Rows = std::vector<int>;
@@ -52,10 +54,10 @@ class BarDragTest : public testing::Test {
         g.cursor.CurrentDay = 1;
         g.department.DayCutoffQuarters = cutoff;
         g.screen = {14190, 16200 - 150, hours};
-        SetGridGeometry(g);
-        g.grid.QuarterWidth = Width;
-        g.grid.GridWidth = Width * 4 * hours;
-        g.grid.WeekTwips = Width * 768;
+        test::OpenGrid(grid, g);
+        grid.QuarterWidth = Width;
+        grid.GridWidth = Width * 4 * hours;
+        grid.WeekTwips = Width * 768;
         SumWeek(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
     }
     void GoTo(int day) {
@@ -66,9 +68,7 @@ class BarDragTest : public testing::Test {
     BarList Bars(int e = 1) const { return test::Bars(g, e); }
 
     /// Grid x of a quarter of the day shown, counted from its midnight.
-    Twips X(double quarter) const {
-        return static_cast<Twips>(quarter * Width) - g.grid.FirstQuarter * Width;
-    }
+    Twips X(double quarter) const { return static_cast<Twips>(quarter * Width) - grid.FirstQuarter * Width; }
     static Twips Y(int row = 1) { return (row - 1) * 240 + 110; }
 
     GridChange Press(Twips x, int row = 1, MouseButton button = MouseButton::Left) {
@@ -320,7 +320,7 @@ TEST_F(BarDragTest, a_narrow_bar_is_taken_by_its_left_end_first) {
 TEST_F(BarDragTest, a_stretch_that_leaves_the_picture_ends_at_its_edge) {
     Press(X(90));
     Move(X(94));
-    Move(g.grid.GridWidth + 200);
+    Move(grid.GridWidth + 200);
     EXPECT_EQ(drag.Hand().MouseState, 0);
     EXPECT_EQ(last.shape, Pointer::Default);
     Move(X(70)); // comes back: the drag is over
@@ -337,7 +337,7 @@ TEST_F(BarDragTest, a_stretch_that_leaves_the_picture_ends_at_its_edge) {
 
 TEST_F(BarDragTest, the_edge_itself_still_belongs_to_the_picture) {
     Press(X(90));
-    Move(g.grid.GridWidth);
+    Move(grid.GridWidth);
     EXPECT_EQ(drag.Hand().MouseState, 1);
     Move(X(92));
     Release(X(92));
@@ -393,11 +393,11 @@ TEST_F(BarDragTest, a_press_outside_the_picture_does_nothing) {
     };
     outside(0, Y());
     outside(-1, Y());
-    outside(g.grid.GridWidth, Y());
+    outside(grid.GridWidth, Y());
     outside(X(40), 0);
     outside(X(40), -5);
-    outside(X(40), g.grid.GridHeight);
-    outside(X(40), g.grid.VisibleRows * 240 + 5); // the line under the last row
+    outside(X(40), grid.GridHeight);
+    outside(X(40), grid.VisibleRows * 240 + 5); // the line under the last row
 }
 
 TEST_F(BarDragTest, a_press_of_who_may_not_schedule_is_refused) {
@@ -429,9 +429,9 @@ TEST_F(BarDragTest, a_refused_press_after_another_gesture_harms_no_bar) {
 TEST_F(BarDragTest, bars_beyond_the_33rd_cannot_be_reached) {
     BarList bars;
     for (int b = 0; b < 35; ++b) bars.emplace_back(2 * b, 2 * b + 1);
-    g.grid.QuarterWidth = 240; // so that neighbours are told apart
-    g.grid.GridWidth = 240 * 96;
-    g.grid.WeekTwips = 240 * 768;
+    grid.QuarterWidth = 240; // so that neighbours are told apart
+    grid.GridWidth = 240 * 96;
+    grid.WeekTwips = 240 * 768;
     Set(bars);
     Jump(67 * 240, 90 * 240); // the 34th begins at 66
     EXPECT_EQ(Bars(), bars);
@@ -578,11 +578,11 @@ class NarrowQuarterTest : public DayOffDragTest {
         const Twips width = pixels * 15;
         g.department.DayCutoffQuarters = cutoff;
         g.screen = {width, 16200 - 150, std::min(24, (width - 2400) / 480)};
-        SetGridGeometry(g);
-        ScrollToQuarter(g.grid, cutoff, g.grid.MaxFirstQuarter);
-        ASSERT_LE(g.grid.QuarterWidth, 120);
+        test::OpenGrid(grid, g);
+        ScrollToQuarter(grid, cutoff, grid.MaxFirstQuarter);
+        ASSERT_LE(grid.QuarterWidth, 120);
     }
-    Twips PlaceOf(int quarter) const { return (quarter - g.grid.FirstQuarter) * g.grid.QuarterWidth; }
+    Twips PlaceOf(int quarter) const { return (quarter - grid.FirstQuarter) * grid.QuarterWidth; }
     /// Draws an end that was gripped up to 60 twips beside it until the mouse just does not touch the edge.
     BarList DrawnToTheEdge(std::pair<int, int> bar, int from, Twips beside) {
         Set({bar});
@@ -681,7 +681,7 @@ TEST_F(BarDragTest, the_idle_mouse_marks_the_row_and_the_place_on_the_ruler) {
     EXPECT_TRUE(over.markerMoved);
     EXPECT_EQ(over.markerX, X(50));
     EXPECT_FALSE(!over.rows.empty() || over.pointer);
-    EXPECT_EQ(drag.Move({MouseButton::None, X(50), g.grid.VisibleRows * 240 + 3}).hoverRow, 0);
+    EXPECT_EQ(drag.Move({MouseButton::None, X(50), grid.VisibleRows * 240 + 3}).hoverRow, 0);
     EXPECT_EQ(drag.Move({MouseButton::None, X(50), -3}).hoverRow, 0);
 }
 
@@ -804,9 +804,9 @@ class GestureTest : public BarDragTest {
     int Pick(int low, int high) { return static_cast<int>(random.Whole(low, high)); }
     Twips AnyX() {
         if (random.Chance(5)) return Pick(-200000, 200000);
-        return random.Chance(10) ? Pick(-500, g.grid.GridWidth + 500) : Pick(1, g.grid.GridWidth);
+        return random.Chance(10) ? Pick(-500, grid.GridWidth + 500) : Pick(1, grid.GridWidth);
     }
-    Twips AnyY() { return random.Chance(5) ? Pick(-5000, 20000) : Pick(1, g.grid.GridHeight); }
+    Twips AnyY() { return random.Chance(5) ? Pick(-5000, 20000) : Pick(1, grid.GridHeight); }
     MouseButton AnyButton() { return Pick(1, 100) <= 85 ? MouseButton::Left : MouseButton::Right; }
     void Start() {
         Make(Pick(1, 8), Pick(0, 32), Pick(6, 24));
@@ -814,7 +814,7 @@ class GestureTest : public BarDragTest {
         g.roster.AllDepartmentsMode = random.Chance(10);
         GoTo(Pick(1, 7));
         const int cutoff = g.department.DayCutoffQuarters;
-        ScrollToQuarter(g.grid, cutoff, cutoff + 4 * Pick(0, 18));
+        ScrollToQuarter(grid, cutoff, cutoff + 4 * Pick(0, 18));
         for (int e = 1; e <= g.roster.EmployeeCount; ++e) {
             Set(test::RunsOf(test::Covered(test::RandomBars(random, Pick(0, 40)))), e);
             for (int day = 1; day <= 8; ++day) test::WritableWeek(g).DayOffFlag[day][e] = random.Chance(15);
@@ -844,7 +844,7 @@ class GestureTest : public BarDragTest {
             break;
         case 9:
             if (random.Chance(20))
-                g.cursor.CurrentRow = Pick(1, g.grid.VisibleRows); // the focus went elsewhere
+                g.cursor.CurrentRow = Pick(1, grid.VisibleRows); // the focus went elsewhere
             break;
         default:
             drag.Move({AnyButton(), AnyX(), AnyY()});

@@ -2,6 +2,7 @@
 
 #include "editor/lanes/BarDrag.h"
 #include "editor/lanes/GridView.h"
+#include "support/OpenGrid.h"
 #include "support/Quarters.h"
 #include "support/WeekWriter.h"
 
@@ -53,12 +54,13 @@ class DaytypeBoxTest : public testing::Test {
   protected:
     GlobalState g;
     test::ScriptedPrompt prompt;
-    MainLanes lanes{g.grid, g.roster, g.cursor};
+    Grid grid{g.cursor.FirstQuarter};
+    MainLanes lanes{grid, g.roster, g.cursor};
     DaytypeBox boxes{lanes, g};
 
     void SetUp() override {
         test::MakeRoster(g, 3);
-        SetGridGeometry(g);
+        test::OpenGrid(grid, g);
         std::swap(g.roster.RowOrder[1], g.roster.RowOrder[3]);
     }
 };
@@ -117,9 +119,9 @@ TEST_F(DaytypeBoxTest, the_text_of_a_box_becomes_the_daytype_of_the_row_and_day)
 TEST_F(DaytypeBoxTest, typing_does_not_take_the_bar_in_hand_from_its_employee) {
     test::SetBars(g, 3, {{36, 68}});
     BarDrag drag{lanes, g};
-    drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 110});
+    drag.Press({MouseButton::Left, 50 * grid.QuarterWidth, 110});
     boxes.PutText(2, "A");
-    drag.Release({MouseButton::Left, 50 * g.grid.QuarterWidth, 110});
+    drag.Release({MouseButton::Left, 50 * grid.QuarterWidth, 110});
     EXPECT_EQ(test::Bars(g, 3), (test::BarList{{36, 68}}));
 }
 
@@ -139,10 +141,10 @@ TEST_F(DaytypeBoxTest, the_tooltip_explains_the_symbol_or_the_box) {
 }
 
 TEST_F(DaytypeBoxTest, arrows_go_round_the_visible_rows) {
-    EXPECT_EQ(NeighbourRow(g.grid, 1, 1), 2);
-    EXPECT_EQ(NeighbourRow(g.grid, 3, 1), 1);
-    EXPECT_EQ(NeighbourRow(g.grid, 1, -1), 3);
-    EXPECT_EQ(NeighbourRow(g.grid, 2, -1), 1);
+    EXPECT_EQ(NeighbourRow(grid, 1, 1), 2);
+    EXPECT_EQ(NeighbourRow(grid, 3, 1), 1);
+    EXPECT_EQ(NeighbourRow(grid, 1, -1), 3);
+    EXPECT_EQ(NeighbourRow(grid, 2, -1), 1);
 }
 
 } // namespace

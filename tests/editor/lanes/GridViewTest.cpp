@@ -3,6 +3,7 @@
 #include "editor/lanes/LaneView.h"
 #include "editor/week/RosterBuilder.h"
 #include "editor/week/Totals.h"
+#include "support/OpenGrid.h"
 #include "support/Quarters.h"
 #include "support/WeekWriter.h"
 
@@ -28,7 +29,8 @@ std::string Text(const TwipsBox& box) {
 class GridViewTest : public testing::Test {
   protected:
     GlobalState g;
-    MainLanes lanes{g.grid, g.roster, g.cursor};
+    Grid grid{g.cursor.FirstQuarter};
+    MainLanes lanes{grid, g.roster, g.cursor};
     BarDrag drag{lanes, g};
     LaneView view{lanes, drag, g};
 
@@ -42,10 +44,10 @@ class GridViewTest : public testing::Test {
         g.department.DayCutoffQuarters = cutoff;
         g.application.options.StartHour = startHour;
         g.screen = {28800, 16200 - 150, hours};
-        SetGridGeometry(g);
-        g.grid.QuarterWidth = Width;
-        g.grid.GridWidth = Width * 4 * g.grid.HoursShown;
-        g.grid.WeekTwips = Width * 768;
+        test::OpenGrid(grid, g);
+        grid.QuarterWidth = Width;
+        grid.GridWidth = Width * 4 * grid.HoursShown;
+        grid.WeekTwips = Width * 768;
     }
     void GoTo(int day) { g.cursor.CurrentDay = day; }
     /// Left and right of the boxes of a colour, "left-right" each.
@@ -94,52 +96,47 @@ TEST(GridGeometry, follows_the_size_of_the_screen) {
     };
     for (const Geometry& c : cases) {
         GlobalState g;
+        Grid grid{g.cursor.FirstQuarter};
         test::MakeRoster(g, 200);
         g.screen = {c.screenWidth, c.screenHeight - 150, 24};
-        SetGridGeometry(g);
-        EXPECT_EQ(g.grid.GridLeft, c.left) << c.screenWidth;
-        EXPECT_EQ(g.grid.QuarterWidth, c.quarter) << c.screenWidth;
-        EXPECT_EQ(g.grid.GridWidth, c.width) << c.screenWidth;
-        EXPECT_EQ(g.grid.WeekTwips, c.quarter * 768) << c.screenWidth;
-        EXPECT_EQ(g.grid.RowCapacity, c.rows) << c.screenHeight;
-        EXPECT_EQ(g.grid.VisibleRows, c.rows);
-        EXPECT_EQ(g.grid.GridHeight, c.rows * 240 + 10);
-        EXPECT_EQ(g.grid.RowHeight, 240);
+        test::OpenGrid(grid, g);
+        EXPECT_EQ(grid.GridLeft, c.left) << c.screenWidth;
+        EXPECT_EQ(grid.QuarterWidth, c.quarter) << c.screenWidth;
+        EXPECT_EQ(grid.GridWidth, c.width) << c.screenWidth;
+        EXPECT_EQ(grid.WeekTwips, c.quarter * 768) << c.screenWidth;
+        EXPECT_EQ(grid.RowCapacity, c.rows) << c.screenHeight;
+        EXPECT_EQ(grid.VisibleRows, c.rows);
+        EXPECT_EQ(grid.GridHeight, c.rows * 240 + 10);
+        EXPECT_EQ(grid.RowHeight, 240);
     }
 }
 
 TEST(GridGeometry, shows_no_more_rows_than_people) {
     GlobalState g;
+    Grid grid{g.cursor.FirstQuarter};
     test::MakeRoster(g, 7);
-    SetGridGeometry(g);
-    EXPECT_EQ(g.grid.RowCapacity, 50);
-    EXPECT_EQ(g.grid.VisibleRows, 7);
-    EXPECT_EQ(g.grid.GridHeight, 7 * 240 + 10);
+    test::OpenGrid(grid, g);
+    EXPECT_EQ(grid.RowCapacity, 50);
+    EXPECT_EQ(grid.VisibleRows, 7);
+    EXPECT_EQ(grid.GridHeight, 7 * 240 + 10);
 }
 
 TEST(GridGeometry, stands_on_the_smallest_screens) {
     for (Twips width = 0; width < 6000; width += 15)
         for (const int hours : {-5, -1, 0, 1, 2}) {
             GlobalState g;
+            Grid grid{g.cursor.FirstQuarter};
             test::MakeRoster(g, 2);
             g.screen = {width, 100, hours};
-            SetGridGeometry(g);
-            ASSERT_GE(g.grid.QuarterWidth, 1);
-            ASSERT_GE(g.grid.HoursShown, 1);
-            ASSERT_GE(g.grid.RowCapacity, 1);
-            ASSERT_GT(g.grid.GridWidth, 0);
+            test::OpenGrid(grid, g);
+            ASSERT_GE(grid.QuarterWidth, 1);
+            ASSERT_GE(grid.HoursShown, 1);
+            ASSERT_GE(grid.RowCapacity, 1);
+            ASSERT_GT(grid.GridWidth, 0);
             Drawing drawing;
-            DrawTickMarks(g.grid, drawing);
+            DrawTickMarks(grid, drawing);
             ASSERT_FALSE(drawing.boxes.empty());
         }
-}
-
-TEST(GridGeometry, begins_at_the_first_page) {
-    GlobalState g;
-    test::MakeRoster(g, 200);
-    g.cursor.TopRow = 9;
-    SetGridGeometry(g);
-    EXPECT_EQ(g.cursor.TopRow, 0);
 }
 
 // --- scrolling --------------------------------------------------------------------------------------------
@@ -166,22 +163,22 @@ TEST_F(GridViewTest, a_day_begins_at_the_first_hour_or_at_the_cut_off) {
     };
     for (const Case& c : cases) {
         Make(1, c.cutoff, c.hours, c.startHour);
-        EXPECT_EQ(g.grid.FirstQuarter, c.first) << c.cutoff << " " << c.hours << " " << c.startHour;
-        EXPECT_EQ(g.grid.MinFirstQuarter, c.min) << c.cutoff;
-        EXPECT_EQ(g.grid.MaxFirstQuarter, c.max) << c.cutoff << " " << c.hours;
+        EXPECT_EQ(grid.FirstQuarter, c.first) << c.cutoff << " " << c.hours << " " << c.startHour;
+        EXPECT_EQ(grid.MinFirstQuarter, c.min) << c.cutoff;
+        EXPECT_EQ(grid.MaxFirstQuarter, c.max) << c.cutoff << " " << c.hours;
     }
 }
 
 TEST_F(GridViewTest, scrolling_goes_in_whole_hours_from_the_cut_off) {
     Make(1, 5, 12);
-    EXPECT_EQ(ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 9), 9);
-    EXPECT_EQ(g.grid.FirstQuarter, 9);
-    EXPECT_EQ(ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 53), 53);
+    EXPECT_EQ(ScrollToQuarter(grid, g.department.DayCutoffQuarters, 9), 9);
+    EXPECT_EQ(grid.FirstQuarter, 9);
+    EXPECT_EQ(ScrollToQuarter(grid, g.department.DayCutoffQuarters, 53), 53);
     for (const int odd : {8, 10, 11, 12, 52})
-        EXPECT_EQ(ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, odd), 5)
+        EXPECT_EQ(ScrollToQuarter(grid, g.department.DayCutoffQuarters, odd), 5)
             << odd << " falls back to the cut-off";
-    EXPECT_EQ(ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 1), 5);
-    EXPECT_EQ(ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 57), 53);
+    EXPECT_EQ(ScrollToQuarter(grid, g.department.DayCutoffQuarters, 1), 5);
+    EXPECT_EQ(ScrollToQuarter(grid, g.department.DayCutoffQuarters, 57), 53);
 }
 
 TEST_F(GridViewTest, no_scroll_value_leaves_the_range_or_the_hours) {
@@ -189,10 +186,10 @@ TEST_F(GridViewTest, no_scroll_value_leaves_the_range_or_the_hours) {
         for (const int hours : {1, 8, 16, 24}) {
             Make(1, cutoff, hours);
             for (int value = -20; value < 150; ++value) {
-                const int taken = ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, value);
-                ASSERT_EQ(taken, g.grid.FirstQuarter);
-                ASSERT_GE(taken, g.grid.MinFirstQuarter);
-                ASSERT_LE(taken, g.grid.MaxFirstQuarter);
+                const int taken = ScrollToQuarter(grid, g.department.DayCutoffQuarters, value);
+                ASSERT_EQ(taken, grid.FirstQuarter);
+                ASSERT_GE(taken, grid.MinFirstQuarter);
+                ASSERT_LE(taken, grid.MaxFirstQuarter);
                 ASSERT_EQ(taken % 4, cutoff % 4);
             }
         }
@@ -203,7 +200,7 @@ TEST_F(GridViewTest, a_quarter_has_its_place_by_day_and_scroll) {
     EXPECT_EQ(lanes.ScrollX(1), 24 * Width);
     EXPECT_EQ(X(24), 0);
     EXPECT_EQ(X(36), 12 * Width);
-    EXPECT_EQ(DayBoundaryX(g.grid), 72 * Width);
+    EXPECT_EQ(DayBoundaryX(grid), 72 * Width);
     GoTo(3);
     EXPECT_EQ(lanes.ScrollX(3), (192 + 24) * Width);
     EXPECT_EQ(X(192 + 36), 12 * Width);
@@ -285,10 +282,10 @@ TEST_F(GridViewTest, every_bar_of_random_weeks_is_drawn_where_it_lies) {
         Make(1, static_cast<int>(random.Whole(0, 32)), static_cast<int>(random.Whole(1, 24)));
         test::SetBars(g, 1, test::RunsOf(test::Covered(test::RandomBars(random, 20))));
         GoTo(static_cast<int>(random.Whole(1, 7)));
-        ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, static_cast<int>(random.Whole(0, 120)));
-        const int first = (g.cursor.CurrentDay - 1) * 96 + g.grid.FirstQuarter;
+        ScrollToQuarter(grid, g.department.DayCutoffQuarters, static_cast<int>(random.Whole(0, 120)));
+        const int first = (g.cursor.CurrentDay - 1) * 96 + grid.FirstQuarter;
         const test::QuarterSet covered = test::Covered(test::Bars(g, 1));
-        std::string wanted(static_cast<std::size_t>(g.grid.HoursShown) * 4, '.');
+        std::string wanted(static_cast<std::size_t>(grid.HoursShown) * 4, '.');
         for (std::size_t q = 0; q < wanted.size() && first + q < 768; ++q)
             if (covered[first + q]) wanted[q] = 'X';
         std::string drawn(wanted.size(), '.');
@@ -370,7 +367,7 @@ TEST_F(DayOffViewTest, the_eighth_day_shades_the_end_of_the_seventh) {
 TEST_F(DayOffViewTest, a_scrolled_day_is_shaded_up_to_midnight) {
     Make(1, 24, 12);
     test::WritableWeek(g).DayOffFlag[1][1] = true;
-    ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 72); // 18:00 to 6:00
+    ScrollToQuarter(grid, g.department.DayCutoffQuarters, 72); // 18:00 to 6:00
     EXPECT_EQ(Shades(), "0-2400");
 }
 
@@ -447,7 +444,7 @@ class AvailabilityViewTest : public GridViewTest {
     void SetUp() override {
         Make(1, 0);
         MakeAbsent();
-        g.grid.AvailabilityShown = true;
+        grid.AvailabilityShown = true;
     }
     void MakeAbsent() {
         std::string starts(28, ' ');
@@ -515,7 +512,7 @@ TEST_F(AvailabilityViewTest, absence_is_not_drawn_on_a_day_off_or_while_it_is_no
     EXPECT_EQ(Reds(), "");
     test::WritableWeek(g).DayOffFlag[2][1] = false;
     EXPECT_NE(Reds(), "");
-    g.grid.AvailabilityShown = false;
+    grid.AvailabilityShown = false;
     EXPECT_EQ(Reds(), "");
 }
 
@@ -527,7 +524,7 @@ class RulerTest : public GridViewTest {
 
     Drawing Ruler(const TextWidth& widthOf = Narrow) {
         Drawing drawing;
-        DrawHourRuler(g.grid, g.department.DayCutoffQuarters, g.application.options.ClockStyle, widthOf,
+        DrawHourRuler(grid, g.department.DayCutoffQuarters, g.application.options.ClockStyle, widthOf,
                       drawing);
         return drawing;
     }
@@ -582,7 +579,7 @@ TEST_F(RulerTest, has_a_cyan_band_that_midnight_parts_where_there_is_a_cut_off) 
 TEST_F(RulerTest, has_ticks_for_hours_halves_and_quarters) {
     Make(1, 0, 2);
     Drawing drawing;
-    DrawTickMarks(g.grid, drawing);
+    DrawTickMarks(grid, drawing);
     ASSERT_EQ(drawing.boxes.size(), 9U);
     std::string ticks;
     for (const DrawnBox& tick : drawing.boxes) {
@@ -600,7 +597,7 @@ TEST_F(RulerTest, has_ticks_for_hours_halves_and_quarters) {
 TEST_F(RulerTest, ticks_follow_an_odd_cut_off) {
     Make(1, 5, 2);
     Drawing drawing;
-    DrawTickMarks(g.grid, drawing);
+    DrawTickMarks(grid, drawing);
     EXPECT_EQ(drawing.boxes[0].box.top, 500); // 1:15
     EXPECT_EQ(drawing.boxes[1].box.top, 450); // 1:30
     EXPECT_EQ(drawing.boxes[3].box.top, 270); // 2:00

@@ -1,6 +1,7 @@
 // The two kinds of lanes: an employee a row, and the seven days of one employee.
 #include "editor/lanes/DaytypeBox.h"
 #include "editor/lanes/LaneView.h"
+#include "support/OpenGrid.h"
 #include "support/Quarters.h"
 #include "support/WeekWriter.h"
 
@@ -17,11 +18,12 @@ constexpr Twips Width = 100; // of a quarter
 class MainLanesTest : public testing::Test {
   protected:
     GlobalState g;
-    MainLanes lanes{g.grid, g.roster, g.cursor};
+    Grid grid{g.cursor.FirstQuarter};
+    MainLanes lanes{grid, g.roster, g.cursor};
 
     void SetUp() override {
         test::MakeRoster(g, 60); // ten more than there is room for
-        SetGridGeometry(g);
+        test::OpenGrid(grid, g);
         g.cursor.CurrentDay = 3;
     }
 };
@@ -62,11 +64,23 @@ TEST_F(MainLanesTest, know_the_row_at_a_place) {
     EXPECT_EQ(lanes.RowAt(50 * 240), 0);
 }
 
+TEST_F(MainLanesTest, begin_at_the_quarter_to_which_another_editor_was_scrolled_and_share_nothing_else) {
+    Grid other{g.cursor.FirstQuarter};
+    g.screen.VisibleHours = 12;
+    test::OpenGrid(grid, g);
+    SetGridGeometry(other, g.screen, 7, 0, 0);
+    other.HeadcountShown = true;
+    ScrollToQuarter(other, 0, 20);
+    EXPECT_EQ(lanes.LeftEdge(1), 20);
+    EXPECT_EQ(lanes.Count(), 50);
+    EXPECT_FALSE(grid.HeadcountShown);
+}
+
 /// The second of three employees, day by day, on quarters of 100 twips.
 class WeekLanesTest : public testing::Test {
   protected:
     GlobalState g;
-    Grid grid;
+    Grid grid{g.cursor.FirstQuarter};
     WeekLanes lanes{grid, g};
     BarDrag drag{lanes, g};
     LaneView view{lanes, drag, g};

@@ -111,7 +111,7 @@ class MainEditorTest : public testing::Test {
     }
 
     // --- what a person sees
-    QWidget& Grid() { return test::Find<QWidget>(*form, "Picture1"); }
+    qt::TimeGrid& Grid() const { return test::Find<qt::TimeGrid>(*form, "Picture1"); }
     QWidget& Ruler() { return test::Find<QWidget>(*form, "Picture2"); }
     QScrollBar& Bar(const std::string& name) { return test::Find<QScrollBar>(*form, name); }
     std::string Title() const { return form->windowTitle().toStdString(); }
@@ -159,7 +159,7 @@ class MainEditorTest : public testing::Test {
     // --- what a person does
     /// The middle of a row's lane a little behind a quarter of the day shown.
     TwipsPoint Lane(int row, int quarter) const {
-        const tvx::Grid& grid = store.g.grid;
+        const tvx::Grid& grid = Grid().Geometry();
         return {(quarter - grid.FirstQuarter) * grid.QuarterWidth + 5, (row - 1) * grid.RowHeight + 110};
     }
     void Drag(int row, int from, int to) { test::Drag(Grid(), Lane(row, from), Lane(row, to)); }

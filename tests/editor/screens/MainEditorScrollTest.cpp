@@ -141,6 +141,20 @@ TEST_F(MainEditorScrollTest, the_rows_stay_scrolled_over_days_and_weeks) {
     EXPECT_EQ(NameOf(1), "Brown Bob");
 }
 
+TEST_F(MainEditorScrollTest, an_editor_opened_again_begins_at_the_first_page_and_without_its_marks) {
+    CrowdRows(4, 3);
+    Open();
+    Bar("VScroll1").setValue(2);
+    Click("Label25");
+    Click("Label4(3)");
+    form.reset();
+    Open();
+    EXPECT_EQ(NameOf(1), "Adams Anna");
+    EXPECT_TRUE(test::Find<QWidget>(*form, "Text1(1)").hasFocus());
+    EXPECT_FALSE(test::Find<QPushButton>(*form, "Label25").isChecked());
+    EXPECT_TRUE(test::Find<QPushButton>(*form, "Label4(1)").isChecked());
+}
+
 // --- while a bar is in hand -------------------------------------------------------------------------------
 
 TEST_F(MainEditorScrollTest, scrolled_rows_end_a_drag_in_the_row_where_it_began) {

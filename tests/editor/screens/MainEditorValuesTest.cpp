@@ -225,7 +225,7 @@ TEST_F(MainEditorValuesTest, figures_of_the_headcount_are_nine_pixels_high) {
     Open();
     Click("Label25");
     const QImage band = Ruler().grab().toImage();
-    const Twips quarter = store.g.grid.QuarterWidth;
+    const Twips quarter = Grid().Geometry().QuarterWidth;
     const int left = test::At(3 * quarter, 0).x(); // between the ticks of two hours
     const int right = test::At(5 * quarter, 0).x();
     int height = 0;

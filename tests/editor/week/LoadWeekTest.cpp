@@ -1,7 +1,6 @@
 #include "editor/week/LoadWeek.h"
 
 #include "editor/lanes/BarDrag.h"
-#include "editor/lanes/GridView.h"
 #include "editor/week/SaveWeek.h"
 #include "editor/week/Totals.h"
 #include "editor/week/WeekEdit.h"
@@ -363,9 +362,9 @@ TEST_F(LoadWeekTest, begins_unchanged_with_the_first_row_and_an_empty_clipboard)
 TEST_F(LoadWeekTest, of_another_date_knows_nothing_of_a_gesture_that_was_left_open) {
     store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
     store.OpenWeek(Sunday);
-    drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
+    drag.Press({MouseButton::Left, 50 * store.grid.QuarterWidth, 100});
     ASSERT_TRUE(drag.Hand().GestureOpen);
-    drag.Move({MouseButton::Left, 60 * g.grid.QuarterWidth, 100});
+    drag.Move({MouseButton::Left, 60 * store.grid.QuarterWidth, 100});
     Load(Sunday + 7);
     EXPECT_TRUE(drag.Settle().rows.empty());
     EXPECT_EQ(test::Bars(g, 1), BarList{});
@@ -374,7 +373,7 @@ TEST_F(LoadWeekTest, of_another_date_knows_nothing_of_a_gesture_that_was_left_op
 
 TEST_F(LoadWeekTest, of_another_roster_knows_nothing_of_a_gesture_that_was_left_open) {
     store.OpenWeek(Sunday);
-    drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 240 + 100});
+    drag.Press({MouseButton::Left, 50 * store.grid.QuarterWidth, 240 + 100});
     ASSERT_TRUE(drag.Hand().GestureOpen);
     store.AddDepartment("Dairy");
     store.AddEmployee({.lastName = "Clark", .firstName = "Cleo"});

@@ -1,6 +1,5 @@
 // A save among other workstations, power cuts and full disks: the week in the file is the old one or the new
 // one, and the week in memory is never lost.
-#include "editor/lanes/GridView.h"
 #include "editor/week/LoadWeek.h"
 #include "editor/week/RosterBuilder.h"
 #include "editor/week/SaveWeek.h"
@@ -211,7 +210,6 @@ void SaveForEver(const fs::path& folder, int first, ChildProcess& test) {
     g.paths.ProgramPath = folder;
     if (LoadConsole(g, script.ports, face) != LoadResult::Ready || !PrepareSchedule(g, script.ports))
         return test.Say("no start");
-    SetGridGeometry(g);
     for (int version = first;; ++version) {
         LoadWeek(g, script.ports, version % 2 == 0 ? Sunday : Sunday + 14);
         for (int e = 1; e <= g.roster.EmployeeCount; ++e) test::SetBars(g, e, BarsOfVersion(version));

@@ -1,7 +1,6 @@
 #include "editor/week/SaveWeek.h"
 
 #include "editor/lanes/BarDrag.h"
-#include "editor/lanes/GridView.h"
 #include "editor/week/LoadWeek.h"
 #include "editor/week/WeekEdit.h"
 #include "platform/dao/DaoError.h"
@@ -518,7 +517,7 @@ TEST_F(SaveWeekTest, what_is_edited_while_the_gauge_fills_is_a_change_again) {
 TEST_F(SaveWeekTest, a_bar_in_hand_is_saved_with_the_week) {
     store.PutDay(Sunday, adams, StartsStops({{36, 68}}));
     store.OpenWeek(Sunday);
-    drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
+    drag.Press({MouseButton::Left, 50 * store.grid.QuarterWidth, 100});
     ASSERT_TRUE(Save());
     EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
     EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", "9:00am-5:00pm", "8|10|W|0")});
@@ -529,12 +528,12 @@ TEST_F(SaveWeekTest, a_bar_taken_while_the_gauge_appears_is_saved_with_the_week)
     store.OpenWeek(Sunday);
     bool taken = false;
     store.prompt().WhenEventsRun([&] {
-        if (!taken) drag.Press({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
+        if (!taken) drag.Press({MouseButton::Left, 50 * store.grid.QuarterWidth, 100});
         taken = true;
     });
     ASSERT_TRUE(Save());
     EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", "9:00am-5:00pm", "8|10|W|0")});
-    drag.Release({MouseButton::Left, 50 * g.grid.QuarterWidth, 100});
+    drag.Release({MouseButton::Left, 50 * store.grid.QuarterWidth, 100});
     EXPECT_EQ(test::Bars(g, 1), (BarList{{36, 68}}));
 }
 
@@ -709,8 +708,8 @@ TEST_F(LeaveWeekTest, a_save_that_fails_stays) {
 
 TEST_F(LeaveWeekTest, a_bar_in_hand_is_a_change_to_be_asked_about) {
     store.OpenWeek(Sunday);
-    drag.Press({MouseButton::Left, 40 * g.grid.QuarterWidth, 100});
-    drag.Move({MouseButton::Left, 60 * g.grid.QuarterWidth, 100});
+    drag.Press({MouseButton::Left, 40 * store.grid.QuarterWidth, 100});
+    drag.Move({MouseButton::Left, 60 * store.grid.QuarterWidth, 100});
     WillSay(Answer::Yes);
     EXPECT_TRUE(Go(1));
     EXPECT_EQ(store.Rows(), Rows{Row(Sunday, adams, "", "10:00am-3:00pm", "5|7.25|W|0")});

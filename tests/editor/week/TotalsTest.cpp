@@ -3,6 +3,7 @@
 #include "editor/lanes/GridView.h"
 #include "shell/common/Conversions.h"
 #include "store/rows/ApplicationRow.h"
+#include "support/OpenGrid.h"
 #include "support/Quarters.h"
 #include "support/WeekWriter.h"
 
@@ -16,18 +17,19 @@ using test::BarList;
 class TotalsTest : public testing::Test {
   protected:
     GlobalState g;
+    Grid grid{g.cursor.FirstQuarter};
 
     void SetUp() override {
         test::MakeRoster(g, 3); // the third one has a salary of 700
         g.roster.RosterPay[1] = Currency::FromAmount(10);
         g.roster.RosterPay[2] = Currency::FromAmount(7.25);
         test::WritableWeek(g).WeekStartJulian = 46082;
-        SetGridGeometry(g);
+        test::OpenGrid(grid, g);
     }
     void Set(int e, const BarList& bars) { test::SetBars(g, e, bars); }
     void SetCutoff(int cutoff) {
         g.department.DayCutoffQuarters = cutoff;
-        SetGridGeometry(g);
+        test::OpenGrid(grid, g);
         SumWeek(test::WritableWeek(g), PayrollOf(g), g.cursor.CurrentDay);
     }
     void GoTo(int day) {
@@ -409,19 +411,19 @@ TEST_F(TotalsTest, headcount_is_the_number_of_people_in_each_quarter_of_the_busi
     }
 }
 
-std::string FiguresText(const GlobalState& g) {
+std::string FiguresText(const GlobalState& g, const Grid& grid) {
     std::string text;
     for (const HeadcountFigure& figure :
-         HeadcountFigures(g.week, g.grid, g.cursor.CurrentDay, g.department.DayCutoffQuarters))
-        text += std::to_string(figure.x / g.grid.QuarterWidth) + ":" + figure.text + " ";
+         HeadcountFigures(g.week, grid, g.cursor.CurrentDay, g.department.DayCutoffQuarters))
+        text += std::to_string(figure.x / grid.QuarterWidth) + ":" + figure.text + " ";
     return text;
 }
 
 TEST_F(TotalsTest, headcount_figures_are_the_means_of_the_hours_shown) {
     Set(1, {{36, 68}});
     Set(2, {{38, 41}});
-    const std::string text = FiguresText(g);
-    EXPECT_EQ(HeadcountFigures(g.week, g.grid, g.cursor.CurrentDay, g.department.DayCutoffQuarters).size(),
+    const std::string text = FiguresText(g, grid);
+    EXPECT_EQ(HeadcountFigures(g.week, grid, g.cursor.CurrentDay, g.department.DayCutoffQuarters).size(),
               24U);
     EXPECT_EQ(text.substr(0, 12), "2:.00 6:.00 ");
     EXPECT_NE(text.find(" 38:1.50 42:1.25 46:1.00 "), std::string::npos) << text;
@@ -430,20 +432,19 @@ TEST_F(TotalsTest, headcount_figures_are_the_means_of_the_hours_shown) {
 TEST_F(TotalsTest, headcount_figures_follow_the_scrolled_day) {
     g.screen.VisibleHours = 8;
     g.application.options.StartHour = 8;
-    SetGridGeometry(g);
+    test::OpenGrid(grid, g);
     Set(1, {{36, 40}});
-    EXPECT_EQ(FiguresText(g), "2:.00 6:1.00 10:.00 14:.00 18:.00 22:.00 26:.00 30:.00 ");
-    ScrollToQuarter(g.grid, g.department.DayCutoffQuarters, 36);
-    EXPECT_EQ(FiguresText(g), "2:1.00 6:.00 10:.00 14:.00 18:.00 22:.00 26:.00 30:.00 ");
+    EXPECT_EQ(FiguresText(g, grid), "2:.00 6:1.00 10:.00 14:.00 18:.00 22:.00 26:.00 30:.00 ");
+    ScrollToQuarter(grid, g.department.DayCutoffQuarters, 36);
+    EXPECT_EQ(FiguresText(g, grid), "2:1.00 6:.00 10:.00 14:.00 18:.00 22:.00 26:.00 30:.00 ");
 }
 
 TEST_F(TotalsTest, headcount_figures_begin_at_the_first_full_hour_behind_an_odd_cut_off) {
     SetCutoff(21);      // 5:15
     Set(1, {{24, 28}}); // 6:00 to 7:00
-    const auto figures =
-        HeadcountFigures(g.week, g.grid, g.cursor.CurrentDay, g.department.DayCutoffQuarters);
+    const auto figures = HeadcountFigures(g.week, grid, g.cursor.CurrentDay, g.department.DayCutoffQuarters);
     ASSERT_EQ(figures.size(), 23U);
-    EXPECT_EQ(figures[0].x, 5 * g.grid.QuarterWidth); // the middle of 6:00 to 7:00
+    EXPECT_EQ(figures[0].x, 5 * grid.QuarterWidth); // the middle of 6:00 to 7:00
     EXPECT_EQ(figures[0].text, "1.00");
     EXPECT_EQ(figures[1].text, ".00");
 }

@@ -1,6 +1,6 @@
 #include "shell/screens/ConsoleForm.h"
 
-#include "editor/lanes/GridView.h"
+#include "editor/lanes/screens/TimeGrid.h"
 #include "masterdata/DaytypeList.h"
 #include "masterdata/files/ShiftFile.h"
 #include "platform/files/Folder.h"
@@ -99,10 +99,11 @@ class ConsoleFormTest : public testing::Test {
     }
     std::string ComboText() { return Find<QComboBox>(*console, "Combo1").currentText().toStdString(); }
     std::string Schedule() { return Find<QPushButton>(*console, "cmdSchedule").text().toStdString(); }
+    qt::TimeGrid& Grid() { return Find<qt::TimeGrid>(*editor, "Picture1"); }
     /// The names of the Main Editor's rows.
     std::vector<std::string> Roster() {
         std::vector<std::string> names;
-        for (int row = 1; row <= g.grid.VisibleRows; ++row)
+        for (int row = 1; row <= Grid().RowCount(); ++row)
             if (const auto name = Find<qt::Label>(*editor, "Label9(" + std::to_string(row) + ")").text();
                 !name.isEmpty())
                 names.push_back(name.toStdString());
@@ -121,8 +122,8 @@ class ConsoleFormTest : public testing::Test {
             ASSERT_NE(action, nullptr) << entry;
             deed(*action);
         });
-        QTest::mouseClick(&Find<QWidget>(*editor, "Picture1"), Qt::RightButton, Qt::NoModifier,
-                          test::At(300, (row - 1) * g.grid.RowHeight + 110));
+        QTest::mouseClick(&Grid(), Qt::RightButton, Qt::NoModifier,
+                          test::At(300, (row - 1) * Grid().Geometry().RowHeight + 110));
     }
     void ChooseOnLine(int row, const std::string& entry) {
         OnLine(row, entry, [](QAction& action) { action.trigger(); });
@@ -288,9 +289,9 @@ TEST_F(ConsoleFormTest, a_change_of_name_colour_and_status_shows_in_the_main_edi
     });
     InEditor([this] {
         EXPECT_EQ(Roster(), (std::vector<std::string>{"Clark Cleo", "Zimmer Anna"}));
-        const int noon = (50 - g.grid.FirstQuarter) * g.grid.QuarterWidth + 5;
-        EXPECT_EQ(test::ColourAt(Find<QWidget>(*editor, "Picture1"), noon, g.grid.RowHeight + 110),
-                  QBColor(5));
+        const tvx::Grid& grid = Grid().Geometry();
+        const int noon = (50 - grid.FirstQuarter) * grid.QuarterWidth + 5;
+        EXPECT_EQ(test::ColourAt(Grid(), noon, grid.RowHeight + 110), QBColor(5));
     });
 }
 

@@ -12,7 +12,7 @@ TimeGrid::TimeGrid(const LaneView& view, QWidget* parent) : PictureBox(parent), 
 }
 
 QRect TimeGrid::RowRect(int row) const {
-    const Grid& grid = view_.Rows().Geometry();
+    const Grid& grid = Geometry();
     const Twips top = view_.Rows().TopOf(row);
     return SharpRect({0, top, grid.GridWidth, top + grid.RowHeight}, *this).toAlignedRect();
 }
@@ -25,7 +25,7 @@ void TimeGrid::Paint(QPainter& painter, const QRegion& region) const {
     const QRect dirty = region.boundingRect();
     painter.fillRect(dirty, ToColor(QBColor(8)));
     Drawing drawing;
-    const Twips height = view_.Rows().Geometry().RowHeight;
+    const Twips height = Geometry().RowHeight;
     const int first = std::max(1, ToTwips(dirty.top()) / height + 1);
     const int last = std::min(RowCount(), ToTwips(dirty.bottom() + 1) / height + 1);
     for (int row = first; row <= last; ++row) {

@@ -23,6 +23,8 @@ class TimeGrid : public PictureBox, public Parted {
     /// Place of a row on the grid, logical pixels.
     QRect RowRect(int row) const;
     int RowCount() const { return view_.Rows().Count(); }
+    /// How the editor's grid stands and is scrolled.
+    const Grid& Geometry() const { return view_.Rows().Geometry(); }
 
     Roles PartRoles() const override { return {QAccessible::Table, QAccessible::Row}; }
     int PartCount() const override { return RowCount(); }
