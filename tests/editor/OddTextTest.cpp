@@ -101,12 +101,12 @@ TEST_F(OddTextTest, of_people_is_listed_in_every_order) {
         ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
         EXPECT_EQ(g.roster.EmployeeCount, static_cast<int>(OddTexts().size())) << order;
     }
-    // By their characters' codes, letters without case: blanks, quotes, percent, digits, brackets, letters.
+    // As Unicode orders them: blanks, underscores, quotes, brackets, pictures, digits, letters.
     g.department.EditorOrder = 1;
     ASSERT_EQ(BuildRoster(g), RosterResult::Ready);
     Rows shown;
-    for (int e = 1; e <= 6; ++e) shown.push_back(Left(g.roster.RosterName1[e], 7));
-    EXPECT_EQ(shown, (Rows{"  blank", "\"Bob\"", "'; DROP", "100% %s", "[Last n", "_%_"}));
+    for (int e = 1; e <= 7; ++e) shown.push_back(Left(g.roster.RosterName1[e], 7));
+    EXPECT_EQ(shown, (Rows{"  blank", "_%_", "'; DROP", "\"Bob\"", "[Last n", "🍞 baker", "100% %s"}));
 }
 
 TEST_F(OddTextTest, of_IDs_is_shared_by_the_same_bytes_after_the_trim) {
