@@ -69,6 +69,14 @@ void TextBox::SetFocusColours(Colour focused, Colour resting) {
     ShowGround(hasFocus());
 }
 
+void TextBox::Mark(const std::string& why) {
+    QPalette colours = palette();
+    colours.setColor(QPalette::Text, ToColor(why.empty() ? WindowText : QBColor(4)));
+    setPalette(colours);
+    setAccessibleDescription(ToQString(why));
+    setToolTip(ToQString(why));
+}
+
 void TextBox::ShowGround(bool focused) {
     const std::optional<Colour>& ground = focused ? focused_ : resting_;
     if (!ground) return;

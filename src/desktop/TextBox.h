@@ -49,6 +49,9 @@ class TextBox : public QLineEdit {
 
     /// How many characters can be entered; text that the program sets may be longer. 0 is no limit.
     void SetTypingLimit(int characters) { typingLimit_ = characters; }
+    /// Marks the text, in a colour and to assistive tools, as one that `why` tells of; "" takes the mark
+    /// away.
+    void Mark(const std::string& why);
     /// Ground with and without the focus.
     void SetFocusColours(Colour focused, Colour resting);
     void SetText(const std::string& text);

@@ -123,7 +123,10 @@ void EmployeeSearchForm::Select(int row) {
 }
 
 void EmployeeSearchForm::Search() {
-    Select(FirstMatch(rows_, Text1->Text()));
+    const int row = FirstMatch(rows_, Text1->Text());
+    Select(row);
+    const bool missing = row < 0 && !rows_.empty();
+    Text1->Mark(missing ? "No last name begins with this." : "");
 }
 
 void EmployeeSearchForm::Pick() {

@@ -74,6 +74,25 @@ TEST_F(EmployeeSearchFormTest, follows_what_is_typed) {
     EXPECT_EQ(Selected(), "Carter");
 }
 
+TEST_F(EmployeeSearchFormTest, marks_a_text_that_no_row_begins_with) {
+    AddUsual();
+    Open();
+    auto& box = Find<qt::TextBox>(*form, "Text1");
+    const auto colour = [&] { return box.palette().color(QPalette::Text); };
+    const QColor plain = colour();
+    Search("c");
+    EXPECT_EQ(colour(), plain);
+    Search("zz");
+    EXPECT_NE(colour(), plain);
+    EXPECT_EQ(box.accessibleDescription(), "No last name begins with this.");
+    test::TakePicture(*form, "Form5-missing");
+    test::Press(*form, Qt::Key_Backspace);
+    EXPECT_NE(colour(), plain);
+    test::Press(*form, Qt::Key_Backspace);
+    EXPECT_EQ(colour(), plain);
+    EXPECT_EQ(box.accessibleDescription(), "");
+}
+
 TEST_F(EmployeeSearchFormTest, arrows_in_the_box_move_the_selection) {
     AddUsual();
     Open();
