@@ -1,6 +1,7 @@
 #include "desktop/QtPorts.h"
 
 #include "desktop/HelpWindow.h"
+#include "desktop/LightPalette.h"
 #include "desktop/PlainTips.h"
 #include "desktop/Scale.h"
 #include "platform/basic/Text.h"
@@ -418,6 +419,7 @@ void QtHelp::OpenBeside(QWidget* form) {
 
 void SetUpLook() {
     QApplication::setStyle(QStringLiteral("Fusion"));
+    KeepLightPalette();
     QFont font;
     font.setFamilies(
         {QStringLiteral("Liberation Sans"), QStringLiteral("Arial"), QStringLiteral("Helvetica")});
