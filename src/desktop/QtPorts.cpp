@@ -59,6 +59,17 @@ class InsistentBox : public QMessageBox {
     }
 };
 
+/// The answer of a box that changes nothing has the focus, and is that of Escape. False where there is none.
+bool PreferToChangeNothing(QMessageBox& window) {
+    for (const auto answer : {QMessageBox::Cancel, QMessageBox::No})
+        if (QAbstractButton* button = window.button(answer)) {
+            window.setDefaultButton(answer);
+            window.setEscapeButton(button);
+            return true;
+        }
+    return false;
+}
+
 /// Widens a box whose title is longer than its text: the title says half of it.
 void MakeRoomForTitle(QMessageBox& message) {
     constexpr Twips FrameButtons = 1800;
@@ -220,7 +231,9 @@ Answer QtPrompt::Show(const Message& message) {
     if (StandsAlone(window.parentWidget())) window.setWindowFlag(Qt::WindowStaysOnTopHint);
     for (QAbstractButton* button : window.buttons()) button->setIcon({}); // as on every other form
     MakeRoomForTitle(window);
-    window.insists = buttons == box::YesNo || buttons == box::AbortRetryIgnore;
+    const bool stops = IconOf(message.style) == QMessageBox::Critical;
+    if (!stops || !PreferToChangeNothing(window))
+        window.insists = buttons == box::YesNo || buttons == box::AbortRetryIgnore;
     return AnswerOf(window.exec());
 }
 
