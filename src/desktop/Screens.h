@@ -13,7 +13,7 @@ namespace tvx::qt {
 class Form;
 
 /// A request is a struct of the logic room whose screen it opens, and names its answer:
-///     struct DaytypesRequest { using Answer = DaytypesAnswer; ... };
+///     struct SearchRequest { using Answer = SearchAnswer; ... };
 /// The screen that opens includes that, and knows nothing of the one that is opened.
 class Screens {
   public:

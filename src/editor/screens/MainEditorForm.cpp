@@ -182,7 +182,7 @@ void MainEditorForm::PickDaytype() {
 void MainEditorForm::PickShift() {
     lanes_.MakeCurrent(lanes_.At(g_.cursor.LastFocusRow));
     const ShiftsRequest request{ListRequest::Drop, g_.cursor.CurrentEmployee, g_.cursor.CurrentDay};
-    const ShiftsAnswer answer = screens_.Open(request, *this);
+    const ListAnswer answer = screens_.Open(request, *this);
     if (answer.SelectedDayType > 0) PasteStoredShift(answer.SelectedDayType);
 }
 

@@ -12,7 +12,7 @@ class DaytypesForm : public ListForm {
   public:
     DaytypesForm(GlobalState& g, Ports& ports, const DaytypesRequest& request, Form* owner);
 
-    DaytypesAnswer Answer() const { return {picked_}; }
+    ListAnswer Answer() const { return {picked_}; }
 
   protected:
     bool Opened() override;

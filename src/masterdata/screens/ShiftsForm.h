@@ -12,7 +12,7 @@ class ShiftsForm : public ListForm {
   public:
     ShiftsForm(GlobalState& g, Ports& ports, const ShiftsRequest& request, Form* owner);
 
-    ShiftsAnswer Answer() const { return {picked_}; }
+    ListAnswer Answer() const { return {picked_}; }
 
   protected:
     bool Opened() override;
