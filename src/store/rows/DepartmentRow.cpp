@@ -106,12 +106,8 @@ std::optional<DepartmentRow> FindDepartmentRow(dao::Database& database, int numb
 }
 
 int AddDepartmentRow(dao::Database& database, const DepartmentRow& row) {
-    dao::Recordset set = database.OpenRecordset(Table);
-    set.AddNew();
-    rows::Record<SettingFields>(set).Write(row);
-    set.Update();
-    set.MoveLast();
-    return rows::Record<AllFields>(set).Read().number;
+    dao::Recordset added = rows::Add<SettingFields>(database, Table, row);
+    return rows::Record<AllFields>(added).Read().number;
 }
 
 void ChangeDepartmentRow(dao::Database& database, const DepartmentRow& row) {

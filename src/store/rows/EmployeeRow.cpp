@@ -167,12 +167,8 @@ std::int64_t CountEmployees(const dao::Database& database) {
 }
 
 int AddEmployeeRow(dao::Database& database, const EmployeeRow& row) {
-    dao::Recordset set = database.OpenRecordset(Table);
-    set.AddNew();
-    rows::Record<NewFields>(set).Write(row);
-    set.Update();
-    set.MoveLast();
-    return rows::Record<AllFields>(set).Read().key;
+    dao::Recordset added = rows::Add<NewFields>(database, Table, row);
+    return rows::Record<AllFields>(added).Read().key;
 }
 
 void ChangeEmployeeRow(dao::Database& database, const EmployeeRow& row) {

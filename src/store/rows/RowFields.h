@@ -120,6 +120,17 @@ std::optional<typename Fields::Row> Found(dao::Recordset& set) {
     return Record<Fields>(set).Read();
 }
 
+/// Adds a record with the fields of a list, and stands on it.
+template <typename Fields>
+dao::Recordset Add(dao::Database& database, const char* table, const typename Fields::Row& row) {
+    dao::Recordset set = database.OpenRecordset(table);
+    set.AddNew();
+    Record<Fields>(set).Write(row);
+    set.Update();
+    set.MoveLast();
+    return set;
+}
+
 /// Deletes every row of a table whose field holds a number, by one statement.
 inline void DeleteWhere(dao::Database& database, const std::string& table, const std::string& field,
                         std::int64_t number) {
