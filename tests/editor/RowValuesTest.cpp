@@ -34,25 +34,23 @@ constexpr ValueColours WhiteOnRed{QBColor(15), QBColor(12)};
 // --- the options ------------------------------------------------------------------------------------------
 
 TEST(ShowOptions, have_their_captions_and_tooltips) {
-    const std::pair<const char*, const char*> expected[] = {
-        {"", ""},
-        {"Day time", "Show Day time"},
-        {"Day wages", "Show Day wages"},
-        {"Week time", "Show Week time"},
-        {"Week wages", "Show Week wages"},
-        {" ID", "Show Id for employees"},
-        {"Assignment", "Show assignments"},
-        {"D/W time", "Show Day and Week time"},
-        {"D/W wages", "Show Day and Week wages"},
-        {"Days sched.", "Indicate on which days work is scheduled "},
-        {"Labor type", "Shows Labor type set in the Employee screen"},
-        {"Department", "Indicate on which days work is scheduled "},
-        {"Hire date", "Shows Month and Day of Hire"},
-    };
-    for (std::size_t i = 0; i < ShowOptions().size(); ++i) {
-        EXPECT_STREQ(ShowOptions()[i].caption, expected[i].first);
-        EXPECT_STREQ(ShowOptions()[i].tooltip, expected[i].second);
-    }
+    std::string told;
+    for (const ShowOptionText& option : ShowOptions())
+        told += std::string("'") + option.caption + "' '" + option.tooltip + "'\n";
+    EXPECT_EQ(told, R"('' ''
+'Day time' 'Show Day time'
+'Day wages' 'Show Day wages'
+'Week time' 'Show Week time'
+'Week wages' 'Show Week wages'
+' ID' 'Show Id for employees'
+'Assignment' 'Show assignments'
+'D/W time' 'Show Day and Week time'
+'D/W wages' 'Show Day and Week wages'
+'Days sched.' 'Indicate on which days work is scheduled '
+'Labor type' 'Shows Labor type set in the Employee screen'
+'Department' 'Indicate on which days work is scheduled '
+'Hire date' 'Shows Month and Day of Hire'
+)");
 }
 
 TEST_F(RowValuesTest, options_of_money_cannot_be_chosen_while_pay_is_hidden) {

@@ -203,32 +203,17 @@ TEST_F(EmployeeRecordTest, every_field_is_stored_and_comes_back) {
     ASSERT_EQ(Add(record), SaveResult::Saved);
     record.key = 3;
     EXPECT_EQ(Load(3), record);
-    EXPECT_EQ(RowsOf(store.db(), "Employee",
-                     {"Last name",
-                      "First name",
-                      "ID",
-                      "Assignment",
-                      "Pay",
-                      "Wage or Sal",
-                      "Active",
-                      "Street",
-                      "City",
-                      "State",
-                      "Zip",
-                      "Hire Date",
-                      "Birth date",
-                      "Phone",
-                      "Emergency phone",
-                      "Page/Cell phone",
-                      "Soc Sec number",
-                      "Dep number",
-                      "Labor type",
-                      "EbarColor",
-                      "Email"})
-                  .back(),
-              "Anderson-Lindqvist|Elisabeth|A1-007|Cashier|1234.50|0|0|12345 Upper Riverside Avenue W|"
-              "Llanfairpwllgwyngyll|OHX|44101-1234|35856|26358|+1 440 555 0101|+1 440 555 0161|"
-              "+1 440 555 0171|000-00-0101|1|4|14|elisabeth.anderson-lindqvist@example.com");
+    const auto stored = [this](std::initializer_list<const char*> fields) {
+        return RowsOf(store.db(), "Employee", fields).back();
+    };
+    EXPECT_EQ(stored({"Last name", "First name", "ID", "Assignment", "Pay", "Wage or Sal", "Active"}),
+              "Anderson-Lindqvist|Elisabeth|A1-007|Cashier|1234.50|0|0");
+    EXPECT_EQ(stored({"Street", "City", "State", "Zip"}),
+              "12345 Upper Riverside Avenue W|Llanfairpwllgwyngyll|OHX|44101-1234");
+    EXPECT_EQ(stored({"Hire Date", "Birth date", "Phone", "Emergency phone", "Page/Cell phone"}),
+              "35856|26358|+1 440 555 0101|+1 440 555 0161|+1 440 555 0171");
+    EXPECT_EQ(stored({"Soc Sec number", "Dep number", "Labor type", "EbarColor", "Email"}),
+              "000-00-0101|1|4|14|elisabeth.anderson-lindqvist@example.com");
 }
 
 TEST_F(EmployeeRecordTest, empty_boxes_are_stored_as_blank_null_or_zero) {
