@@ -139,9 +139,12 @@ bool TextBox::HandleCommandKey(QKeyEvent& event) {
 
 void TextBox::Type(QKeyEvent& event) {
     const auto typed = event.text().toUcs4();
-    const bool command = (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0;
-    if (command || typed.isEmpty() || IsControl(static_cast<char32_t>(typed[0])))
+    // Some keyboards write their third characters with Ctrl and Alt together.
+    const bool control = (event.modifiers() & Qt::ControlModifier) != 0;
+    const bool alt = (event.modifiers() & Qt::AltModifier) != 0;
+    if ((control && !alt) || typed.isEmpty() || IsControl(static_cast<char32_t>(typed[0])))
         return QLineEdit::keyPressEvent(&event);
+    if (alt && !control) return event.ignore(); // a letter of the menus, or of nothing
     event.accept();
     if (!MayChange()) return;
     if (typed.size() == 1)

@@ -56,6 +56,14 @@ class TextBoxTest : public testing::Test {
     void Key(const QKeySequence& keys) { QTest::keySequence(&box, keys); }
 };
 
+TEST_F(TextBoxTest, takes_no_letter_that_comes_with_Alt) {
+    TakeDigitsAndLetters();
+    QTest::keyClick(&box, 'w', Qt::AltModifier);
+    EXPECT_EQ(box.text(), "");
+    QTest::keyClick(&box, 'q', Qt::ControlModifier | Qt::AltModifier);
+    EXPECT_EQ(box.text(), "Q") << "as some keyboards write";
+}
+
 /// Every way in which text comes into a box at once.
 using Way = void (*)(QWidget&, const std::string&);
 const std::vector<std::pair<std::string, Way>> Ways{
