@@ -53,7 +53,7 @@ class AccessiblePart : public QAccessibleInterface, public QAccessibleActionInte
     QStringList keyBindingsForAction(const QString&) const override { return {}; }
 
   private:
-    Parted& Whole() const { return *dynamic_cast<Parted*>(widget_.data()); }
+    Parted& Whole() const { return dynamic_cast<Parted&>(*widget_); }
 
     QPointer<QWidget> widget_;
     int index_;

@@ -168,6 +168,7 @@ void EmployeeForm::BuildKinds(QVBoxLayout& column) {
 void EmployeeForm::BuildKind(Options<int>& options, const char* name, int first,
                              const std::vector<std::array<const char*, 2>>& kinds, Frame& frame) {
     std::vector<std::string> captions;
+    captions.reserve(kinds.size());
     for (const auto& kind : kinds) captions.push_back(kind[0]);
     AddOptions(options, name, first, captions, frame, static_cast<int>(captions.size()) / 2);
     for (const auto& [index, option] : options) {

@@ -20,9 +20,7 @@ namespace fs = std::filesystem;
 namespace tvx::dao {
 namespace {
 
-using std::string_view_literals::operator""sv;
-
-constexpr auto Magic = "\xd9\xd5\x05\xf9\x20\xa1\x63\xd7"sv;
+constexpr std::string_view Magic("\xd9\xd5\x05\xf9\x20\xa1\x63\xd7", 8);
 constexpr std::int64_t HeadLength = 28;
 constexpr std::int64_t CountOffset = 24; // in the first page
 constexpr std::int64_t LeastPage = 512;

@@ -10,7 +10,7 @@
 namespace tvx {
 
 /// A hundred times the largest that the program writes; a side file that holds more is a damaged one.
-constexpr std::size_t MostBytesOfSideFile = 1024 * 1024;
+constexpr std::size_t MostBytesOfSideFile = std::size_t{1024} * 1024;
 
 /// Reads values one after another, parted by commas or line ends, so that one value a line and comma lists
 /// read alike. The file is read whole when it is opened.

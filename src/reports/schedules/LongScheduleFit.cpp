@@ -82,7 +82,7 @@ class LongScheduleFit {
         fit_.Needs({label, X(labelEdge)});
         if (!page_.NotesCutoff()) return;
         for (const std::string& line : RosterNote(page_))
-            fit_.Needs({line + "  " + label, X(labelEdge - LeftEdge)});
+            fit_.Needs({std::string(line).append("  ").append(label), X(labelEdge - LeftEdge)});
     }
 
     const SchedulePage& page_;
