@@ -165,9 +165,11 @@ class FirstLook(Act):
     def help(self):
         self.editor.choose("Hints/Help", "Entering time")
         topic = self.station.page("Tarvex help")
-        until(lambda: "All times snap to quarters of an hour." in topic.window.text, "the topic")
+        page = until(lambda: next((thing for thing in topic.window.everything() if thing.name == "Help topic"), None),
+                     "the page of the topic")
+        until(lambda: "All times snap to quarters of an hour." in page.text, "the topic")
         self.picture("help")
-        topic.leave("alt+F4")
+        topic.leave("Escape")
         self.station.editor()
 
     @chapter("a click in the header shows each day of the week")

@@ -49,7 +49,7 @@ class Looks(Act):
             left, top, width, height = window.place
             found = []
             for thing in window.everything():
-                if thing.role in ("push button", "label", "text", "check box", "table row") and thing.shows:
+                if thing.role in ("push button", "label", "text", "check box", "radio button", "table row") and thing.shows:
                     x, y, wide, high = thing.place
                     if x < left or y < top or x + wide > left + width or y + high > top + height:
                         found.append((thing.role, thing.name, thing.place))

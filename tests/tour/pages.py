@@ -21,7 +21,9 @@ class Page:
         return self.window.name
 
     def button(self, name):
-        return self.window.await_("push button", name)
+        """The one of that name, whether it stays pressed or not."""
+        return until(lambda: self.window.find("push button", name) or self.window.find("check box", name),
+                     f"the button {name!r}")
 
     def click(self, thing):
         self.hands.click(thing.middle)
@@ -131,8 +133,8 @@ class Editor(Menus):
     def __init__(self, station, window):
         super().__init__(station, window)
         self.grid = window.await_("table", "Time bars")
-        self.header = window.await_("filler", "Days of the week")
-        self.options = window.all("check box")
+        self.header = window.await_("page tab list", "Days of the week")
+        self.options = window.all("radio button")
         self._index_rows()
         # The sums stand below the grid; the value column has a heading of the same name above it.
         self.totals = {name: window.all("label", name)[-1]
