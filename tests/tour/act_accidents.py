@@ -77,7 +77,8 @@ class Accidents(Act):
         (station.folder / READY_MADE).unlink()
         station.process = station.launch()
         box = station.box("Tvx.mdb is missing...")
-        until_equal(lambda: box.message, "Missing database file...", "the message")
+        until_equal(lambda: box.message, f"Missing database file...\nThe file is {DATABASE}\nin the folder {station.folder}",
+                    "the message")
         self.picture("missing-database", station)
         box.press("OK")
         assert station.await_end() == 0

@@ -91,8 +91,9 @@ bool IsInstalled(const fs::path& folder) {
 }
 
 fs::path ShippedFolder(const fs::path& programsOwn) {
-    if (FindFile(programsOwn, "TVX.JAN")) return programsOwn;
-    return (programsOwn / "../share/tarvex").lexically_normal();
+    const fs::path shared = (programsOwn / "../share/tarvex").lexically_normal();
+    const bool installed = FindFile(shared, "TVX.JAN") && !FindFile(programsOwn, "TVX.JAN");
+    return installed ? shared : programsOwn;
 }
 
 fs::path ProgramFolder(const fs::path& programsOwn, const fs::path& usersFolder,

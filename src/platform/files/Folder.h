@@ -38,8 +38,8 @@ std::filesystem::path ProgramFolder(const std::filesystem::path& programsOwn,
 /// True for a folder below /usr or /opt, where programs are installed for everybody.
 bool IsInstalled(const std::filesystem::path& folder);
 
-/// The folder of what comes with the program: the program's own when the ready-made database lies in it, else
-/// the shared data folder of the place where the program is installed, whether it is there or not.
+/// The folder of what comes with the program: the shared data folder of the place where the program is
+/// installed when the ready-made database lies there alone, else the program's own.
 std::filesystem::path ShippedFolder(const std::filesystem::path& programsOwn);
 
 /// True when a new file can be made in the folder. Leaves nothing behind.

@@ -249,6 +249,9 @@ TEST_F(ProgramFolderTest, gets_later_what_was_missing_at_first) {
 TEST(ShippedFolder, is_the_programs_own_or_the_shared_one_of_its_installation) {
     const test::TempFolder folder;
     fs::create_directories(folder / "usr/bin");
+    fs::create_directories(folder / "usr/share/tarvex");
+    EXPECT_EQ(ShippedFolder(folder / "usr/bin"), folder / "usr/bin") << "the data stays where it was";
+    test::WriteFile(folder / "usr/share/tarvex/TVX.JAN", "ready-made");
     EXPECT_EQ(ShippedFolder(folder / "usr/bin"), folder / "usr/share/tarvex");
     test::WriteFile(folder / "usr/bin/tvx.jan", "ready-made");
     EXPECT_EQ(ShippedFolder(folder / "usr/bin"), folder / "usr/bin");
