@@ -1,5 +1,7 @@
 #include "platform/basic/Collation.h"
 
+#include <algorithm>
+#include <cstddef>
 #include <memory>
 #include <stdexcept>
 #include <unicode/ucol.h>
@@ -17,9 +19,27 @@ Collator RootCollator() {
     return collator;
 }
 
+/// Letters A to Z, digits and blanks, of which most names are made: these stand in the order of their
+/// capitals.
+bool IsPlain(char c) {
+    return c == ' ' || (c >= '0' && c <= '9') || (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+bool IsPlain(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return IsPlain(c); });
+}
+
+int ComparePlain(std::string_view a, std::string_view b) {
+    const auto capital = [](char c) { return c >= 'a' ? c - 32 : c + 0; };
+    const std::size_t both = std::min(a.size(), b.size());
+    for (std::size_t i = 0; i < both; ++i)
+        if (const int difference = capital(a[i]) - capital(b[i]); difference != 0) return difference;
+    return (a.size() > b.size()) - (a.size() < b.size());
+}
+
 } // namespace
 
 int CompareNames(std::string_view a, std::string_view b) {
+    if (IsPlain(a) && IsPlain(b)) return ComparePlain(a, b);
     static const Collator collator = RootCollator();
     UErrorCode trouble = U_ZERO_ERROR;
     return ucol_strcollUTF8(collator.get(), a.data(), static_cast<int>(a.size()), b.data(),

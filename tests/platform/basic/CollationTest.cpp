@@ -26,6 +26,24 @@ TEST(CompareNames, tells_accents_apart_and_cases_not) {
     EXPECT_FALSE(IsSameName("Eva", "Eva "));
 }
 
+TEST(CompareNames, orders_plain_names_as_all_others) {
+    test::Random random;
+    SCOPED_TRACE(random.Trace());
+    constexpr std::string_view letters = " 09AaBbZz";
+    const auto text = [&] {
+        std::string made;
+        for (auto n = random.Whole(0, 4); n > 0; --n)
+            made += letters[static_cast<std::size_t>(random.Whole(0, std::ssize(letters) - 1))];
+        return made;
+    };
+    for (int round = 0; round < 20000; ++round) {
+        const std::string a = text(), b = text();
+        const int plain = CompareNames(a, b), other = CompareNames("é" + a, "é" + b);
+        ASSERT_EQ(plain < 0, other < 0) << '"' << a << "\", \"" << b << '"';
+        ASSERT_EQ(plain == 0, other == 0) << '"' << a << "\", \"" << b << '"';
+    }
+}
+
 TEST(CompareNames, orders_any_bytes) {
     test::Random random;
     SCOPED_TRACE(random.Trace());
